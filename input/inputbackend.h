@@ -1,0 +1,105 @@
+#pragma once
+
+// The seam between InputDevice and the operating system's game-controller API.
+// Plain C++ on purpose: the DirectInput backend is compiled with mingw-w64 where
+// no Qt exists, and the evdev backend runs inside a bare test VM.
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tavrix {
+
+// Axis slots in the program's own order; presets and saved profiles depend on it.
+enum AxisSlot : int { SlotX = 0, SlotRx, SlotRy, SlotRz, SlotY, SlotZ, SlotSlider0, SlotSlider1, AxisSlotCount };
+
+inline constexpr int kRawButtonCount = 128;
+inline constexpr int kRawPovCount = 4;
+inline constexpr int32_t kRawAxisMax = 65535;
+inline constexpr int32_t kRawAxisCentre = 32767;
+inline constexpr uint32_t kRawPovCentred = 0xFFFFFFFFu;
+
+// One poll's worth of device state in the fixed layout every backend fills:
+// axes 0..65535 by slot, buttons with bit 7 = down, POVs in hundredths of a degree
+// with a low word of 0xFFFF meaning centred.
+struct RawInputState
+{
+    std::array<int32_t, AxisSlotCount> axes{};
+    std::array<uint8_t, kRawButtonCount> buttons{};
+    std::array<uint32_t, kRawPovCount> povs{};
+
+    RawInputState()
+    {
+        axes.fill(kRawAxisCentre);
+        povs.fill(kRawPovCentred);
+    }
+};
+
+// A 16-byte identity, printed as a braced GUID "{xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx}".
+using DeviceGuid = std::array<uint8_t, 16>;
+
+// One entry of an enumeration, in the order the backend found the devices.
+struct DeviceListEntry
+{
+    std::string instanceName;
+    std::string productName;
+    DeviceGuid instanceGuid{};
+    DeviceGuid productGuid{};
+    uint32_t axisCount = 0;
+    uint32_t buttonCount = 0;
+    uint32_t povCount = 0;
+    bool hasForceFeedback = false;
+};
+
+// A device the backend could see but not use, with a message a person can act on
+// (for example a missing permission and the udev rule that grants it).
+struct DeviceProblem
+{
+    std::string path;
+    std::string message;
+};
+
+struct Enumeration
+{
+    std::vector<DeviceListEntry> devices;
+    std::vector<DeviceProblem> problems;
+};
+
+enum class PollResult { Ok, Lost };
+
+// An opened device. Force-feedback operations default to "not supported" so a
+// backend or device without it needs no code; the force-feedback work fills them in.
+class BackendDevice
+{
+public:
+    virtual ~BackendDevice() = default;
+
+    virtual const DeviceListEntry &info() const = 0;
+    // Reads the current state; Lost when the device is gone or cannot be re-acquired.
+    virtual PollResult poll(RawInputState &state) = 0;
+    // True when the device was acquired exclusively (DirectInput exclusive level, EVIOCGRAB).
+    virtual bool isExclusive() const { return false; }
+
+    // Force feedback. Levels are -1..+1 (constant force) and 0..1 (spring, gain).
+    virtual bool setAutocenter(double /*strength*/) { return false; }
+    virtual bool setGain(double /*gain*/) { return false; }
+    virtual bool playConstantForce(double /*level*/) { return false; }
+    virtual bool playSpring(double /*coefficient*/) { return false; }
+    virtual void stopEffects() {}
+    virtual std::string lastEffectError() const { return {}; }
+};
+
+// Enumerates and opens game controllers of one platform API.
+class InputBackend
+{
+public:
+    virtual ~InputBackend() = default;
+
+    virtual Enumeration enumerate() = 0;
+    // Opens the entry at that position of a fresh enumeration; nullptr when out of range or refused.
+    virtual std::unique_ptr<BackendDevice> open(int index, std::string *error = nullptr) = 0;
+};
+
+} // namespace tavrix
