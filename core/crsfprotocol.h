@@ -124,7 +124,8 @@ public:
     // Merges the readings of one frame into the catalogue; receiverGeneration is 0
     // when unknown, otherwise the receiver's generation (see the battery rule).
     [[nodiscard]] static TelemetryCatalogue updateCatalogue(TelemetryCatalogue catalogue, uint8_t frameType,
-                                                            const QByteArray &payload, int receiverGeneration);
+                                                            const QByteArray &payload,
+                                                            int receiverGeneration);
 
     // --- parser ---
     void feed(const QByteArray &bytes);

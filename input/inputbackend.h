@@ -13,7 +13,18 @@
 namespace tavrix {
 
 // Axis slots in the program's own order; presets and saved profiles depend on it.
-enum AxisSlot : int { SlotX = 0, SlotRx, SlotRy, SlotRz, SlotY, SlotZ, SlotSlider0, SlotSlider1, AxisSlotCount };
+enum AxisSlot : int
+{
+    SlotX = 0,
+    SlotRx,
+    SlotRy,
+    SlotRz,
+    SlotY,
+    SlotZ,
+    SlotSlider0,
+    SlotSlider1,
+    AxisSlotCount
+};
 
 inline constexpr int kRawButtonCount = 128;
 inline constexpr int kRawPovCount = 4;
@@ -67,7 +78,11 @@ struct Enumeration
     std::vector<DeviceProblem> problems;
 };
 
-enum class PollResult { Ok, Lost };
+enum class PollResult
+{
+    Ok,
+    Lost
+};
 
 // An opened device. Force-feedback operations default to "not supported" so a
 // backend or device without it needs no code; the force-feedback work fills them in.

@@ -14,8 +14,7 @@ namespace tavrix {
 
 PseudoTerminal::PseudoTerminal(QObject *parent)
     : QObject(parent)
-{
-}
+{}
 
 PseudoTerminal::~PseudoTerminal()
 {
@@ -52,8 +51,8 @@ bool PseudoTerminal::open(const QString &linkPath)
         // longer than the unplug itself.
         const QString tmp = m_linkPath + QStringLiteral(".new");
         QFile::remove(tmp);
-        if (::symlink(name, QFile::encodeName(tmp).constData()) != 0
-            || ::rename(QFile::encodeName(tmp).constData(), QFile::encodeName(m_linkPath).constData()) != 0) {
+        if (::symlink(name, QFile::encodeName(tmp).constData()) != 0 ||
+            ::rename(QFile::encodeName(tmp).constData(), QFile::encodeName(m_linkPath).constData()) != 0) {
             m_error = QStringLiteral("cannot create link %1: %2")
                           .arg(m_linkPath, QString::fromLocal8Bit(std::strerror(errno)));
             closeFds();
