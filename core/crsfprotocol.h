@@ -71,6 +71,9 @@ using TelemetryCatalogue = QList<TelemetrySensor>;
 // CRSF frame types and addresses this program makes or reads.
 namespace crsf {
 inline constexpr uint8_t kSyncByte = 0xC8;
+// Other sync/address bytes the parser accepts at the start of a frame.
+inline constexpr uint8_t kAddressRadioTransmitter = 0xEA;
+inline constexpr uint8_t kAddressTransmitterModule = 0xEE;
 inline constexpr uint8_t kTypeGps = 0x02;
 inline constexpr uint8_t kTypeBattery = 0x08;
 inline constexpr uint8_t kTypeLinkStatistics = 0x14;
@@ -85,6 +88,16 @@ inline constexpr uint8_t kTypeParameterWrite = 0x2D;
 inline constexpr uint8_t kTypeCommand = 0x2E;
 inline constexpr uint8_t kTypeWrappedRecord = 0x50;
 inline constexpr int kChannelFrameSize = 26;
+inline constexpr int kChannelCount = 16;
+inline constexpr int kChannelMax = 2047;
+// The longest frame on the wire: sync, length 255, then 255 bytes.
+inline constexpr int kMaxFrameSize = 257;
+
+// Receiver generation passed to the telemetry catalogue: it decides how a 0x08 frame is read.
+inline constexpr int kReceiverGenerationUnknown = 0;
+inline constexpr int kReceiverGenerationClassic = 1;
+// Firmware major version 4 and later; any value at or above this counts as the newer kind.
+inline constexpr int kReceiverGenerationNewer = 2;
 } // namespace crsf
 
 // The only place where CRSF bytes are made or taken apart: builders for outbound
@@ -96,6 +109,8 @@ public:
     explicit CrsfProtocol(QObject *parent = nullptr);
 
     // --- builders (pure) ---
+    // Channel values outside 0..2047 are clamped. The frame builders return an empty
+    // array when the payload cannot fit behind one length byte.
     [[nodiscard]] static QByteArray buildRcChannelsFrame(const ChannelValues &channels);
     [[nodiscard]] static QByteArray buildExtendedFrame(uint8_t type, uint8_t destination, uint8_t origin,
                                                        const QByteArray &payload);
@@ -141,6 +156,9 @@ signals:
     void extendedFrameReceived(uint8_t type, uint8_t dest, uint8_t origin, const QByteArray &payload);
 
 private:
+    // Emits the signals of one good frame in their fixed order.
+    void announce(uint8_t type, const QByteArray &payload);
+
     QByteArray m_buffer;
     QByteArray m_lastPayload;
     uint8_t m_lastFrameType = 0;
@@ -152,3 +170,4 @@ private:
 Q_DECLARE_METATYPE(tavrix::LinkStatistics)
 Q_DECLARE_METATYPE(tavrix::BatterySensor)
 Q_DECLARE_METATYPE(tavrix::GpsFix)
+Q_DECLARE_METATYPE(tavrix::VehicleRecord)

@@ -1,0 +1,938 @@
+#include "crsfprotocol.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace tavrix;
+
+namespace {
+
+using Frame = QPair<uint8_t, QByteArray>;
+
+QByteArray hex(const char *text)
+{
+    return QByteArray::fromHex(QByteArray(text));
+}
+
+// Reference CRC-8/DVB-S2, one bit at a time, written independently of the table.
+uint8_t bitwiseCrc(const QByteArray &bytes)
+{
+    uint8_t crc = 0;
+    for (char c : bytes) {
+        crc ^= static_cast<uint8_t>(c);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc & 0x80) ? uint8_t((crc << 1) ^ 0xD5) : uint8_t(crc << 1);
+    }
+    return crc;
+}
+
+// A frame assembled by hand with the reference CRC, so parser tests do not trust the builders.
+QByteArray frameBytes(uint8_t type, const QByteArray &payload, uint8_t sync = 0xC8)
+{
+    QByteArray body;
+    body.append(char(type));
+    body.append(payload);
+    QByteArray frame;
+    frame.append(char(sync));
+    frame.append(char(body.size() + 1));
+    frame.append(body);
+    frame.append(char(bitwiseCrc(body)));
+    return frame;
+}
+
+// Reads 11-bit groups back one bit at a time: bit n of the stream is bit (n % 8) of byte (n / 8).
+ChannelValues unpackChannels(const QByteArray &payload)
+{
+    ChannelValues channels{};
+    for (int n = 0; n < 16 * 11; ++n) {
+        const int bit = (uint8_t(payload.at(n / 8)) >> (n % 8)) & 1;
+        channels[n / 11] |= bit << (n % 11);
+    }
+    return channels;
+}
+
+ChannelValues filled(int32_t value)
+{
+    ChannelValues channels;
+    channels.fill(value);
+    return channels;
+}
+
+ChannelValues withChannels(std::initializer_list<int32_t> first, int32_t rest = 0)
+{
+    ChannelValues channels = filled(rest);
+    std::copy(first.begin(), first.end(), channels.begin());
+    return channels;
+}
+
+// Enough filler to end any wait for a long frame. Not zeros: a sync byte followed by
+// zeros is itself a good frame, since zeros have a CRC of zero.
+QByteArray filler()
+{
+    return QByteArray(crsf::kMaxFrameSize, '\x55');
+}
+
+QByteArray randomBytes(QRandomGenerator &rng, int size)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    for (char &c : bytes)
+        c = char(rng.bounded(256));
+    return bytes;
+}
+
+// Collects every frame a parser reports.
+struct FrameRecorder
+{
+    explicit FrameRecorder(CrsfProtocol &parser)
+    {
+        QObject::connect(&parser, &CrsfProtocol::frameReceived, &context,
+                         [this](uint8_t type, const QByteArray &payload) {
+                             frames.append({type, payload});
+                         });
+    }
+    QObject context;
+    QList<Frame> frames;
+};
+
+QJsonArray loadVectors()
+{
+    QFile file(QStringLiteral(ORVANE_SHARED_DIR "/crsf/vectors.json"));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QJsonDocument::fromJson(file.readAll()).array();
+}
+
+QByteArray vectorFrame(const QString &name)
+{
+    for (const QJsonValue &entry : loadVectors()) {
+        if (entry[QLatin1String("name")].toString() == name)
+            return QByteArray::fromHex(entry[QLatin1String("hex")].toString().toLatin1());
+    }
+    return {};
+}
+
+// Payload of a stored frame, whatever its address byte.
+QByteArray vectorPayload(const QString &name)
+{
+    const QByteArray frame = vectorFrame(name);
+    return frame.size() < 4 ? QByteArray() : frame.mid(3, frame.size() - 4);
+}
+
+QStringList describe(const TelemetryCatalogue &catalogue)
+{
+    QStringList lines;
+    for (const TelemetrySensor &sensor : catalogue)
+        lines.append(sensor.key + QLatin1Char('=') + sensor.value);
+    return lines;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(tavrix::ChannelValues)
+
+class TestCrsfProtocol : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void packsChannelFrame_data();
+    void packsChannelFrame();
+    void packingRoundTripsRandomValues();
+    void tableCrcMatchesBitwiseCrc();
+    void buildsExtendedFrames_data();
+    void buildsExtendedFrames();
+    void refusesOversizePayloads();
+
+    void convertsRssi_data();
+    void convertsRssi();
+    void decodesLinkStatistics();
+    void decodesBattery_data();
+    void decodesBattery();
+    void decodesGpsValidity_data();
+    void decodesGpsValidity();
+    void decodesVehicleRecord();
+    void readsBigEndianAndAbsentMarks();
+
+    void parserFindsFrames_data();
+    void parserFindsFrames();
+    void parserResultDoesNotDependOnSplits_data();
+    void parserResultDoesNotDependOnSplits();
+    void parserFindsFramesBetweenRandomGarbage();
+    void parserWaitsForWholeFrame();
+    void parserBufferStaysBounded();
+    void emitsSignalsInOrder_data();
+    void emitsSignalsInOrder();
+    void shortBatteryStillEmitsZeroRecord();
+    void feedingFromSlotKeepsFramesInOrder();
+
+    void catalogueReadings_data();
+    void catalogueReadings();
+    void catalogueReplacesInPlaceByKey();
+
+    void independentVectorsParse_data();
+    void independentVectorsParse();
+    void independentRcPayloadsUnpackAndRepack_data();
+    void independentRcPayloadsUnpackAndRepack();
+    void independentTelemetryDecodes();
+    void independentExtendedFramesAnnounceAddresses();
+};
+
+// --- channel frame ---
+
+void TestCrsfProtocol::packsChannelFrame_data()
+{
+    QTest::addColumn<ChannelValues>("channels");
+    QTest::addColumn<QByteArray>("payload");
+
+    QTest::newRow("all centre: every group 0x3E0")
+        << filled(992) << hex("e0031ff8c0073ef0810f7ce0031ff8c0073ef0810f7c");
+    QTest::newRow("ch1 full, rest 0") << withChannels({2047}) << hex("ff07") + QByteArray(20, '\0');
+    QTest::newRow("ch2 full, rest 0") << withChannels({0, 2047}) << hex("00f83f") + QByteArray(19, '\0');
+    QTest::newRow("all zero") << filled(0) << QByteArray(22, '\0');
+    QTest::newRow("clamped -5 and 5000") << withChannels({-5, 5000}) << hex("00f83f") + QByteArray(19, '\0');
+    QTest::newRow("int extremes") << withChannels({std::numeric_limits<int32_t>::max()},
+                                                  std::numeric_limits<int32_t>::min())
+                                  << hex("ff07") + QByteArray(20, '\0');
+    ChannelValues last = filled(0);
+    last[15] = 2047;
+    QTest::newRow("ch16 full") << last << QByteArray(20, '\0') + hex("e0ff");
+    QTest::newRow("all full") << filled(2047) << QByteArray(22, '\xff');
+}
+
+void TestCrsfProtocol::packsChannelFrame()
+{
+    QFETCH(ChannelValues, channels);
+    QFETCH(QByteArray, payload);
+
+    const QByteArray frame = CrsfProtocol::buildRcChannelsFrame(channels);
+    QCOMPARE(frame.size(), 26);
+    QCOMPARE(frame.left(3), hex("c81816"));
+    QCOMPARE(frame.mid(3, 22).toHex(), payload.toHex());
+    QCOMPARE(uint8_t(frame.back()), bitwiseCrc(frame.mid(2, 23)));
+}
+
+void TestCrsfProtocol::packingRoundTripsRandomValues()
+{
+    QRandomGenerator rng(1234);
+    for (int round = 0; round < 2000; ++round) {
+        ChannelValues channels;
+        for (int32_t &value : channels)
+            value = rng.bounded(-3000, 5000);
+        const ChannelValues unpacked =
+            unpackChannels(CrsfProtocol::buildRcChannelsFrame(channels).mid(3, 22));
+        for (int i = 0; i < 16; ++i)
+            QCOMPARE(unpacked[i], std::clamp(channels[i], 0, 2047));
+    }
+}
+
+void TestCrsfProtocol::tableCrcMatchesBitwiseCrc()
+{
+    // The published check value of CRC-8/DVB-S2.
+    QCOMPARE(CrsfProtocol::crc8("123456789", 9), uint8_t(0xBC));
+    QCOMPARE(CrsfProtocol::crc8(nullptr, 0), uint8_t(0));
+    for (int byte = 0; byte < 256; ++byte) {
+        const QByteArray one(1, char(byte));
+        QCOMPARE(CrsfProtocol::crc8(one.constData(), 1), bitwiseCrc(one));
+    }
+    QRandomGenerator rng(99);
+    for (int round = 0; round < 3000; ++round) {
+        const QByteArray bytes = randomBytes(rng, rng.bounded(0, 300));
+        QCOMPARE(CrsfProtocol::crc8(bytes.constData(), bytes.size()), bitwiseCrc(bytes));
+    }
+}
+
+void TestCrsfProtocol::buildsExtendedFrames_data()
+{
+    QTest::addColumn<QByteArray>("frame");
+    QTest::addColumn<QByteArray>("expected");
+
+    QTest::newRow("ping") << CrsfProtocol::buildPingFrame(0xEE, 0xEA) << frameBytes(0x28, hex("eeea"));
+    QTest::newRow("read") << CrsfProtocol::buildParameterReadFrame(5, 1, 0xEE, 0xEA)
+                          << frameBytes(0x2C, hex("eeea0501"));
+    QTest::newRow("write") << CrsfProtocol::buildParameterWriteFrame(7, hex("0102"), 0xEC, 0xEA)
+                           << frameBytes(0x2D, hex("ecea070102"));
+    QTest::newRow("write, empty value")
+        << CrsfProtocol::buildParameterWriteFrame(7, {}, 0xEC, 0xEA) << frameBytes(0x2D, hex("ecea07"));
+    QTest::newRow("generic") << CrsfProtocol::buildExtendedFrame(0x2E, 0x62, 0x6C, hex("aabbcc"))
+                             << frameBytes(0x2E, hex("626caabbcc"));
+    QTest::newRow("plain") << CrsfProtocol::buildFrame(0x14, hex("00112233"))
+                           << frameBytes(0x14, hex("00112233"));
+    QTest::newRow("plain, longest") << CrsfProtocol::buildFrame(0x7F, QByteArray(253, 'x'))
+                                    << frameBytes(0x7F, QByteArray(253, 'x'));
+}
+
+void TestCrsfProtocol::buildsExtendedFrames()
+{
+    QFETCH(QByteArray, frame);
+    QFETCH(QByteArray, expected);
+    QCOMPARE(frame.toHex(' '), expected.toHex(' '));
+}
+
+void TestCrsfProtocol::refusesOversizePayloads()
+{
+    QVERIFY(CrsfProtocol::buildFrame(0x7F, QByteArray(254, 'x')).isEmpty());
+    QVERIFY(CrsfProtocol::buildExtendedFrame(0x2D, 1, 2, QByteArray(252, 'x')).isEmpty());
+    QCOMPARE(CrsfProtocol::buildExtendedFrame(0x2D, 1, 2, QByteArray(251, 'x')).size(), 257);
+}
+
+// --- decoders ---
+
+void TestCrsfProtocol::convertsRssi_data()
+{
+    QTest::addColumn<int>("raw");
+    QTest::addColumn<int>("dbm");
+    QTest::newRow("zero") << 0x00 << 0;
+    QTest::newRow("magnitude 96") << 0x60 << -96;
+    QTest::newRow("signed -96") << 0xA0 << -96;
+    QTest::newRow("magnitude 1") << 0x01 << -1;
+    QTest::newRow("magnitude 127") << 0x7F << -127;
+    QTest::newRow("signed -128") << 0x80 << -128;
+    QTest::newRow("signed -1") << 0xFF << -1;
+}
+
+void TestCrsfProtocol::convertsRssi()
+{
+    QFETCH(int, raw);
+    QFETCH(int, dbm);
+    QCOMPARE(CrsfProtocol::rssiToDbm(uint8_t(raw)), dbm);
+}
+
+void TestCrsfProtocol::decodesLinkStatistics()
+{
+    const QByteArray payload = hex("60a064f6010203a050fb");
+    const LinkStatistics stats = CrsfProtocol::decodeLinkStatistics(payload);
+    QCOMPARE(stats.uplinkRssi1, -96);
+    QCOMPARE(stats.uplinkRssi2, -96);
+    QCOMPARE(stats.linkQuality, uint8_t(100));
+    QCOMPARE(stats.snr, int8_t(-10));
+    QCOMPARE(stats.antenna, uint8_t(1));
+    QCOMPARE(stats.rfMode, uint8_t(2));
+    QCOMPARE(stats.txPower, uint8_t(3));
+    QCOMPARE(stats.downlinkRssi, -96);
+    QCOMPARE(stats.downlinkLinkQuality, uint8_t(80));
+    QCOMPARE(stats.downlinkSnr, int8_t(-5));
+
+    const LinkStatistics shortStats = CrsfProtocol::decodeLinkStatistics(payload.left(9));
+    QCOMPARE(shortStats.uplinkRssi1, 0);
+    QCOMPARE(shortStats.linkQuality, uint8_t(0));
+    QCOMPARE(shortStats.downlinkRssi, 0);
+    QCOMPARE(shortStats.downlinkSnr, int8_t(0));
+}
+
+void TestCrsfProtocol::decodesBattery_data()
+{
+    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<float>("voltage");
+    QTest::addColumn<float>("current");
+    QTest::addColumn<uint>("capacity");
+    QTest::addColumn<int>("remaining");
+
+    QTest::newRow("typical") << hex("00a8001e0004d24b") << 16.8f << 3.0f << 1234u << 75;
+    QTest::newRow("maxima") << hex("ffffffffffffff64") << 6553.5f << 6553.5f << 0xFFFFFFu << 100;
+    QTest::newRow("7 bytes: all zero") << hex("00a8001e0004d2") << 0.0f << 0.0f << 0u << 0;
+    QTest::newRow("empty") << QByteArray() << 0.0f << 0.0f << 0u << 0;
+}
+
+void TestCrsfProtocol::decodesBattery()
+{
+    QFETCH(QByteArray, payload);
+    QFETCH(float, voltage);
+    QFETCH(float, current);
+    QFETCH(uint, capacity);
+    QFETCH(int, remaining);
+
+    const BatterySensor battery = CrsfProtocol::decodeBattery(payload);
+    QCOMPARE(battery.voltage, voltage);
+    QCOMPARE(battery.current, current);
+    QCOMPARE(battery.capacity, capacity);
+    QCOMPARE(int(battery.remaining), remaining);
+}
+
+void TestCrsfProtocol::decodesGpsValidity_data()
+{
+    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<bool>("valid");
+
+    const auto gps = [](int32_t lat, int32_t lon) {
+        QByteArray payload;
+        for (int32_t raw : {lat, lon})
+            for (int shift = 24; shift >= 0; shift -= 8)
+                payload.append(char(uint32_t(raw) >> shift));
+        return payload + hex("0000000003e805");
+    };
+    QTest::newRow("0/0 is no fix") << gps(0, 0) << false;
+    QTest::newRow("latitude 91") << gps(910000000, 10000000) << false;
+    QTest::newRow("latitude -91") << gps(-910000000, 10000000) << false;
+    QTest::newRow("latitude 90") << gps(900000000, 0) << true;
+    QTest::newRow("longitude -180") << gps(0, -1800000000) << true;
+    QTest::newRow("longitude past 180") << gps(0, 1800000001) << false;
+    QTest::newRow("only longitude zero") << gps(482000000, 0) << true;
+    QTest::newRow("14 bytes") << gps(482000000, 163000000).left(14) << false;
+}
+
+void TestCrsfProtocol::decodesGpsValidity()
+{
+    QFETCH(QByteArray, payload);
+    QFETCH(bool, valid);
+    const GpsFix fix = CrsfProtocol::decodeGps(payload);
+    QCOMPARE(fix.valid, valid);
+    if (payload.size() < 15) {
+        QCOMPARE(fix.latitude, 0.0);
+        QCOMPARE(fix.satellites, 0);
+    } else {
+        QCOMPARE(fix.altitudeM, 0); // raw 1000 is sea level
+        QCOMPARE(fix.satellites, 5);
+    }
+}
+
+void TestCrsfProtocol::decodesVehicleRecord()
+{
+    const VehicleRecord record = CrsfProtocol::decodeVehicleRecord(hex("07fc1803e8000a"));
+    QVERIFY(record.valid);
+    QCOMPARE(record.tag, uint8_t(7));
+    QCOMPARE(record.values[0], -1.0f);
+    QCOMPARE(record.values[1], 1.0f);
+    QCOMPARE(record.values[2], 0.01f);
+
+    const VehicleRecord shortRecord = CrsfProtocol::decodeVehicleRecord(hex("07fc1803e800"));
+    QVERIFY(!shortRecord.valid);
+    QCOMPARE(shortRecord.tag, uint8_t(0));
+    QCOMPARE(shortRecord.values[0], 0.0f);
+}
+
+void TestCrsfProtocol::readsBigEndianAndAbsentMarks()
+{
+    const QByteArray bytes = hex("12ffff34");
+    QCOMPARE(CrsfProtocol::readBigEndian16(bytes, 0), uint16_t(0x12FF));
+    QCOMPARE(CrsfProtocol::readBigEndian16(bytes, 2), uint16_t(0xFF34));
+    QCOMPARE(CrsfProtocol::readBigEndian16(bytes, 3), uint16_t(0));
+    QCOMPARE(CrsfProtocol::readBigEndian16(bytes, -1), uint16_t(0));
+
+    QVERIFY(CrsfProtocol::isAllFF(bytes, 1, 2));
+    QVERIFY(!CrsfProtocol::isAllFF(bytes, 0, 2));
+    QVERIFY(CrsfProtocol::isAllFF(bytes, 4, 0));
+    QVERIFY(CrsfProtocol::isAllFF(QByteArray(), 0, 0));
+    QVERIFY(!CrsfProtocol::isAllFF(hex("ff"), 0, 2)); // bytes that are missing are not marked
+}
+
+// --- parser ---
+
+void TestCrsfProtocol::parserFindsFrames_data()
+{
+    QTest::addColumn<QByteArray>("stream");
+    QTest::addColumn<QList<Frame>>("expected");
+
+    const QByteArray link = frameBytes(0x14, hex("60a064f6010203a050fb"));
+    const QByteArray ping = frameBytes(0x28, hex("eeea"));
+    const QByteArray gps = frameBytes(0x02, hex("2160ec006127d380024b39c60d1109"));
+    const Frame linkFrame{0x14, hex("60a064f6010203a050fb")};
+    const Frame pingFrame{0x28, hex("eeea")};
+    const Frame gpsFrame{0x02, hex("2160ec006127d380024b39c60d1109")};
+
+    QByteArray badCrc = link;
+    badCrc[badCrc.size() - 1] = char(badCrc.back() ^ 0x01);
+    // A corrupt frame whose declared length swallows a whole good frame.
+    QByteArray swallowing = hex("c80e14") + ping + hex("010203040506");
+    swallowing.append(char(~bitwiseCrc(swallowing.mid(2))));
+
+    QTest::newRow("one frame") << link << QList<Frame>{linkFrame};
+    QTest::newRow("stray 0x00 first") << hex("00") + link << QList<Frame>{linkFrame};
+    QTest::newRow("sync 0xEA") << frameBytes(0x14, linkFrame.second, 0xEA) << QList<Frame>{linkFrame};
+    QTest::newRow("sync 0xEE") << frameBytes(0x14, linkFrame.second, 0xEE) << QList<Frame>{linkFrame};
+    QTest::newRow("sync 0xEC refused") << frameBytes(0x14, linkFrame.second, 0xEC) << QList<Frame>{};
+    QTest::newRow("bad crc dropped") << badCrc + gps << QList<Frame>{gpsFrame};
+    QTest::newRow("good frame inside a bad one") << swallowing << QList<Frame>{pingFrame};
+    QTest::newRow("length 0 and 1 skipped") << hex("c800c801") + ping << QList<Frame>{pingFrame};
+    QTest::newRow("length 1 before a zero byte") << hex("c80100") + ping << QList<Frame>{pingFrame};
+    QTest::newRow("length 0 before a zero byte") << hex("c80000") + ping << QList<Frame>{pingFrame};
+    QTest::newRow("empty payload") << frameBytes(0x16, {}) << QList<Frame>{{0x16, {}}};
+    QTest::newRow("three frames back to back")
+        << link + ping + gps << QList<Frame>{linkFrame, pingFrame, gpsFrame};
+    // A stray sync byte makes the parser wait for the length that follows it; once that
+    // many bytes are in, the CRC fails and the frames inside are found.
+    const QByteArray strays = hex("eeeac8") + link + hex("c8") + gps;
+    QTest::newRow("stray sync bytes wait") << strays << QList<Frame>{};
+    QTest::newRow("stray sync bytes, then enough data")
+        << strays + filler() << QList<Frame>{linkFrame, gpsFrame};
+    QTest::newRow("three bytes alone") << hex("c80216") << QList<Frame>{};
+}
+
+void TestCrsfProtocol::parserFindsFrames()
+{
+    QFETCH(QByteArray, stream);
+    QFETCH(QList<Frame>, expected);
+
+    CrsfProtocol parser;
+    FrameRecorder recorder(parser);
+    parser.feed(stream);
+    QCOMPARE(recorder.frames, expected);
+    QCOMPARE(parser.hasReceivedValidFrame(), !expected.isEmpty());
+    if (!expected.isEmpty()) {
+        QCOMPARE(parser.lastFrameType(), expected.last().first);
+        QCOMPARE(parser.lastPayload(), expected.last().second);
+    }
+}
+
+void TestCrsfProtocol::parserResultDoesNotDependOnSplits_data()
+{
+    QTest::addColumn<int>("chunk");
+    for (int chunk : {1, 2, 3, 5, 7, 13, 26, 64})
+        QTest::addRow("%d bytes per feed", chunk) << chunk;
+}
+
+void TestCrsfProtocol::parserResultDoesNotDependOnSplits()
+{
+    QFETCH(int, chunk);
+    QByteArray stream = hex("0001");
+    stream += CrsfProtocol::buildRcChannelsFrame(filled(992));
+    stream += frameBytes(0x14, hex("60a064f6010203a050fb"), 0xEA);
+    stream += hex("c80116");
+    stream += frameBytes(0x2B, hex("eaee0100"), 0xEE);
+    stream += frameBytes(0x08, hex("00a8001e0004d24b"));
+    // Last, a stray sync byte that waits for 255 more bytes, then fails its CRC.
+    stream += hex("c8ff") + filler();
+
+    CrsfProtocol whole;
+    FrameRecorder wholeFrames(whole);
+    whole.feed(stream);
+
+    CrsfProtocol split;
+    FrameRecorder splitFrames(split);
+    for (qsizetype at = 0; at < stream.size(); at += chunk)
+        split.feed(stream.mid(at, chunk));
+
+    QCOMPARE(splitFrames.frames, wholeFrames.frames);
+    QCOMPARE(splitFrames.frames.size(), 4);
+}
+
+void TestCrsfProtocol::parserFindsFramesBetweenRandomGarbage()
+{
+    QRandomGenerator rng(2024);
+    QByteArray stream;
+    QList<Frame> sent;
+    for (int i = 0; i < 200; ++i) {
+        QByteArray garbage = randomBytes(rng, rng.bounded(0, 40));
+        for (char &c : garbage) {
+            // Garbage free of sync bytes can never hold a frame start.
+            if (uint8_t(c) == 0xC8 || uint8_t(c) == 0xEA || uint8_t(c) == 0xEE)
+                c = 0;
+        }
+        const uint8_t type = uint8_t(rng.bounded(0x02, 0x7F));
+        const QByteArray payload = randomBytes(rng, rng.bounded(0, 60));
+        stream += garbage + frameBytes(type, payload);
+        sent.append({type, payload});
+    }
+    CrsfProtocol parser;
+    FrameRecorder recorder(parser);
+    parser.feed(stream);
+    QCOMPARE(recorder.frames, sent);
+    QCOMPARE(parser.bufferedBytes(), 0);
+}
+
+void TestCrsfProtocol::parserWaitsForWholeFrame()
+{
+    const QByteArray frame = frameBytes(0x16, {});
+    CrsfProtocol parser;
+    FrameRecorder recorder(parser);
+    parser.feed(frame.left(3));
+    QVERIFY(recorder.frames.isEmpty());
+    QCOMPARE(parser.bufferedBytes(), 3);
+    parser.feed(frame.right(1));
+    QCOMPARE(recorder.frames.size(), 1);
+    QCOMPARE(parser.bufferedBytes(), 0);
+
+    // A length of 255 is waited for, however long it takes.
+    const QByteArray longest = frameBytes(0x7F, QByteArray(253, 'x'));
+    QCOMPARE(longest.size(), crsf::kMaxFrameSize);
+    parser.feed(longest.left(202));
+    QCOMPARE(parser.bufferedBytes(), 202);
+    parser.feed(longest.mid(202));
+    QCOMPARE(recorder.frames.size(), 2);
+    QCOMPARE(recorder.frames.last().second.size(), 253);
+    QCOMPARE(parser.bufferedBytes(), 0);
+}
+
+void TestCrsfProtocol::parserBufferStaysBounded()
+{
+    QRandomGenerator rng(7);
+    CrsfProtocol parser;
+    for (int round = 0; round < 5000; ++round) {
+        QByteArray bytes = randomBytes(rng, rng.bounded(0, 600));
+        if (round % 3 == 0)
+            bytes.prepend(char(0xC8)).insert(1, char(0xFF)); // the longest possible wait
+        parser.feed(bytes);
+        QVERIFY2(parser.bufferedBytes() <= crsf::kMaxFrameSize, qPrintable(QString::number(round)));
+    }
+}
+
+void TestCrsfProtocol::emitsSignalsInOrder_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<QStringList>("expected");
+
+    const QStringList extendedThenFrame{QStringLiteral("extended"), QStringLiteral("frame")};
+    for (int type : {0x28, 0x29, 0x2B, 0x2C, 0x2D, 0x2E})
+        QTest::addRow("extended 0x%x", type) << type << hex("eeea0102") << extendedThenFrame;
+    QTest::newRow("extended, addresses only") << 0x28 << hex("eeea") << extendedThenFrame;
+    QTest::newRow("extended, one byte") << 0x2C << hex("ee") << QStringList{QStringLiteral("frame")};
+    QTest::newRow("0x2a not extended") << 0x2A << hex("eeea01") << QStringList{QStringLiteral("frame")};
+    QTest::newRow("0x32 command") << 0x32 << hex("c8ec0a") << QStringList{QStringLiteral("frame")};
+    QTest::newRow("link statistics") << 0x14 << hex("60a064f6010203a050fb")
+                                     << QStringList{QStringLiteral("frame"), QStringLiteral("link")};
+    QTest::newRow("battery") << 0x08 << hex("00a8001e0004d24b")
+                             << QStringList{QStringLiteral("frame"), QStringLiteral("battery")};
+    QTest::newRow("gps") << 0x02 << hex("2160ec006127d380024b39c60d1109")
+                         << QStringList{QStringLiteral("frame")};
+}
+
+void TestCrsfProtocol::emitsSignalsInOrder()
+{
+    QFETCH(int, type);
+    QFETCH(QByteArray, payload);
+    QFETCH(QStringList, expected);
+
+    CrsfProtocol parser;
+    QStringList seen;
+    QByteArray extendedPayload;
+    QObject context;
+    connect(&parser, &CrsfProtocol::frameReceived, &context, [&](uint8_t t, const QByteArray &p) {
+        QCOMPARE(t, uint8_t(type));
+        QCOMPARE(p, payload);
+        seen.append(QStringLiteral("frame"));
+    });
+    connect(&parser, &CrsfProtocol::extendedFrameReceived, &context,
+            [&](uint8_t t, uint8_t dest, uint8_t origin, const QByteArray &p) {
+                QCOMPARE(t, uint8_t(type));
+                QCOMPARE(dest, uint8_t(payload.at(0)));
+                QCOMPARE(origin, uint8_t(payload.at(1)));
+                extendedPayload = p;
+                seen.append(QStringLiteral("extended"));
+            });
+    connect(&parser, &CrsfProtocol::linkStatisticsReceived, &context, [&](const LinkStatistics &stats) {
+        QCOMPARE(stats.linkQuality, uint8_t(100));
+        seen.append(QStringLiteral("link"));
+    });
+    connect(&parser, &CrsfProtocol::batterySensorReceived, &context, [&](const BatterySensor &battery) {
+        QCOMPARE(battery.capacity, 1234u);
+        seen.append(QStringLiteral("battery"));
+    });
+
+    parser.feed(frameBytes(uint8_t(type), payload));
+    QCOMPARE(seen, expected);
+    if (expected.contains(QStringLiteral("extended")))
+        QCOMPARE(extendedPayload, payload.mid(2));
+}
+
+void TestCrsfProtocol::shortBatteryStillEmitsZeroRecord()
+{
+    CrsfProtocol parser;
+    QSignalSpy spy(&parser, &CrsfProtocol::batterySensorReceived);
+    parser.feed(frameBytes(0x08, hex("00a8001e0004d2")));
+    QCOMPARE(spy.count(), 1);
+    const auto battery = spy.at(0).at(0).value<BatterySensor>();
+    QCOMPARE(battery.voltage, 0.0f);
+    QCOMPARE(battery.current, 0.0f);
+    QCOMPARE(battery.capacity, 0u);
+    QCOMPARE(battery.remaining, uint8_t(0));
+}
+
+void TestCrsfProtocol::feedingFromSlotKeepsFramesInOrder()
+{
+    // A listener that answers a frame by feeding more bytes must not corrupt the stream.
+    const QByteArray first = frameBytes(0x28, hex("eeea"));
+    const QByteArray second = frameBytes(0x14, hex("60a064f6010203a050fb"));
+    const QByteArray third = frameBytes(0x02, hex("2160ec006127d380024b39c60d1109"));
+    CrsfProtocol parser;
+    FrameRecorder recorder(parser);
+    QObject context;
+    bool fed = false;
+    connect(&parser, &CrsfProtocol::frameReceived, &context, [&](uint8_t type, const QByteArray &) {
+        if (type == 0x28 && !fed) {
+            fed = true;
+            parser.feed(third);
+        }
+    });
+    parser.feed(first + second);
+    QCOMPARE(recorder.frames.size(), 3);
+    QCOMPARE(recorder.frames.at(0).first, uint8_t(0x28));
+    QCOMPARE(recorder.frames.at(1).first, uint8_t(0x14));
+    QCOMPARE(recorder.frames.at(2).first, uint8_t(0x02));
+    QCOMPARE(parser.bufferedBytes(), 0);
+}
+
+// --- telemetry catalogue ---
+
+void TestCrsfProtocol::catalogueReadings_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<int>("generation");
+    QTest::addColumn<QStringList>("expected");
+
+    const int unknown = crsf::kReceiverGenerationUnknown;
+    const int classic = crsf::kReceiverGenerationClassic;
+    const int newer = crsf::kReceiverGenerationNewer;
+    const QByteArray battery = hex("002101280004d243");
+
+    QTest::newRow("link statistics") << 0x14 << hex("60a064f6010203a050fb") << unknown
+                                     << QStringList{
+                                            QStringLiteral("1RSS=-96 dBm"), QStringLiteral("2RSS=-96 dBm"),
+                                            QStringLiteral("RQly=100 %"),   QStringLiteral("RSNR=-10 dB"),
+                                            QStringLiteral("ANT=1"),        QStringLiteral("RFMD=2"),
+                                            QStringLiteral("TPWR=100 mW"),  QStringLiteral("TRSS=-96 dBm"),
+                                            QStringLiteral("TQly=80 %"),    QStringLiteral("TSNR=-5 dB")};
+    QTest::newRow("link statistics, 9 bytes")
+        << 0x14 << hex("60a064f6010203a050") << unknown << QStringList{};
+    QTest::newRow("gps fix") << 0x02 << hex("2160ec006127d380024b39c60d1109") << unknown
+                             << QStringList{QStringLiteral("GPS=56.000000, 163.000000"),
+                                            QStringLiteral("GSpd=58.7 km/h"),
+                                            QStringLiteral("Hdg=147.9\u00B0"), QStringLiteral("GAlt=2345 m"),
+                                            QStringLiteral("Sats=9")};
+    QTest::newRow("gps without fix") << 0x02 << hex("000000000000000000000000000000") << unknown
+                                     << QStringList{QStringLiteral("GPS=No fix"),
+                                                    QStringLiteral("GSpd=0.0 km/h"),
+                                                    QStringLiteral("Hdg=0.0\u00B0"),
+                                                    QStringLiteral("GAlt=-1000 m"), QStringLiteral("Sats=0")};
+    QTest::newRow("vehicle record") << 0x23 << hex("07fc1803e8000a") << unknown
+                                    << QStringList{QStringLiteral("GLon=-1.00 g"),
+                                                   QStringLiteral("GLat=1.00 g"),
+                                                   QStringLiteral("GVrt=0.01 g")};
+    QTest::newRow("vehicle record, 6 bytes") << 0x23 << hex("07fc1803e800") << unknown << QStringList{};
+    QTest::newRow("attitude") << 0x1E << hex("2e3965ec855a") << unknown
+                              << QStringList{QStringLiteral("Ptch=67.8\u00B0"),
+                                             QStringLiteral("Roll=149.5\u00B0"),
+                                             QStringLiteral("Yaw=-179.9\u00B0")};
+    QTest::newRow("attitude, 5 bytes") << 0x1E << hex("2e3965ec85") << unknown << QStringList{};
+    QTest::newRow("battery, classic receiver")
+        << 0x08 << battery << classic
+        << QStringList{QStringLiteral("RxBt=3.3 V"), QStringLiteral("Curr=29.6 A"),
+                       QStringLiteral("Capa=1234 mAh"), QStringLiteral("Bat%=67 %")};
+    QTest::newRow("battery, newer receiver")
+        << 0x08 << battery << newer
+        << QStringList{QStringLiteral("RxBt=3.3 g"), QStringLiteral("Curr=29.6 A"),
+                       QStringLiteral("Capa=1234 mAh"), QStringLiteral("Bat%=67 %")};
+    QTest::newRow("battery, voltage marked absent")
+        << 0x08 << hex("ffff01280004d243") << classic
+        << QStringList{QStringLiteral("RxBt=--"), QStringLiteral("Curr=29.6 A"),
+                       QStringLiteral("Capa=1234 mAh"), QStringLiteral("Bat%=67 %")};
+    const QStringList dynamics{QStringLiteral("latA=0.03 g"), QStringLiteral("yawR=0.30 rad/s"),
+                               QStringLiteral("jerk=0.00 g")};
+    QTest::newRow("0x08, receiver unknown") << 0x08 << battery << unknown << dynamics;
+    QTest::newRow("0x08, 7 bytes, receiver known") << 0x08 << battery.left(7) << classic << dynamics;
+    QTest::newRow("0x08, negative dynamics")
+        << 0x08 << hex("ffe2fed404d2") << unknown
+        << QStringList{QStringLiteral("latA=-0.03 g"), QStringLiteral("yawR=-0.30 rad/s"),
+                       QStringLiteral("jerk=1.23 g")};
+    QTest::newRow("0x08, 5 bytes") << 0x08 << battery.left(5) << unknown << QStringList{};
+    QTest::newRow("channels frame ignored") << 0x16 << QByteArray(22, '\0') << classic << QStringList{};
+}
+
+void TestCrsfProtocol::catalogueReadings()
+{
+    QFETCH(int, type);
+    QFETCH(QByteArray, payload);
+    QFETCH(int, generation);
+    QFETCH(QStringList, expected);
+
+    const TelemetryCatalogue catalogue =
+        CrsfProtocol::updateCatalogue({}, uint8_t(type), payload, generation);
+    QCOMPARE(describe(catalogue), expected);
+    for (const TelemetrySensor &sensor : catalogue) {
+        QVERIFY(sensor.extra.isEmpty());
+        QCOMPARE(sensor.updatedMs, 0);
+    }
+}
+
+void TestCrsfProtocol::catalogueReplacesInPlaceByKey()
+{
+    TelemetryCatalogue catalogue;
+    catalogue = CrsfProtocol::updateCatalogue(catalogue, 0x23, hex("07fc1803e8000a"), 0);
+    catalogue = CrsfProtocol::updateCatalogue(catalogue, 0x14, hex("60a064f6010203a050fb"), 0);
+    QCOMPARE(catalogue.size(), 13);
+    // What the controller keeps on an entry ("2RSS" here) survives a new reading.
+    catalogue[4].updatedMs = 1234;
+    catalogue[4].extra = QStringLiteral("kept");
+
+    catalogue = CrsfProtocol::updateCatalogue(catalogue, 0x14, hex("00004b00000000000000"), 0);
+    QCOMPARE(catalogue.size(), 13);
+    const QStringList keys = [&] {
+        QStringList k;
+        for (const TelemetrySensor &s : catalogue)
+            k.append(s.key);
+        return k;
+    }();
+    QCOMPARE(keys.mid(0, 4), (QStringList{QStringLiteral("GLon"), QStringLiteral("GLat"),
+                                          QStringLiteral("GVrt"), QStringLiteral("1RSS")}));
+    QCOMPARE(catalogue.at(3).value, QStringLiteral("0 dBm"));
+    QCOMPARE(catalogue.at(5).key, QStringLiteral("RQly"));
+    QCOMPARE(catalogue.at(5).value, QStringLiteral("75 %"));
+    QCOMPARE(catalogue.at(4).updatedMs, 1234);
+    QCOMPARE(catalogue.at(4).extra, QStringLiteral("kept"));
+    QCOMPARE(catalogue.at(0).value, QStringLiteral("-1.00 g"));
+
+    // A GPS frame appends its keys after the existing ones.
+    catalogue = CrsfProtocol::updateCatalogue(catalogue, 0x02, hex("000000000000000000000000000000"), 0);
+    QCOMPARE(catalogue.size(), 18);
+    QCOMPARE(catalogue.at(13).key, QStringLiteral("GPS"));
+}
+
+// --- frames from independent implementations ---
+
+void TestCrsfProtocol::independentVectorsParse_data()
+{
+    QTest::addColumn<QByteArray>("frame");
+    QTest::addColumn<bool>("crcOk");
+
+    const QJsonArray vectors = loadVectors();
+    if (vectors.isEmpty())
+        QSKIP("shared CRSF vectors (crsf/vectors.json) not found beside the checkout");
+    for (const QJsonValue &entry : vectors) {
+        QTest::newRow(qPrintable(entry[QLatin1String("name")].toString()))
+            << QByteArray::fromHex(entry[QLatin1String("hex")].toString().toLatin1())
+            << entry[QLatin1String("crc_ok")].toBool();
+    }
+}
+
+void TestCrsfProtocol::independentVectorsParse()
+{
+    QFETCH(QByteArray, frame);
+    QFETCH(bool, crcOk);
+
+    const int length = uint8_t(frame.at(1));
+    QCOMPARE(frame.size(), length + 2);
+    QCOMPARE(CrsfProtocol::crc8(frame.constData() + 2, length - 1) == uint8_t(frame.back()), crcOk);
+
+    const Frame carried{uint8_t(frame.at(2)), frame.mid(3, length - 2)};
+    const uint8_t address = uint8_t(frame.at(0));
+    const bool accepted = address == 0xC8 || address == 0xEA || address == 0xEE;
+
+    CrsfProtocol verbatim;
+    FrameRecorder verbatimFrames(verbatim);
+    verbatim.feed(frame + filler());
+    QCOMPARE(verbatimFrames.frames, (accepted && crcOk) ? QList<Frame>{carried} : QList<Frame>{});
+
+    // Frames addressed with a byte we do not accept as sync (0x00, 0xEC) still carry
+    // good payloads: the CRC does not cover the address, so a 0xC8 start makes them ours.
+    QByteArray resynced = frame;
+    resynced[0] = char(0xC8);
+    CrsfProtocol parser;
+    FrameRecorder frames(parser);
+    parser.feed(resynced);
+    QCOMPARE(frames.frames, crcOk ? QList<Frame>{carried} : QList<Frame>{});
+}
+
+void TestCrsfProtocol::independentRcPayloadsUnpackAndRepack_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QList<int>>("leading");
+
+    if (loadVectors().isEmpty())
+        QSKIP("shared CRSF vectors (crsf/vectors.json) not found beside the checkout");
+    QTest::newRow("betaflight captured 0")
+        << QStringLiteral("bf_rc_captured_0") << QList<int>{189, 993, 978, 983};
+    QTest::newRow("betaflight captured 1")
+        << QStringLiteral("bf_rc_captured_1") << QList<int>{189, 993, 978, 981};
+    QTest::newRow("betaflight unpack bits")
+        << QStringLiteral("bf_rc_unpack_bits")
+        << QList<int>{2047, 31, 0, 172, 0, 992, 0, 1811, 0, 0, 0, 0, 0, 0, 0, 0};
+    QTest::newRow("edgetx trainer") << QStringLiteral("edgetx_trainer_channels")
+                                    << QList<int>{200,  300,  400,  500,  600,  700,  800,  900,
+                                                  1000, 1100, 1200, 1300, 1400, 1500, 1600, 1700};
+    QTest::newRow("extremes") << QStringLiteral("packed_extremes")
+                              << QList<int>{172, 992, 1811, 0, 2047, 992};
+}
+
+void TestCrsfProtocol::independentRcPayloadsUnpackAndRepack()
+{
+    QFETCH(QString, name);
+    QFETCH(QList<int>, leading);
+
+    const QByteArray payload = vectorPayload(name);
+    QCOMPARE(payload.size(), 22);
+    const ChannelValues channels = unpackChannels(payload);
+    for (int i = 0; i < leading.size(); ++i)
+        QCOMPARE(channels[i], leading[i]);
+
+    const QByteArray rebuilt = CrsfProtocol::buildRcChannelsFrame(channels);
+    QCOMPARE(rebuilt.mid(3, 22).toHex(), payload.toHex());
+    // Frames that other projects addressed with 0xC8 match byte for byte, CRC included.
+    const QByteArray original = vectorFrame(name);
+    if (uint8_t(original.at(0)) == 0xC8)
+        QCOMPARE(rebuilt.toHex(), original.toHex());
+}
+
+void TestCrsfProtocol::independentTelemetryDecodes()
+{
+    if (loadVectors().isEmpty())
+        QSKIP("shared CRSF vectors (crsf/vectors.json) not found beside the checkout");
+
+    const GpsFix fix = CrsfProtocol::decodeGps(vectorPayload(QStringLiteral("bf_gps_values")));
+    QVERIFY(fix.valid);
+    QCOMPARE(fix.latitude, 56.0);
+    QCOMPARE(fix.longitude, 163.0);
+    QCOMPARE(fix.speedKmh, 58.7f);
+    QCOMPARE(fix.headingDeg, 147.9f);
+    QCOMPARE(fix.altitudeM, 2345);
+    QCOMPARE(fix.satellites, 9);
+
+    const BatterySensor battery =
+        CrsfProtocol::decodeBattery(vectorPayload(QStringLiteral("bf_battery_values")));
+    QCOMPARE(battery.voltage, 3.3f);
+    QCOMPARE(battery.current, 29.6f);
+    QCOMPARE(battery.capacity, 1234u);
+    QCOMPARE(battery.remaining, uint8_t(67));
+
+    QCOMPARE(CrsfProtocol::decodeBattery(vectorPayload(QStringLiteral("elrs_battery_1"))).voltage, 25.6f);
+    QCOMPARE(CrsfProtocol::decodeBattery(vectorPayload(QStringLiteral("elrs_battery_0"))).voltage, 0.0f);
+
+    const LinkStatistics stats =
+        CrsfProtocol::decodeLinkStatistics(vectorPayload(QStringLiteral("edgetx_linkstats")));
+    QCOMPARE(stats.uplinkRssi1, 0);
+    QCOMPARE(stats.antenna, uint8_t(0xFF));
+    QCOMPARE(stats.rfMode, uint8_t(1));
+    QCOMPARE(stats.txPower, uint8_t(3));
+
+    const TelemetryCatalogue attitude = CrsfProtocol::updateCatalogue(
+        {}, crsf::kTypeAttitude, vectorPayload(QStringLiteral("bf_attitude_values")), 0);
+    QCOMPARE(describe(attitude),
+             (QStringList{QStringLiteral("Ptch=67.8\u00B0"), QStringLiteral("Roll=149.5\u00B0"),
+                          QStringLiteral("Yaw=-179.9\u00B0")}));
+}
+
+void TestCrsfProtocol::independentExtendedFramesAnnounceAddresses()
+{
+    if (loadVectors().isEmpty())
+        QSKIP("shared CRSF vectors (crsf/vectors.json) not found beside the checkout");
+
+    CrsfProtocol parser;
+    QSignalSpy extended(&parser, &CrsfProtocol::extendedFrameReceived);
+    QSignalSpy frames(&parser, &CrsfProtocol::frameReceived);
+
+    // The ExpressLRS parameter read, as our builder makes it: same bytes after the address.
+    const QByteArray read = vectorFrame(QStringLiteral("elrs_param_read"));
+    QCOMPARE(CrsfProtocol::buildExtendedFrame(0x2C, 0x62, 0x6C, {}).mid(1).toHex(), read.mid(1).toHex());
+
+    parser.feed(CrsfProtocol::buildExtendedFrame(0x2C, 0x62, 0x6C, {}));
+    parser.feed(vectorFrame(QStringLiteral("elrs_device_info_0x29")));
+    parser.feed(vectorFrame(QStringLiteral("bf_cmd_baud"))); // 0x32 is not one of the parameter types
+
+    QCOMPARE(frames.count(), 3);
+    QCOMPARE(extended.count(), 2);
+    QCOMPARE(extended.at(0).at(0).value<uint8_t>(), uint8_t(0x2C));
+    QCOMPARE(extended.at(0).at(1).value<uint8_t>(), uint8_t(0x62));
+    QCOMPARE(extended.at(0).at(2).value<uint8_t>(), uint8_t(0x6C));
+    QVERIFY(extended.at(0).at(3).toByteArray().isEmpty());
+    QCOMPARE(extended.at(1).at(0).value<uint8_t>(), uint8_t(0x29));
+    QCOMPARE(extended.at(1).at(1).value<uint8_t>(), uint8_t(0xEE));
+    QCOMPARE(extended.at(1).at(2).value<uint8_t>(), uint8_t(0xEC));
+    QVERIFY(extended.at(1).at(3).toByteArray().startsWith("RadioMstr RP3"));
+}
+
+QTEST_GUILESS_MAIN(TestCrsfProtocol)
+#include "tst_crsfprotocol.moc"
