@@ -1,0 +1,309 @@
+#include "logcapture.h"
+#include "pseudoterminal.h"
+#include "serialportdirectory.h"
+#include "tavrixserialport.h"
+
+#include <QElapsedTimer>
+#include <QSerialPort>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using tavrix::PathSerialPortDirectory;
+using tavrix::PseudoTerminal;
+using tavrix::TavrixSerialPort;
+using tavrix::testing::LogCapture;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr qint32 kBaud = 115200;
+
+TavrixSerialPort::Timings quickRetries(int attempts)
+{
+    TavrixSerialPort::Timings timings;
+    timings.openAttempts = attempts;
+    timings.openRetryDelay = 10ms;
+    return timings;
+}
+
+// The text the system gives for a port that another holder keeps locked.
+QString busyErrorText(const QString &path)
+{
+    QSerialPort probe(path);
+    if (probe.open(QIODevice::ReadWrite))
+        return QString();
+    return probe.errorString();
+}
+
+QString busyMessage(const QString &errorText, const QString &path)
+{
+    return QStringLiteral(
+               "%1: %2 stayed busy — it may be in use by another application, or the transmitter is "
+               "still starting up. Wait a few seconds and try again.")
+        .arg(errorText, path);
+}
+
+} // namespace
+
+class TestTavrixSerialPort : public QObject
+{
+    Q_OBJECT
+private slots:
+    void openAndCloseAnnounceInOrder();
+    void closeWhenClosedSaysNothing();
+    void openingAnotherPortClosesTheFirst();
+    void bytesFlowBothWays();
+    void writeWhileClosedSendsNothing();
+    void busyPortReportsAfterAllAttempts();
+    void busyPortOpensOnceReleased();
+    void missingPortFailsWithoutRetrying();
+    void secondOpenDuringRetriesIsRefused();
+    void closeCancelsWaitingOpen();
+    void hangUpClosesAndReportsOnce();
+    void pathDirectoryListsPresentPortsOnly();
+};
+
+void TestTavrixSerialPort::openAndCloseAnnounceInOrder()
+{
+    PseudoTerminal pty;
+    QVERIFY2(pty.open(), qPrintable(pty.errorString()));
+    TavrixSerialPort port;
+    QStringList events;
+    connect(&port, &TavrixSerialPort::portNameChanged, this,
+            [&](const QString &name) { events << QStringLiteral("name:") + name; });
+    connect(&port, &TavrixSerialPort::connectedChanged, this, [&](bool connected) {
+        // Listeners must find the port in the state it announces.
+        events << QStringLiteral("connected:%1 open:%2").arg(connected).arg(port.isOpen());
+    });
+    QSignalSpy errors(&port, &TavrixSerialPort::errorOccurred);
+
+    QVERIFY(port.open(pty.slavePath(), kBaud));
+    QVERIFY(port.isOpen());
+    QVERIFY(!port.isOpening());
+    QCOMPARE(port.portName(), pty.slavePath());
+    // DTR/RTS are refused by a pty: logged, never reported.
+    QCOMPARE(errors.size(), 0);
+
+    port.close();
+    QVERIFY(!port.isOpen());
+    QCOMPARE(port.portName(), QString());
+    QCOMPARE(events,
+             (QStringList{QStringLiteral("name:") + pty.slavePath(), QStringLiteral("connected:1 open:1"),
+                          QStringLiteral("name:"), QStringLiteral("connected:0 open:0")}));
+}
+
+void TestTavrixSerialPort::closeWhenClosedSaysNothing()
+{
+    TavrixSerialPort port;
+    QSignalSpy connected(&port, &TavrixSerialPort::connectedChanged);
+    QSignalSpy names(&port, &TavrixSerialPort::portNameChanged);
+    port.close();
+    QCOMPARE(connected.size(), 0);
+    QCOMPARE(names.size(), 0);
+}
+
+void TestTavrixSerialPort::openingAnotherPortClosesTheFirst()
+{
+    PseudoTerminal first;
+    PseudoTerminal second;
+    QVERIFY(first.open());
+    QVERIFY(second.open());
+    TavrixSerialPort port;
+    QVERIFY(port.open(first.slavePath(), kBaud));
+    QSignalSpy connected(&port, &TavrixSerialPort::connectedChanged);
+    QSignalSpy names(&port, &TavrixSerialPort::portNameChanged);
+
+    QVERIFY(port.open(second.slavePath(), kBaud));
+    QCOMPARE(connected.size(), 2);
+    QCOMPARE(connected.at(0).at(0).toBool(), false);
+    QCOMPARE(connected.at(1).at(0).toBool(), true);
+    QCOMPARE(names.size(), 2);
+    QCOMPARE(names.at(1).at(0).toString(), second.slavePath());
+
+    // The first port is really released: another client can take it now.
+    QSerialPort other(first.slavePath());
+    QVERIFY2(other.open(QIODevice::ReadWrite), qPrintable(other.errorString()));
+}
+
+void TestTavrixSerialPort::bytesFlowBothWays()
+{
+    PseudoTerminal pty;
+    QVERIFY(pty.open());
+    TavrixSerialPort port;
+    QVERIFY(port.open(pty.slavePath(), kBaud));
+
+    const QByteArray telemetry = QByteArray::fromHex("c80c14") + QByteArray("\x00\x0a\x0d\xff", 4) + "OK\r\n";
+    QByteArray received;
+    connect(&port, &TavrixSerialPort::dataReceived, this, [&](const QByteArray &data) {
+        QVERIFY(!data.isEmpty());
+        received += data;
+    });
+    QVERIFY(pty.write(telemetry));
+    QTRY_COMPARE(received, telemetry);
+
+    const QByteArray command("START\n");
+    QCOMPARE(port.write(command), qint64(command.size()));
+    QTRY_COMPARE(pty.bytesAvailable(), command.size());
+    QCOMPARE(pty.readAll(), command);
+}
+
+void TestTavrixSerialPort::writeWhileClosedSendsNothing()
+{
+    TavrixSerialPort port;
+    QSignalSpy errors(&port, &TavrixSerialPort::errorOccurred);
+    QCOMPARE(port.write("STOP\n"), qint64(-1));
+    QCOMPARE(errors.size(), 0);
+}
+
+void TestTavrixSerialPort::busyPortReportsAfterAllAttempts()
+{
+    PseudoTerminal pty;
+    QVERIFY(pty.open());
+    QSerialPort holder(pty.slavePath());
+    QVERIFY(holder.open(QIODevice::ReadWrite));
+    const QString errorText = busyErrorText(pty.slavePath());
+    QVERIFY2(!errorText.isEmpty(), "a second open of a pty should be refused");
+
+    LogCapture log;
+    TavrixSerialPort port(quickRetries(3));
+    QSignalSpy errors(&port, &TavrixSerialPort::errorOccurred);
+    QSignalSpy connected(&port, &TavrixSerialPort::connectedChanged);
+    QVERIFY(!port.open(pty.slavePath(), kBaud));
+
+    QCOMPARE(errors.size(), 1);
+    QCOMPARE(errors.at(0).at(0).toString(), busyMessage(errorText, pty.slavePath()));
+    QCOMPARE(connected.size(), 0);
+    QVERIFY(!port.isOpen());
+    QVERIFY(!port.isOpening());
+    QCOMPARE(log.count(QStringLiteral("Serial open")), 3);
+    for (int attempt = 1; attempt <= 3; ++attempt) {
+        QCOMPARE(log.count(QStringLiteral("Serial open %1 attempt %2 failed: %3")
+                               .arg(pty.slavePath())
+                               .arg(attempt)
+                               .arg(errorText)),
+                 1);
+    }
+}
+
+void TestTavrixSerialPort::busyPortOpensOnceReleased()
+{
+    PseudoTerminal pty;
+    QVERIFY(pty.open());
+    QSerialPort holder(pty.slavePath());
+    QVERIFY(holder.open(QIODevice::ReadWrite));
+    // Released while the port waits between tries, as another program letting go.
+    QTimer::singleShot(25ms, &holder, [&holder] { holder.close(); });
+
+    LogCapture log;
+    TavrixSerialPort port(quickRetries(24));
+    QSignalSpy errors(&port, &TavrixSerialPort::errorOccurred);
+    QVERIFY(port.open(pty.slavePath(), kBaud));
+    QCOMPARE(errors.size(), 0);
+    QCOMPARE(log.count(QStringLiteral("succeeded on attempt")), 1);
+    QVERIFY(log.count(QStringLiteral("failed:")) >= 1);
+}
+
+void TestTavrixSerialPort::missingPortFailsWithoutRetrying()
+{
+    QTemporaryDir dir;
+    const QString missing = dir.filePath(QStringLiteral("ttyNothing"));
+    LogCapture log;
+    TavrixSerialPort port; // real timings: a retry would cost 250 ms each
+    QSignalSpy errors(&port, &TavrixSerialPort::errorOccurred);
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(!port.open(missing, kBaud));
+    QVERIFY2(clock.elapsed() < 200, "only a busy port is worth waiting for");
+    QCOMPARE(errors.size(), 1);
+    QVERIFY(!errors.at(0).at(0).toString().isEmpty());
+    QVERIFY(!errors.at(0).at(0).toString().contains(QStringLiteral("stayed busy")));
+    QCOMPARE(log.count(QStringLiteral("attempt")), 0);
+}
+
+void TestTavrixSerialPort::secondOpenDuringRetriesIsRefused()
+{
+    PseudoTerminal pty;
+    PseudoTerminal other;
+    QVERIFY(pty.open());
+    QVERIFY(other.open());
+    QSerialPort holder(pty.slavePath());
+    QVERIFY(holder.open(QIODevice::ReadWrite));
+
+    TavrixSerialPort port(quickRetries(5));
+    int nestedResult = -1;
+    bool wasOpening = false;
+    QTimer::singleShot(15ms, &port, [&] {
+        wasOpening = port.isOpening();
+        nestedResult = port.open(other.slavePath(), kBaud) ? 1 : 0;
+    });
+    QVERIFY(!port.open(pty.slavePath(), kBaud));
+    QVERIFY(wasOpening);
+    QCOMPARE(nestedResult, 0);
+    QVERIFY(!port.isOpen());
+}
+
+void TestTavrixSerialPort::closeCancelsWaitingOpen()
+{
+    PseudoTerminal pty;
+    QVERIFY(pty.open());
+    QSerialPort holder(pty.slavePath());
+    QVERIFY(holder.open(QIODevice::ReadWrite));
+
+    TavrixSerialPort port(quickRetries(24));
+    QSignalSpy errors(&port, &TavrixSerialPort::errorOccurred);
+    QTimer::singleShot(15ms, &port, [&] {
+        port.close();
+        holder.close(); // the next try would now succeed if it still ran
+    });
+    QVERIFY(!port.open(pty.slavePath(), kBaud));
+    QVERIFY(!port.isOpen());
+    QCOMPARE(errors.size(), 0);
+}
+
+void TestTavrixSerialPort::hangUpClosesAndReportsOnce()
+{
+    PseudoTerminal pty;
+    QVERIFY(pty.open());
+    TavrixSerialPort port;
+    QVERIFY(port.open(pty.slavePath(), kBaud));
+    QSignalSpy errors(&port, &TavrixSerialPort::errorOccurred);
+    QSignalSpy connected(&port, &TavrixSerialPort::connectedChanged);
+
+    pty.hangUp();
+    QVERIFY(connected.wait(2000));
+    QCOMPARE(connected.at(0).at(0).toBool(), false);
+    QVERIFY(!port.isOpen());
+    QCOMPARE(port.portName(), QString());
+    // Qt keeps reporting a hung-up pty as a read error for as long as it is open:
+    // one report, then quiet.
+    QVERIFY(!errors.wait(100));
+    QCOMPARE(errors.size(), 1);
+    QCOMPARE(connected.size(), 1);
+    QCOMPARE(port.write("x"), qint64(-1));
+}
+
+void TestTavrixSerialPort::pathDirectoryListsPresentPortsOnly()
+{
+    QTemporaryDir dir;
+    const QString link = dir.filePath(QStringLiteral("ttyBridge"));
+    const QString never = dir.filePath(QStringLiteral("ttyNever"));
+    PseudoTerminal pty;
+    QVERIFY2(pty.open(link), qPrintable(pty.errorString()));
+    PathSerialPortDirectory ports({link, never});
+
+    QCOMPARE(ports.ports().size(), 1);
+    QCOMPARE(ports.ports().at(0).portName, link);
+    QVERIFY(ports.contains(link));
+    QVERIFY(!ports.contains(never));
+    QVERIFY(!ports.contains(dir.filePath(QStringLiteral("ttyBridg")))); // exact names only
+
+    pty.hangUp();
+    QVERIFY(!ports.contains(link));
+    QVERIFY(pty.plugIn());
+    QVERIFY(ports.contains(link));
+}
+
+QTEST_GUILESS_MAIN(TestTavrixSerialPort)
+#include "tst_tavrixserialport.moc"
