@@ -1,0 +1,144 @@
+#pragma once
+
+// The tests' own CRSF helpers, written apart from the simulator's so that the two
+// check each other: a table-driven CRC, a packer that writes one bit at a time and
+// a host-side frame parser that resynchronises on bad bytes.
+
+#include <QByteArray>
+#include <QList>
+
+#include <array>
+#include <cstdint>
+
+namespace crsftest {
+
+using Channels = std::array<int32_t, 16>;
+
+inline uint8_t crc8(QByteArrayView bytes)
+{
+    static const std::array<uint8_t, 256> table = [] {
+        std::array<uint8_t, 256> t{};
+        for (int i = 0; i < 256; ++i) {
+            uint8_t c = uint8_t(i);
+            for (int b = 0; b < 8; ++b)
+                c = uint8_t((c << 1) ^ ((c & 0x80) ? 0xD5 : 0));
+            t[size_t(i)] = c;
+        }
+        return t;
+    }();
+    uint8_t crc = 0;
+    for (const char byte : bytes)
+        crc = table[crc ^ uint8_t(byte)];
+    return crc;
+}
+
+inline QByteArray frame(uint8_t type, const QByteArray &payload, uint8_t address = 0xC8)
+{
+    QByteArray f;
+    f.append(char(address));
+    f.append(char(payload.size() + 2));
+    f.append(char(type));
+    f.append(payload);
+    f.append(char(crc8(QByteArrayView(f).sliced(2))));
+    return f;
+}
+
+// Channel n's bit b goes to stream bit 11n + b, i.e. bit (k % 8) of byte k / 8.
+inline QByteArray packChannels(const Channels &channels)
+{
+    QByteArray payload(22, '\0');
+    int k = 0;
+    for (const int32_t raw : channels) {
+        const int32_t value = raw < 0 ? 0 : (raw > 2047 ? 2047 : raw);
+        for (int b = 0; b < 11; ++b, ++k) {
+            if ((value >> b) & 1)
+                payload[k / 8] = char(uint8_t(payload[k / 8]) | (1 << (k % 8)));
+        }
+    }
+    return payload;
+}
+
+inline QByteArray channelFrame(const Channels &channels)
+{
+    return frame(0x16, packChannels(channels));
+}
+
+// Host-side view of the bridge's output: frames (CRC-checked) and text lines.
+class HostStreamParser
+{
+public:
+    void feed(const QByteArray &bytes)
+    {
+        m_buffer += bytes;
+        for (;;) {
+            if (m_buffer.isEmpty())
+                return;
+            const auto b = uint8_t(m_buffer[0]);
+            if (b == 0xC8 || b == 0xEA || b == 0xEE) {
+                if (m_buffer.size() < 2)
+                    return;
+                const int len = uint8_t(m_buffer[1]);
+                if (len < 2 || len > 62) {
+                    dropOne();
+                    continue;
+                }
+                if (m_buffer.size() < len + 2)
+                    return;
+                if (crc8(QByteArrayView(m_buffer).sliced(2, len - 1)) != uint8_t(m_buffer[len + 1])) {
+                    ++badFrames;
+                    dropOne();
+                    continue;
+                }
+                frames.append(m_buffer.left(len + 2));
+                m_buffer.remove(0, len + 2);
+                m_line.clear();
+                continue;
+            }
+            if (b == '\n') {
+                if (m_line.endsWith('\r'))
+                    m_line.chop(1);
+                if (!m_line.isEmpty())
+                    lines.append(QString::fromLatin1(m_line));
+                m_line.clear();
+            } else if ((b >= 0x20 && b <= 0x7E) || b == '\r') {
+                m_line.append(char(b));
+            } else {
+                ++droppedBytes;
+                m_line.clear();
+            }
+            m_buffer.remove(0, 1);
+        }
+    }
+
+    [[nodiscard]] int countOfType(uint8_t type) const
+    {
+        int n = 0;
+        for (const QByteArray &f : frames)
+            n += uint8_t(f[2]) == type ? 1 : 0;
+        return n;
+    }
+
+    void clear()
+    {
+        frames.clear();
+        lines.clear();
+        badFrames = droppedBytes = 0;
+    }
+
+    QList<QByteArray> frames;
+    QStringList lines;
+    int badFrames = 0;
+    int droppedBytes = 0;
+
+private:
+    void dropOne()
+    {
+        ++droppedBytes;
+        m_buffer.remove(0, 1);
+    }
+
+    QByteArray m_buffer;
+    QByteArray m_line;
+};
+
+} // namespace crsftest

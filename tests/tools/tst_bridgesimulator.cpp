@@ -1,0 +1,551 @@
+#include "bridgeclient.h"
+#include "bridgelog.h"
+#include "bridgesimulator.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using tavrix::sim::BridgeLog;
+using tavrix::sim::BridgeSimulator;
+using tavrix::sim::BridgeSimulatorSettings;
+using tavrix::sim::ChannelArray;
+using Mode = BridgeSimulator::Mode;
+
+Q_DECLARE_METATYPE(crsftest::Channels)
+
+namespace {
+
+crsftest::Channels filled(int32_t value)
+{
+    crsftest::Channels c{};
+    c.fill(value);
+    return c;
+}
+
+crsftest::Channels clamped(crsftest::Channels c)
+{
+    for (int32_t &v : c)
+        v = std::clamp(v, 0, 2047);
+    return c;
+}
+
+// Waits until the bridge has answered something containing `reply`.
+bool sendAndWaitForReply(BridgeClient &client, const QByteArray &bytes, const QString &reply)
+{
+    const qsizetype from = client.parser.lines.size();
+    client.send(bytes);
+    return client.waitForLine(reply, 2000, from);
+}
+
+} // namespace
+
+// The simulated bridge driven the way the hub drives the real one: a QSerialPort
+// on its pty, commands and channel frames out, telemetry and text back.
+class TestBridgeSimulator : public QObject
+{
+    Q_OBJECT
+private slots:
+    void commandsAreAnsweredAndRecorded_data();
+    void commandsAreAnsweredAndRecorded();
+    void channelFramesDecodeToTheSentValues_data();
+    void channelFramesDecodeToTheSentValues();
+    void garbageBeforeAFrameDoesNotLoseIt_data();
+    void garbageBeforeAFrameDoesNotLoseIt();
+    void commandBehindAStalledPartialFrameIsStillAnswered();
+    void telemetryArrivesAtTheConfiguredRates_data();
+    void telemetryArrivesAtTheConfiguredRates();
+    void telemetryFlowsOnlyWhileTransmittingWithTheCarOn();
+    void telemetryPausesWhenTheHostFallsSilent();
+    void stalledBridgeRecordsButNeverAnswers();
+    void hangUpRemovesTheLinkAndPlugInRestoresIt();
+    void garbledLineStillCarriesGoodFrames();
+    void parameterWalkRunsOnlyInConfigMode();
+    void deviceEnquiryIsAnsweredByWhoIsReachable_data();
+    void deviceEnquiryIsAnsweredByWhoIsReachable();
+    void parameterWriteIsSeenByTheNextRead();
+    void logHoldsEveryFrameAndCommandInOrder();
+
+private:
+    static BridgeSimulatorSettings quietSettings();
+};
+
+BridgeSimulatorSettings TestBridgeSimulator::quietSettings()
+{
+    BridgeSimulatorSettings s;
+    s.telemetry.statusLineIntervalMs = 0; // keep the text channel to the answers under test
+    return s;
+}
+
+#define START_RIG(sim, client)                                                                               \
+    QVERIFY2((sim).start(), qPrintable((sim).errorString()));                                                \
+    QVERIFY2((client).open((sim).clientPath()), qPrintable((client).port.errorString()))
+
+void TestBridgeSimulator::commandsAreAnsweredAndRecorded_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("sent");
+    QTest::addColumn<QString>("recorded");
+    QTest::addColumn<QString>("reply");
+    QTest::addColumn<Mode>("mode");
+
+    QTest::newRow("start") << QByteArray() << QByteArray("START\n") << "START"
+                           << "OK START" << Mode::Transmitting;
+    QTest::newRow("start with CR LF") << QByteArray() << QByteArray("START\r\n") << "START"
+                                      << "OK START" << Mode::Transmitting;
+    QTest::newRow("stop") << QByteArray("START\n") << QByteArray("STOP\n") << "STOP"
+                          << "OK STOP" << Mode::Idle;
+    QTest::newRow("config on") << QByteArray() << QByteArray("CFGMODE ON\n") << "CFGMODE ON"
+                               << "OK CFGMODE ON" << Mode::Configuring;
+    QTest::newRow("config off") << QByteArray("CFGMODE ON\n") << QByteArray("CFGMODE OFF\n") << "CFGMODE OFF"
+                                << "OK CFGMODE OFF" << Mode::Idle;
+    QTest::newRow("keepalive") << QByteArray() << QByteArray("\n") << ""
+                               << "STATUS mode=idle link=up" << Mode::Idle;
+    QTest::newRow("keepalive while transmitting") << QByteArray("START\n") << QByteArray("\n") << ""
+                                                  << "STATUS mode=tx" << Mode::Transmitting;
+    QTest::newRow("start refused in config mode")
+        << QByteArray("CFGMODE ON\n") << QByteArray("START\n") << "START"
+        << "ERR START refused" << Mode::Configuring;
+    QTest::newRow("config refused while transmitting")
+        << QByteArray("START\n") << QByteArray("CFGMODE ON\n") << "CFGMODE ON"
+        << "ERR CFGMODE refused" << Mode::Transmitting;
+    QTest::newRow("unknown command") << QByteArray() << QByteArray("HELLO\n") << "HELLO"
+                                     << "ERR unknown command: HELLO" << Mode::Idle;
+}
+
+void TestBridgeSimulator::commandsAreAnsweredAndRecorded()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, sent);
+    QFETCH(QString, recorded);
+    QFETCH(QString, reply);
+    QFETCH(Mode, mode);
+
+    BridgeSimulator sim(quietSettings());
+    BridgeClient client;
+    START_RIG(sim, client);
+    if (!before.isEmpty())
+        QVERIFY(sendAndWaitForReply(client, before, QStringLiteral("OK ")));
+
+    QSignalSpy commands(&sim, &BridgeSimulator::commandReceived);
+    QVERIFY2(sendAndWaitForReply(client, sent, reply),
+             qPrintable(client.parser.lines.join(QLatin1Char('|'))));
+    QCOMPARE(commands.size(), 1);
+    QCOMPARE(commands.at(0).at(0).toString(), recorded);
+    QCOMPARE(sim.commands().last(), recorded);
+    QCOMPARE(sim.mode(), mode);
+}
+
+void TestBridgeSimulator::channelFramesDecodeToTheSentValues_data()
+{
+    QTest::addColumn<crsftest::Channels>("channels");
+    QTest::newRow("all centred") << filled(992);
+    QTest::newRow("all zero") << filled(0);
+    QTest::newRow("all full") << filled(2047);
+    QTest::newRow("alternating extremes")
+        << crsftest::Channels{0, 2047, 0, 2047, 0, 2047, 0, 2047, 0, 2047, 0, 2047, 0, 2047, 0, 2047};
+    crsftest::Channels ramp{};
+    for (int i = 0; i < 16; ++i)
+        ramp[size_t(i)] = 200 + 100 * i; // puts a sync byte inside the payload
+    QTest::newRow("ramp with sync byte in payload") << ramp;
+    QTest::newRow("ExpressLRS span") << crsftest::Channels{172, 1811, 992, 172, 1811, 992, 500, 1500,
+                                                           172, 1811, 992, 172, 1811, 992, 1,   2046};
+    QTest::newRow("out of range, clamped by the sender")
+        << crsftest::Channels{-5, 5000, 992, 992, 992, 992, 992, 992, 992, 992, 992, 992, 992, 992, -1, 2048};
+}
+
+void TestBridgeSimulator::channelFramesDecodeToTheSentValues()
+{
+    QFETCH(crsftest::Channels, channels);
+    BridgeSimulator sim(quietSettings());
+    BridgeClient client;
+    START_RIG(sim, client);
+
+    QSignalSpy decoded(&sim, &BridgeSimulator::channelFrameReceived);
+    // A burst the way the transmit loop writes them: many frames per read.
+    const int frames = 25;
+    QByteArray burst;
+    for (int i = 0; i < frames; ++i)
+        burst += crsftest::channelFrame(channels);
+    client.send(burst);
+    QTRY_COMPARE(decoded.size(), frames);
+
+    const crsftest::Channels expected = clamped(channels);
+    for (const QList<QVariant> &args : std::as_const(decoded))
+        QCOMPARE(args.at(0).value<ChannelArray>(), expected);
+    QCOMPARE(sim.lastChannels(), expected);
+    QCOMPARE(sim.channelFrameCount(), quint64(frames));
+    const QList<qint64> times = sim.channelFrameTimes();
+    QCOMPARE(times.size(), frames);
+    QVERIFY(std::is_sorted(times.cbegin(), times.cend()));
+    QCOMPARE(sim.garbageByteCount(), quint64(0));
+}
+
+void TestBridgeSimulator::garbageBeforeAFrameDoesNotLoseIt_data()
+{
+    QTest::addColumn<QByteArray>("garbage");
+    const QByteArray other = crsftest::channelFrame(filled(1500));
+    QByteArray badCrc = other;
+    badCrc.back() = char(badCrc.back() ^ 0x40);
+    QTest::newRow("stray zero") << QByteArray(1, '\0');
+    QTest::newRow("binary noise") << QByteArray::fromHex("fffe0180817f00");
+    QTest::newRow("printable noise") << QByteArray("noise");
+    QTest::newRow("sync with impossible length") << QByteArray::fromHex("c801");
+    QTest::newRow("sync with long length") << QByteArray::fromHex("c83e");
+    QTest::newRow("lone sync with the channel length") << QByteArray::fromHex("c818");
+    QTest::newRow("truncated frame") << other.left(13);
+    QTest::newRow("frame with a bad CRC") << badCrc;
+    QTest::newRow("garbage sync from the module address") << QByteArray::fromHex("ee0516");
+}
+
+void TestBridgeSimulator::garbageBeforeAFrameDoesNotLoseIt()
+{
+    QFETCH(QByteArray, garbage);
+    BridgeSimulator sim(quietSettings());
+    BridgeClient client;
+    START_RIG(sim, client);
+    QSignalSpy decoded(&sim, &BridgeSimulator::channelFrameReceived);
+    QSignalSpy dropped(&sim, &BridgeSimulator::garbageReceived);
+
+    crsftest::Channels sent{};
+    for (int i = 0; i < 16; ++i)
+        sent[size_t(i)] = 100 * i + 7;
+    client.send(garbage + crsftest::channelFrame(sent));
+    QTRY_COMPARE(decoded.size(), 1);
+    QCOMPARE(decoded.at(0).at(0).value<ChannelArray>(), sent);
+    QTRY_VERIFY(sim.garbageByteCount() >= quint64(1));
+    QVERIFY(!dropped.isEmpty());
+}
+
+void TestBridgeSimulator::commandBehindAStalledPartialFrameIsStillAnswered()
+{
+    BridgeSimulator sim(quietSettings());
+    BridgeClient client;
+    START_RIG(sim, client);
+    // 0xC8 0x18 promises a 26-byte frame that never comes; the command behind it
+    // must not wait forever.
+    QVERIFY(sendAndWaitForReply(client, QByteArray::fromHex("c818") + "START\n", QStringLiteral("OK START")));
+    QCOMPARE(sim.mode(), Mode::Transmitting);
+}
+
+void TestBridgeSimulator::telemetryArrivesAtTheConfiguredRates_data()
+{
+    QTest::addColumn<double>("motionHz");
+    QTest::addColumn<bool>("wrap");
+    QTest::newRow("motion 50 Hz") << 50.0 << false;
+    QTest::newRow("motion 50 Hz wrapped in 0x50") << 50.0 << true;
+    QTest::newRow("motion 20 Hz") << 20.0 << false;
+}
+
+void TestBridgeSimulator::telemetryArrivesAtTheConfiguredRates()
+{
+    QFETCH(double, motionHz);
+    QFETCH(bool, wrap);
+    BridgeSimulatorSettings settings = quietSettings();
+    settings.telemetry.motionHz = motionHz;
+    settings.telemetry.wrapMotion = wrap;
+    settings.telemetry.linkStatisticsIntervalMs = 100;
+    settings.telemetry.attitudeIntervalMs = 100;
+    settings.telemetry.gpsIntervalMs = 200;
+    settings.telemetry.batteryIntervalMs = 500;
+    BridgeSimulator sim(settings);
+    BridgeClient client;
+    START_RIG(sim, client);
+    QVERIFY(sendAndWaitForReply(client, "START\n", QStringLiteral("OK START")));
+
+    // The window is measured in link-statistics frames, the others are judged
+    // against it: ratios hold on a loaded machine where absolute times do not.
+    client.parser.clear();
+    QElapsedTimer window;
+    window.start();
+    const int linkFrames = 12;
+    QTRY_VERIFY_WITH_TIMEOUT(client.parser.countOfType(0x14) >= linkFrames, 10000);
+    const qint64 elapsedMs = window.elapsed();
+    const auto &p = client.parser;
+
+    QCOMPARE(p.badFrames, 0);
+    QVERIFY2(elapsedMs > linkFrames * 100 / 2 && elapsedMs < linkFrames * 100 * 4,
+             qPrintable(QString::number(elapsedMs)));
+    const double motionType = wrap ? 0x50 : 0x23;
+    const int motion = p.countOfType(uint8_t(motionType));
+    const double expectedMotion = linkFrames * motionHz / 10.0;
+    QVERIFY2(
+        motion > expectedMotion * 0.5 && motion < expectedMotion * 1.5,
+        qPrintable(QStringLiteral("%1 motion frames, expected about %2").arg(motion).arg(expectedMotion)));
+    QCOMPARE(p.countOfType(wrap ? 0x23 : 0x50), 0);
+    const int attitude = p.countOfType(0x1E);
+    QVERIFY2(attitude >= linkFrames / 2 && attitude <= linkFrames * 2, qPrintable(QString::number(attitude)));
+    const int gps = p.countOfType(0x02);
+    QVERIFY2(gps >= linkFrames / 4 && gps <= linkFrames, qPrintable(QString::number(gps)));
+    QVERIFY(p.countOfType(0x08) >= 1);
+
+    for (const QByteArray &f : p.frames) {
+        const uint8_t type = uint8_t(f[2]);
+        const qsizetype payload = f.size() - 4;
+        QCOMPARE(uint8_t(f[0]), uint8_t(0xEA));
+        if (type == 0x14)
+            QCOMPARE(payload, 10);
+        if (type == 0x02)
+            QCOMPARE(payload, 15);
+        if (type == 0x50) {
+            QCOMPARE(uint8_t(f[4]), uint8_t(0xCA));
+            QCOMPARE(payload, 9);
+        }
+    }
+}
+
+void TestBridgeSimulator::telemetryFlowsOnlyWhileTransmittingWithTheCarOn()
+{
+    BridgeSimulator sim(quietSettings());
+    BridgeClient client;
+    START_RIG(sim, client);
+    QSignalSpy sent(&sim, &BridgeSimulator::telemetryFrameSent);
+
+    QVERIFY(sendAndWaitForReply(client, "\n", QStringLiteral("STATUS")));
+    QVERIFY(!sent.wait(400)); // connected but not transmitting: the radio is silent
+
+    QVERIFY(sendAndWaitForReply(client, "START\n", QStringLiteral("OK START")));
+    QVERIFY(sent.wait(1000));
+
+    sim.setLinkUp(false); // the car is switched off
+    QVERIFY(client.waitForLine(QStringLiteral("LINK: lost")));
+    sent.clear();
+    QVERIFY(!sent.wait(400));
+    QVERIFY(sendAndWaitForReply(client, "\n", QStringLiteral("link=down")));
+
+    sim.setLinkUp(true);
+    QVERIFY(client.waitForLine(QStringLiteral("LINK: connected")));
+    QVERIFY(sent.wait(1000));
+
+    QVERIFY(sendAndWaitForReply(client, "STOP\n", QStringLiteral("OK STOP")));
+    QVERIFY(!sim.isTelemetryFlowing());
+}
+
+void TestBridgeSimulator::telemetryPausesWhenTheHostFallsSilent()
+{
+    BridgeSimulatorSettings settings = quietSettings();
+    settings.hostSilenceTimeoutMs = 200;
+    BridgeSimulator sim(settings);
+    BridgeClient client;
+    START_RIG(sim, client);
+    QVERIFY(sendAndWaitForReply(client, "START\n", QStringLiteral("OK START")));
+    QVERIFY(sim.isTelemetryFlowing());
+    QTRY_VERIFY_WITH_TIMEOUT(!sim.isTelemetryFlowing(), 3000);
+    QCOMPARE(sim.mode(), Mode::Transmitting);
+    client.send(crsftest::channelFrame(filled(992)));
+    QTRY_VERIFY(sim.isTelemetryFlowing());
+}
+
+void TestBridgeSimulator::stalledBridgeRecordsButNeverAnswers()
+{
+    BridgeSimulator sim(quietSettings());
+    BridgeClient client;
+    START_RIG(sim, client);
+    sim.setStalled(true);
+    QSignalSpy commands(&sim, &BridgeSimulator::commandReceived);
+    QSignalSpy sent(&sim, &BridgeSimulator::telemetryFrameSent);
+    client.send("START\n");
+    QVERIFY(commands.wait());
+    QCOMPARE(commands.at(0).at(0).toString(), QStringLiteral("START"));
+    QVERIFY(!client.waitForLine(QStringLiteral("OK"), 400));
+    QVERIFY(sent.isEmpty());
+    QCOMPARE(sim.mode(), Mode::Idle); // a hung firmware acts on nothing
+
+    sim.setStalled(false);
+    QVERIFY(sendAndWaitForReply(client, "START\n", QStringLiteral("OK START")));
+    QVERIFY(sent.wait(1000));
+    sim.setStalled(true);
+    QVERIFY(!sim.isTelemetryFlowing());
+}
+
+void TestBridgeSimulator::hangUpRemovesTheLinkAndPlugInRestoresIt()
+{
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    const QString link = dir.filePath(QStringLiteral("ttyORVANE0"));
+    BridgeSimulator sim(quietSettings());
+    QVERIFY2(sim.start(link), qPrintable(sim.errorString()));
+    QCOMPARE(sim.clientPath(), link);
+    QCOMPARE(QFileInfo(link).symLinkTarget(), sim.slavePath());
+
+    auto client = std::make_unique<BridgeClient>();
+    QVERIFY(client->open(link));
+    QVERIFY(sendAndWaitForReply(*client, "START\n", QStringLiteral("OK START")));
+    QVERIFY(sim.isTelemetryFlowing());
+
+    QSignalSpy lost(client.get(), &BridgeClient::lost);
+    QSignalSpy hung(&sim, &BridgeSimulator::hungUp);
+    sim.hangUp();
+    QCOMPARE(hung.size(), 1);
+    QVERIFY(!QFileInfo::exists(link));
+    QVERIFY(!sim.isPluggedIn());
+    QVERIFY(!sim.isTelemetryFlowing());
+    QCOMPARE(sim.mode(), Mode::Idle);
+    QTRY_VERIFY(!lost.isEmpty());
+    QVERIFY(!BridgeClient().open(link));
+
+    QSignalSpy plugged(&sim, &BridgeSimulator::pluggedIn);
+    QVERIFY(sim.plugIn());
+    QCOMPARE(plugged.size(), 1);
+    QVERIFY(QFileInfo::exists(link));
+    QCOMPARE(QFileInfo(link).symLinkTarget(), sim.slavePath());
+
+    // A freshly booted bridge: not transmitting until told again.
+    client = std::make_unique<BridgeClient>();
+    QVERIFY2(client->open(link), qPrintable(client->port.errorString()));
+    QVERIFY(sendAndWaitForReply(*client, "\n", QStringLiteral("STATUS mode=idle")));
+    QVERIFY(sendAndWaitForReply(*client, "START\n", QStringLiteral("OK START")));
+    QVERIFY(sim.isTelemetryFlowing());
+}
+
+void TestBridgeSimulator::garbledLineStillCarriesGoodFrames()
+{
+    BridgeSimulator sim(quietSettings());
+    BridgeClient client;
+    START_RIG(sim, client);
+    QVERIFY(sendAndWaitForReply(client, "START\n", QStringLiteral("OK START")));
+    client.parser.clear();
+    QSignalSpy sent(&sim, &BridgeSimulator::telemetryFrameSent);
+    sim.setGarbling(true);
+    QTRY_VERIFY_WITH_TIMEOUT(sent.size() >= 60, 10000);
+    sim.setGarbling(false);
+    QVERIFY(sendAndWaitForReply(client, "\n", QStringLiteral("STATUS")));
+
+    // Every frame the host accepts passed its CRC, and the noise did not hide most frames.
+    QVERIFY(client.parser.droppedBytes > 0);
+    QVERIFY2(client.parser.frames.size() >= sent.size() * 9 / 10,
+             qPrintable(QStringLiteral("%1 of %2").arg(client.parser.frames.size()).arg(sent.size())));
+}
+
+void TestBridgeSimulator::parameterWalkRunsOnlyInConfigMode()
+{
+    BridgeSimulator sim(quietSettings());
+    BridgeClient client;
+    START_RIG(sim, client);
+    QVERIFY(sendAndWaitForReply(client, "WALKRF\n", QStringLiteral("ERR WALKRF needs CFGMODE ON")));
+    QVERIFY(sendAndWaitForReply(client, "CFGMODE ON\n", QStringLiteral("OK CFGMODE ON")));
+    const qsizetype from = client.parser.lines.size();
+    QVERIFY(sendAndWaitForReply(client, "WALKRF\n", QStringLiteral("WALK: starting")));
+    QVERIFY(client.waitForLine(QStringLiteral("WALK: done"), 3000, from));
+
+    const QStringList walk = client.parser.lines.mid(from);
+    QCOMPARE(walk.first(), QStringLiteral("WALK: starting"));
+    QCOMPARE(walk.last(), QStringLiteral("WALK: done"));
+    const QStringList fields = walk.filter(QStringLiteral("FIELD "));
+    QCOMPARE(fields.size(), walk.size() - 2);
+    QCOMPARE(fields.size(), tavrix::sim::SimulatedParameterDevice::transmitterModule().fields().size());
+    QVERIFY(fields.first().startsWith(QLatin1String("FIELD 1: 00 09 50 61 63 6B 65 74"))); // "Packet"
+}
+
+void TestBridgeSimulator::deviceEnquiryIsAnsweredByWhoIsReachable_data()
+{
+    QTest::addColumn<bool>("carOn");
+    QTest::addColumn<QByteArray>("ping");
+    QTest::addColumn<QList<int>>("origins");
+    const QByteArray broadcast = crsftest::frame(0x28, QByteArray::fromHex("00ea"));
+    QTest::newRow("broadcast, car on") << true << broadcast << QList<int>{0xEE, 0xC8};
+    QTest::newRow("broadcast, car off") << false << broadcast << QList<int>{0xEE};
+    QTest::newRow("to the receiver, car on")
+        << true << crsftest::frame(0x28, QByteArray::fromHex("c8ea")) << QList<int>{0xC8};
+}
+
+void TestBridgeSimulator::deviceEnquiryIsAnsweredByWhoIsReachable()
+{
+    QFETCH(bool, carOn);
+    QFETCH(QByteArray, ping);
+    QFETCH(QList<int>, origins);
+    BridgeSimulator sim(quietSettings());
+    BridgeClient client;
+    START_RIG(sim, client);
+    sim.setLinkUp(carOn);
+    client.send(ping);
+    QTRY_COMPARE(client.parser.countOfType(0x29), origins.size());
+    // A keepalive answered means every answer to the ping is in.
+    QVERIFY(sendAndWaitForReply(client, "\n", QStringLiteral("STATUS")));
+    QList<int> got;
+    for (const QByteArray &f : std::as_const(client.parser.frames))
+        if (uint8_t(f[2]) == 0x29)
+            got.append(uint8_t(f[4]));
+    QCOMPARE(got, origins);
+}
+
+void TestBridgeSimulator::parameterWriteIsSeenByTheNextRead()
+{
+    BridgeSimulator sim(quietSettings());
+    BridgeClient client;
+    START_RIG(sim, client);
+    QVERIFY(sendAndWaitForReply(client, "CFGMODE ON\n", QStringLiteral("OK CFGMODE ON")));
+    // Max Power (field 4, one chunk) to option 1, then read it back.
+    client.send(crsftest::frame(0x2D, QByteArray::fromHex("eeef0401")));
+    client.send(crsftest::frame(0x2C, QByteArray::fromHex("eeef0400")));
+    QTRY_COMPARE(client.parser.countOfType(0x2B), 1);
+    const QByteArray entry = client.parser.frames.last();
+    const QByteArray data = entry.mid(7, entry.size() - 8);
+    const qsizetype options = data.indexOf('\0', data.indexOf('\0', 2) + 1); // after name and options
+    QVERIFY(options > 0);
+    QCOMPARE(uint8_t(entry[6]), uint8_t(0)); // no chunks remaining
+    QCOMPARE(int(uint8_t(data[options + 1])), 1);
+}
+
+void TestBridgeSimulator::logHoldsEveryFrameAndCommandInOrder()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("bridge.jsonl"));
+    BridgeSimulator sim(quietSettings());
+    BridgeLog log;
+    QVERIFY2(log.open(path), qPrintable(log.errorString()));
+    log.attach(&sim);
+    BridgeClient client;
+    START_RIG(sim, client);
+
+    const crsftest::Channels first = filled(172);
+    crsftest::Channels second{};
+    for (int i = 0; i < 16; ++i)
+        second[size_t(i)] = 2047 - 60 * i;
+    const qint64 before = QDateTime::currentMSecsSinceEpoch();
+    QVERIFY(sendAndWaitForReply(client, "START\n", QStringLiteral("OK START")));
+    client.send(crsftest::channelFrame(first) + QByteArray(1, '\0') + crsftest::channelFrame(second));
+    QVERIFY(sendAndWaitForReply(client, "\n", QStringLiteral("STATUS")));
+    QVERIFY(sendAndWaitForReply(client, "STOP\n", QStringLiteral("OK STOP")));
+    const qint64 after = QDateTime::currentMSecsSinceEpoch();
+
+    // Read while the log is still open: it is flushed record by record.
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QStringList kinds;
+    QList<QJsonObject> records;
+    while (!file.atEnd()) {
+        QJsonParseError error;
+        const QJsonDocument doc = QJsonDocument::fromJson(file.readLine(), &error);
+        QCOMPARE(error.error, QJsonParseError::NoError);
+        const QJsonObject o = doc.object();
+        const qint64 t = qint64(o.value(QStringLiteral("t")).toDouble());
+        QVERIFY(t >= before && t <= after);
+        kinds.append(o.value(QStringLiteral("kind")).toString() + QLatin1Char(':') +
+                     o.value(QStringLiteral("command")).toString());
+        records.append(o);
+    }
+    QCOMPARE(kinds, (QStringList{QStringLiteral("command:START"), QStringLiteral("frame:"),
+                                 QStringLiteral("garbage:"), QStringLiteral("frame:"),
+                                 QStringLiteral("keepalive:"), QStringLiteral("command:STOP")}));
+    for (const auto &[index, sent] : {std::pair{1, first}, std::pair{3, second}}) {
+        const QJsonObject &frame = records.at(index);
+        QCOMPARE(frame.value(QStringLiteral("type")).toInt(), 0x16);
+        QCOMPARE(frame.value(QStringLiteral("hex")).toString(),
+                 QString::fromLatin1(crsftest::channelFrame(sent).toHex()));
+        const QJsonArray channels = frame.value(QStringLiteral("channels")).toArray();
+        QCOMPARE(channels.size(), 16);
+        for (int i = 0; i < 16; ++i)
+            QCOMPARE(channels.at(i).toInt(), sent[size_t(i)]);
+    }
+    QCOMPARE(records.at(2).value(QStringLiteral("hex")).toString(), QStringLiteral("00"));
+}
+
+QTEST_GUILESS_MAIN(TestBridgeSimulator)
+#include "tst_bridgesimulator.moc"

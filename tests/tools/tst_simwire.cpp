@@ -1,0 +1,224 @@
+#include "bridgestreamsplitter.h"
+#include "crsftestcodec.h"
+#include "crsfwire.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRandomGenerator>
+#include <QTest>
+
+using tavrix::sim::BridgeStreamSplitter;
+namespace crsfwire = tavrix::sim::crsfwire;
+using Kind = BridgeStreamSplitter::Item::Kind;
+
+// The simulator's own CRSF framing against frames from independent implementations
+// and against the tests' packer, and its stream splitter against hostile byte streams.
+class TestSimWire : public QObject
+{
+    Q_OBJECT
+private slots:
+    void crcAgreesWithIndependentFrames_data();
+    void crcAgreesWithIndependentFrames();
+    void unpacksIndependentChannelPayloads_data();
+    void unpacksIndependentChannelPayloads();
+    void unpacksWhatTheTestPackerPacks();
+    void splitterFindsFramesAndLines_data();
+    void splitterFindsFramesAndLines();
+    void splitterGivesUpOnAStalledPartialFrame();
+    void splitterRecoversFromRandomNoise();
+
+private:
+    static QJsonArray vectors();
+};
+
+QJsonArray TestSimWire::vectors()
+{
+    QFile f(QStringLiteral(ORVANE_SHARED_DIR "/crsf/vectors.json"));
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    return QJsonDocument::fromJson(f.readAll()).array();
+}
+
+void TestSimWire::crcAgreesWithIndependentFrames_data()
+{
+    QTest::addColumn<QByteArray>("frame");
+    const QJsonArray all = vectors();
+    if (all.isEmpty())
+        QSKIP("CRSF vectors not found under " ORVANE_SHARED_DIR "/crsf");
+    for (const QJsonValue &v : all) {
+        const QJsonObject o = v.toObject();
+        if (o.value(QStringLiteral("crc_ok")).toBool())
+            QTest::newRow(qPrintable(o.value(QStringLiteral("name")).toString()))
+                << QByteArray::fromHex(o.value(QStringLiteral("hex")).toString().toLatin1());
+    }
+}
+
+void TestSimWire::crcAgreesWithIndependentFrames()
+{
+    QFETCH(QByteArray, frame);
+    const int len = uint8_t(frame[1]);
+    QCOMPARE(frame.size(), len + 2);
+    QCOMPARE(crsfwire::crc8(QByteArrayView(frame).sliced(2, len - 1)), uint8_t(frame.back()));
+    QCOMPARE(crsftest::crc8(QByteArrayView(frame).sliced(2, len - 1)), uint8_t(frame.back()));
+    // Rebuilding from type and payload gives the same bytes (address kept).
+    QCOMPARE(
+        crsfwire::buildFrame(uint8_t(frame[2]), QByteArrayView(frame).sliced(3, len - 2), uint8_t(frame[0])),
+        frame);
+}
+
+void TestSimWire::unpacksIndependentChannelPayloads_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QList<int>>("expected");
+    QTest::newRow("betaflight unpack bits")
+        << QStringLiteral("bf_rc_unpack_bits")
+        << QList<int>{2047, 31, 0, 172, 0, 992, 0, 1811, 0, 0, 0, 0, 0, 0, 0, 0};
+    QTest::newRow("extremes") << QStringLiteral("packed_extremes")
+                              << QList<int>{172, 992, 1811, 0,   2047, 992, 992, 992,
+                                            992, 992, 992,  992, 992,  992, 992, 992};
+    QList<int> ramp;
+    for (int i = 0; i < 16; ++i)
+        ramp.append(200 + 100 * i);
+    QTest::newRow("edgetx trainer, payload holds 0xC8") << QStringLiteral("edgetx_trainer_channels") << ramp;
+}
+
+void TestSimWire::unpacksIndependentChannelPayloads()
+{
+    QFETCH(QString, name);
+    QFETCH(QList<int>, expected);
+    QByteArray frame;
+    for (const QJsonValue &v : vectors()) {
+        if (v[QStringLiteral("name")].toString() == name)
+            frame = QByteArray::fromHex(v[QStringLiteral("hex")].toString().toLatin1());
+    }
+    if (frame.isEmpty())
+        QSKIP("CRSF vector not found");
+    const auto channels = crsfwire::unpackChannels(QByteArrayView(frame).sliced(3, 22));
+    QVERIFY(channels.has_value());
+    QCOMPARE(QList<int>(channels->begin(), channels->end()), expected);
+}
+
+void TestSimWire::unpacksWhatTheTestPackerPacks()
+{
+    QRandomGenerator rng(7);
+    for (int round = 0; round < 200; ++round) {
+        crsftest::Channels sent{};
+        for (int32_t &v : sent)
+            v = int32_t(rng.bounded(2048));
+        const QByteArray frame = crsftest::channelFrame(sent);
+        QVERIFY(crsfwire::isValidFrame(frame));
+        const auto got = crsfwire::unpackChannels(QByteArrayView(frame).sliced(3));
+        QVERIFY(got.has_value());
+        QCOMPARE(*got, sent);
+    }
+    QVERIFY(!crsfwire::unpackChannels(QByteArray(21, '\0')).has_value());
+}
+
+void TestSimWire::splitterFindsFramesAndLines_data()
+{
+    QTest::addColumn<QByteArray>("stream");
+    QTest::addColumn<int>("chunkSize");    // 0: all at once
+    QTest::addColumn<QString>("expected"); // F<type> for a frame, L<text> for a line, | between
+
+    const QByteArray channels = crsftest::channelFrame(
+        {992, 992, 992, 992, 992, 992, 992, 992, 992, 992, 992, 992, 992, 992, 992, 992});
+    crsftest::Channels ramp{};
+    for (int i = 0; i < 16; ++i)
+        ramp[size_t(i)] = 200 + 100 * i; // packs a 0xC8 into the payload
+    const QByteArray rampFrame = crsftest::channelFrame(ramp);
+    QByteArray badCrc = channels;
+    badCrc.back() = char(badCrc.back() ^ 0x01);
+
+    QTest::newRow("command") << QByteArray("START\n") << 0 << QStringLiteral("LSTART");
+    QTest::newRow("CR LF line end") << QByteArray("CFGMODE ON\r\n") << 0 << QStringLiteral("LCFGMODE ON");
+    QTest::newRow("keepalive") << QByteArray("\n") << 0 << QStringLiteral("L");
+    QTest::newRow("frame then command") << channels + "STOP\n" << 0 << QStringLiteral("F16|LSTOP");
+    QTest::newRow("one byte at a time")
+        << channels + "STOP\n" + channels << 1 << QStringLiteral("F16|LSTOP|F16");
+    QTest::newRow("payload holding a sync byte") << rampFrame + rampFrame << 3 << QStringLiteral("F16|F16");
+    QTest::newRow("stray zero before frame") << QByteArray(1, '\0') + channels << 0 << QStringLiteral("F16");
+    QTest::newRow("binary noise before frame")
+        << QByteArray::fromHex("00ff8081fe") + channels << 0 << QStringLiteral("F16");
+    QTest::newRow("sync with impossible length")
+        << QByteArray::fromHex("c8ff") + channels << 0 << QStringLiteral("F16");
+    QTest::newRow("bad CRC frame, then good") << badCrc + channels << 0 << QStringLiteral("F16");
+    QTest::newRow("truncated frame, then good") << channels.left(10) + channels << 0 << QStringLiteral("F16");
+    QTest::newRow("printable noise before frame is no command") << QByteArray("xyz") + channels + "START\n"
+                                                                << 0 << QStringLiteral("F16|LSTART");
+    QTest::newRow("binary byte breaks a line") << QByteArray("STA\x01RT\n") << 0 << QStringLiteral("LRT");
+    QTest::newRow("telemetry from module address")
+        << crsftest::frame(0x14, QByteArray(10, '\x05'), 0xEE) << 0 << QStringLiteral("F14");
+    QTest::newRow("over-long line is cut") << QByteArray(200, 'A') + "\n"
+                                           << 0 << QStringLiteral("L") + QString(128, QLatin1Char('A'));
+}
+
+void TestSimWire::splitterFindsFramesAndLines()
+{
+    QFETCH(QByteArray, stream);
+    QFETCH(int, chunkSize);
+    QFETCH(QString, expected);
+
+    BridgeStreamSplitter splitter;
+    QList<BridgeStreamSplitter::Item> items;
+    const int step = chunkSize > 0 ? chunkSize : int(stream.size());
+    for (qsizetype i = 0; i < stream.size(); i += step)
+        items += splitter.feed(QByteArrayView(stream).sliced(i, qMin<qsizetype>(step, stream.size() - i)));
+
+    QStringList got;
+    for (const auto &item : items) {
+        if (item.kind == Kind::Frame) {
+            QVERIFY(crsftest::crc8(QByteArrayView(item.bytes).sliced(2, item.bytes.size() - 3)) ==
+                    uint8_t(item.bytes.back()));
+            got.append(QStringLiteral("F%1").arg(uint8_t(item.bytes[2]), 2, 16, QLatin1Char('0')));
+        } else if (item.kind == Kind::Line) {
+            got.append(QLatin1Char('L') + QString::fromLatin1(item.bytes));
+        }
+    }
+    QCOMPARE(got.join(QLatin1Char('|')), expected);
+    QVERIFY(!splitter.hasPartialFrame());
+}
+
+void TestSimWire::splitterGivesUpOnAStalledPartialFrame()
+{
+    // A lone sync byte with a plausible length swallows the command behind it until
+    // the bridge gives up on the frame; then the command is found after all.
+    BridgeStreamSplitter splitter;
+    const auto first = splitter.feed(QByteArray::fromHex("c818") + "STOP\n");
+    QVERIFY(first.isEmpty());
+    QVERIFY(splitter.hasPartialFrame());
+    const auto rest = splitter.abandonPartialFrame();
+    QVERIFY(!splitter.hasPartialFrame());
+    QCOMPARE(rest.size(), 2);
+    QCOMPARE(rest[0].kind, Kind::Garbage);
+    QCOMPARE(rest[0].bytes, QByteArray::fromHex("c818"));
+    QCOMPARE(rest[1].kind, Kind::Line);
+    QCOMPARE(rest[1].bytes, QByteArray("STOP"));
+}
+
+void TestSimWire::splitterRecoversFromRandomNoise()
+{
+    BridgeStreamSplitter splitter;
+    QRandomGenerator rng(11);
+    QByteArray noise(100000, Qt::Uninitialized);
+    for (char &c : noise)
+        c = char(rng.bounded(256));
+    qsizetype garbage = 0;
+    for (qsizetype i = 0; i < noise.size(); i += 997) {
+        for (const auto &item :
+             splitter.feed(QByteArrayView(noise).sliced(i, qMin<qsizetype>(997, noise.size() - i))))
+            garbage += item.kind == Kind::Garbage ? item.bytes.size() : 0;
+    }
+    // Whatever random bytes did, a good frame fed after them comes out.
+    const QByteArray good = crsftest::channelFrame({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
+    QList<BridgeStreamSplitter::Item> items = splitter.feed(good);
+    while (splitter.hasPartialFrame())
+        items += splitter.abandonPartialFrame();
+    QVERIFY(std::any_of(items.cbegin(), items.cend(),
+                        [&](const auto &item) { return item.kind == Kind::Frame && item.bytes == good; }));
+    QVERIFY(garbage > noise.size() / 2);
+}
+
+QTEST_GUILESS_MAIN(TestSimWire)
+#include "tst_simwire.moc"

@@ -1,0 +1,159 @@
+// orvane-sim: simulated peers of the hub on pseudo-terminals, for demos and manual checks.
+#include "bridgelog.h"
+#include "bridgesimulator.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QSocketNotifier>
+#include <QTextStream>
+
+#include <csignal>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace {
+
+// Signals arrive on a socket so they are handled in the event loop, not in the
+// signal handler (where almost nothing is safe to call).
+int g_signalSocket[2] = {-1, -1};
+
+void forwardSignal(int signal)
+{
+    const char byte = char(signal);
+    [[maybe_unused]] const ssize_t n = ::write(g_signalSocket[0], &byte, 1);
+}
+
+bool installSignalForwarding()
+{
+    if (::socketpair(AF_UNIX, SOCK_STREAM, 0, g_signalSocket) != 0)
+        return false;
+    struct sigaction action = {};
+    action.sa_handler = forwardSignal;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    for (const int s : {SIGINT, SIGTERM, SIGUSR1, SIGUSR2})
+        if (::sigaction(s, &action, nullptr) != 0)
+            return false;
+    return true;
+}
+
+int runBridge(QCoreApplication &app, const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Plays the Orvane Transmitter's USB bridge on a pseudo-terminal.\n"
+                       "SIGUSR1 unplugs it, SIGUSR2 plugs it back in; SIGINT or SIGTERM ends the run."));
+    parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("bridge"), QStringLiteral("The simulated device."));
+    const QCommandLineOption logOption(
+        QStringLiteral("log"), QStringLiteral("Write what the bridge receives as JSON lines to <file>."),
+        QStringLiteral("file"));
+    const QCommandLineOption linkOption(QStringLiteral("link"),
+                                        QStringLiteral("Also serve the port as a symlink at <path>."),
+                                        QStringLiteral("path"));
+    const QCommandLineOption motionOption(
+        QStringLiteral("motion-hz"), QStringLiteral("Rate of the car's motion record (default 50, 0 = off)."),
+        QStringLiteral("hz"));
+    const QCommandLineOption wrapOption(QStringLiteral("wrap-motion"),
+                                        QStringLiteral("Send the motion record inside 0x50 wrapper frames."));
+    const QCommandLineOption linkStatsOption(QStringLiteral("link-stats-ms"),
+                                             QStringLiteral("Link statistics interval (default 100)."),
+                                             QStringLiteral("ms"));
+    const QCommandLineOption carOffOption(QStringLiteral("car-off"),
+                                          QStringLiteral("Start with the car switched off (no radio link)."));
+    const QCommandLineOption garbleOption(QStringLiteral("garble"),
+                                          QStringLiteral("Put random bytes before everything sent."));
+    parser.addOptions(
+        {logOption, linkOption, motionOption, wrapOption, linkStatsOption, carOffOption, garbleOption});
+    parser.process(arguments);
+
+    QTextStream err(stderr);
+    tavrix::sim::BridgeSimulatorSettings settings;
+    if (parser.isSet(motionOption)) {
+        bool ok = false;
+        settings.telemetry.motionHz = parser.value(motionOption).toDouble(&ok);
+        if (!ok || settings.telemetry.motionHz < 0.0 || settings.telemetry.motionHz > 1000.0) {
+            err << "orvane-sim: --motion-hz must be a number from 0 to 1000\n";
+            return 2;
+        }
+    }
+    if (parser.isSet(linkStatsOption)) {
+        bool ok = false;
+        settings.telemetry.linkStatisticsIntervalMs = parser.value(linkStatsOption).toInt(&ok);
+        if (!ok || settings.telemetry.linkStatisticsIntervalMs < 0) {
+            err << "orvane-sim: --link-stats-ms must be a whole number of milliseconds\n";
+            return 2;
+        }
+    }
+    settings.telemetry.wrapMotion = parser.isSet(wrapOption);
+    settings.linkUp = !parser.isSet(carOffOption);
+
+    tavrix::sim::BridgeSimulator bridge(settings);
+    tavrix::sim::BridgeLog log;
+    if (parser.isSet(logOption)) {
+        if (!log.open(parser.value(logOption))) {
+            err << "orvane-sim: cannot write " << parser.value(logOption) << ": " << log.errorString()
+                << '\n';
+            return 1;
+        }
+        log.attach(&bridge);
+    }
+    if (!bridge.start(parser.value(linkOption))) {
+        err << "orvane-sim: cannot create the pseudo-terminal: " << bridge.errorString() << '\n';
+        return 1;
+    }
+    bridge.setGarbling(parser.isSet(garbleOption));
+
+    QTextStream out(stdout);
+    out << "pty: " << bridge.slavePath() << '\n';
+    if (!bridge.linkPath().isEmpty())
+        out << "link: " << bridge.linkPath() << '\n';
+    out.flush();
+
+    QObject::connect(&bridge, &tavrix::sim::BridgeSimulator::pluggedIn, &app, [&] {
+        out << "pty: " << bridge.slavePath() << '\n';
+        out.flush();
+    });
+
+    QSocketNotifier notifier(g_signalSocket[1], QSocketNotifier::Read);
+    QObject::connect(&notifier, &QSocketNotifier::activated, &app, [&] {
+        char signal = 0;
+        if (::read(g_signalSocket[1], &signal, 1) != 1)
+            return;
+        switch (signal) {
+        case SIGUSR1:
+            err << "orvane-sim: unplugged\n";
+            err.flush();
+            bridge.hangUp();
+            break;
+        case SIGUSR2:
+            if (!bridge.plugIn()) {
+                err << "orvane-sim: replug failed: " << bridge.errorString() << '\n';
+                err.flush();
+            }
+            break;
+        default:
+            app.quit();
+        }
+    });
+    return app.exec();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("orvane-sim"));
+    if (!installSignalForwarding()) {
+        QTextStream(stderr) << "orvane-sim: cannot install signal handlers\n";
+        return 1;
+    }
+    const QStringList arguments = QCoreApplication::arguments();
+    const QString device = arguments.value(1);
+    if (device == QLatin1String("bridge"))
+        return runBridge(app, arguments);
+    QTextStream(stderr)
+        << "usage: orvane-sim bridge [options]   (orvane-sim bridge --help for the options)\n";
+    return 2;
+}
