@@ -54,7 +54,10 @@ bool JsonFile::write(const QString &path, const QJsonObject &object, QString *re
         return false;
     }
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
+    // Unbuffered, so a short write (full disk, file size limit) shows in write()'s count. With
+    // the default buffering the bytes are only written inside commit(), where Qt 6.4 can take
+    // a write cut short by the disk as success and rename a truncated file over the old one.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         if (reason)
             *reason = file.errorString();
         return false;
