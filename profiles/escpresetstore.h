@@ -2,6 +2,7 @@
 
 #include <QJsonObject>
 #include <QList>
+#include <QObject>
 #include <QString>
 
 #include <optional>
@@ -22,24 +23,38 @@ struct EscPreset
     friend bool operator==(const EscPreset &, const EscPreset &) = default;
 };
 
-// The shared ESC preset list and its file, "esc_presets.json". The list is only ever
-// replaced whole, and only after the new file has been written.
-class EscPresetStore
+// The shared ESC preset list and its file, "esc_presets.json". Every change writes the
+// whole list first and takes effect only once written; a refusal changes nothing.
+class EscPresetStore : public QObject
 {
+    Q_OBJECT
+
 public:
-    explicit EscPresetStore(QString filePath);
+    explicit EscPresetStore(QString filePath, QObject *parent = nullptr);
 
     [[nodiscard]] QString filePath() const { return m_filePath; }
     [[nodiscard]] const QList<EscPreset> &presets() const { return m_presets; }
     [[nodiscard]] std::optional<EscPreset> find(const QString &id) const;
 
-    // Reads the file. A missing file is an empty list. A file that cannot be read gives an
-    // empty list and false; entries without an identifier are left out.
+    // Reads the file (no signal). A missing file is an empty list. A file that cannot be read
+    // gives an empty list and false; entries without an identifier are left out.
     bool load(QString *reason = nullptr);
-    // Writes the list; on success it becomes the store's list, on failure nothing changes.
-    bool replace(const QList<EscPreset> &presets, QString *reason = nullptr);
+
+    // Returns the new preset's identifier, or an empty string when refused.
+    QString createPreset(const QString &name, int neutral, int fullForward, int fullReverse);
+    bool updatePreset(const QString &id, int neutral, int fullForward, int fullReverse);
+    bool renamePreset(const QString &id, const QString &newName);
+    bool deletePreset(const QString &id);
+
+signals:
+    void presetsChanged();
+    void errorOccurred(const QString &message);
 
 private:
+    [[nodiscard]] int indexOf(const QString &id) const;
+    bool commit(const QList<EscPreset> &presets);
+    bool refuse(const QString &message);
+
     QString m_filePath;
     QList<EscPreset> m_presets;
 };

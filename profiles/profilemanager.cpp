@@ -76,8 +76,11 @@ ProfileManager::ProfileManager(QObject *parent)
 ProfileManager::ProfileManager(const QString &baseDirectory, QObject *parent)
     : QObject(parent)
     , m_directory(QDir(baseDirectory).filePath(kProfilesFolder))
-    , m_escPresets(QDir(m_directory).filePath(kEscPresetsFile))
-{}
+    , m_escPresets(new EscPresetStore(QDir(m_directory).filePath(kEscPresetsFile), this))
+{
+    connect(m_escPresets, &EscPresetStore::presetsChanged, this, &ProfileManager::escPresetsChanged);
+    connect(m_escPresets, &EscPresetStore::errorOccurred, this, &ProfileManager::errorOccurred);
+}
 
 ProfileManager::~ProfileManager()
 {
@@ -115,9 +118,9 @@ void ProfileManager::loadProfiles()
     }
 
     QString reason;
-    if (!m_escPresets.load(&reason))
+    if (!m_escPresets->load(&reason))
         qCWarning(lcProfiles).noquote()
-            << "ProfileManager: ignoring" << m_escPresets.filePath() << ":" << reason;
+            << "ProfileManager: ignoring" << m_escPresets->filePath() << ":" << reason;
 
     if (m_profiles.isEmpty()) {
         const QJsonObject document = ProfileSchema::defaultProfile(
@@ -496,57 +499,9 @@ bool ProfileManager::setDeviceIdentity(DeviceRole role, const DeviceIdentity &id
 
 // --- ESC presets ---
 
-QString ProfileManager::createEscPreset(const QString &name, int neutral, int fullForward, int fullReverse)
-{
-    if (name.trimmed().isEmpty()) {
-        refuse(tr("ESC preset name cannot be empty"));
-        return {};
-    }
-    const EscPreset preset{ProfileSchema::newIdentifier(), name.trimmed(), neutral, fullForward, fullReverse};
-    QList<EscPreset> presets = m_escPresets.presets();
-    presets.append(preset);
-    if (!commitEscPresets(presets))
-        return {};
-    return preset.id;
-}
-
-bool ProfileManager::updateEscPreset(const QString &id, int neutral, int fullForward, int fullReverse)
-{
-    const int index = escPresetIndex(id);
-    if (index < 0)
-        return refuse(tr("ESC preset not found: %1").arg(id));
-    QList<EscPreset> presets = m_escPresets.presets();
-    presets[index].neutral = neutral;
-    presets[index].fullForward = fullForward;
-    presets[index].fullReverse = fullReverse;
-    return commitEscPresets(presets);
-}
-
-bool ProfileManager::renameEscPreset(const QString &id, const QString &newName)
-{
-    if (newName.trimmed().isEmpty())
-        return refuse(tr("ESC preset name cannot be empty"));
-    const int index = escPresetIndex(id);
-    if (index < 0)
-        return refuse(tr("ESC preset not found: %1").arg(id));
-    QList<EscPreset> presets = m_escPresets.presets();
-    presets[index].name = newName.trimmed();
-    return commitEscPresets(presets);
-}
-
-bool ProfileManager::deleteEscPreset(const QString &id)
-{
-    const int index = escPresetIndex(id);
-    if (index < 0)
-        return refuse(tr("ESC preset not found: %1").arg(id));
-    QList<EscPreset> presets = m_escPresets.presets();
-    presets.removeAt(index);
-    return commitEscPresets(presets);
-}
-
 bool ProfileManager::applyEscPreset(const QString &id)
 {
-    const std::optional<EscPreset> preset = m_escPresets.find(id);
+    const std::optional<EscPreset> preset = m_escPresets->find(id);
     if (!preset)
         return refuse(tr("ESC preset not found: %1").arg(id));
     constexpr int kCustomEscMode = 2;
@@ -631,28 +586,6 @@ bool ProfileManager::refuse(const QString &message)
     qCWarning(lcProfiles).noquote() << "ProfileManager:" << message;
     emit errorOccurred(message);
     return false;
-}
-
-bool ProfileManager::commitEscPresets(const QList<EscPreset> &presets)
-{
-    QString reason;
-    if (!m_escPresets.replace(presets, &reason)) {
-        qCWarning(lcProfiles).noquote()
-            << "ProfileManager: cannot write" << m_escPresets.filePath() << ":" << reason;
-        return refuse(tr("Failed to save ESC presets"));
-    }
-    emit escPresetsChanged();
-    return true;
-}
-
-int ProfileManager::escPresetIndex(const QString &id) const
-{
-    const QList<EscPreset> &presets = m_escPresets.presets();
-    for (int i = 0; i < presets.size(); ++i) {
-        if (presets.at(i).id == id)
-            return i;
-    }
-    return -1;
 }
 
 } // namespace tavrix

@@ -128,15 +128,9 @@ public:
     bool setDeviceIdentity(DeviceRole role, const DeviceIdentity &identity);
 
     // --- ESC presets ---
-    [[nodiscard]] QList<EscPreset> escPresets() const { return m_escPresets.presets(); }
-    [[nodiscard]] std::optional<EscPreset> escPreset(const QString &id) const
-    {
-        return m_escPresets.find(id);
-    }
-    QString createEscPreset(const QString &name, int neutral, int fullForward, int fullReverse);
-    bool updateEscPreset(const QString &id, int neutral, int fullForward, int fullReverse);
-    bool renameEscPreset(const QString &id, const QString &newName);
-    bool deleteEscPreset(const QString &id);
+    // The shared preset list; its changes and refusals come out of this store's
+    // escPresetsChanged and errorOccurred as well.
+    [[nodiscard]] EscPresetStore *escPresets() const { return m_escPresets; }
     // Copies the preset's end points into the active profile and selects the custom ESC mode.
     bool applyEscPreset(const QString &id);
 
@@ -165,13 +159,11 @@ private:
     bool commitActive(const QString &key, const QJsonValue &value);
     bool writeConfig();
     bool refuse(const QString &message);
-    bool commitEscPresets(const QList<EscPreset> &presets);
-    [[nodiscard]] int escPresetIndex(const QString &id) const;
 
     QString m_directory;
     QList<StoredProfile> m_profiles;
     ProfileConfig m_config;
-    EscPresetStore m_escPresets;
+    EscPresetStore *m_escPresets;
     QString m_activeId;
     bool m_loaded = false;
 };

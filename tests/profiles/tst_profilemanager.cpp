@@ -540,13 +540,13 @@ void TestProfileManager::refusalsChangeNothing()
     else if (operation == u"set"_s)
         succeeded = manager->setSetting(target, QJsonDocument::fromJson("[" + argument + "]").array().at(0));
     else if (operation == u"esc-create"_s)
-        succeeded = !manager->createEscPreset(text, 992, 1811, 172).isEmpty();
+        succeeded = !manager->escPresets()->createPreset(text, 992, 1811, 172).isEmpty();
     else if (operation == u"esc-update"_s)
-        succeeded = manager->updateEscPreset(target, 1000, 1800, 200);
+        succeeded = manager->escPresets()->updatePreset(target, 1000, 1800, 200);
     else if (operation == u"esc-rename"_s)
-        succeeded = manager->renameEscPreset(target, text);
+        succeeded = manager->escPresets()->renamePreset(target, text);
     else if (operation == u"esc-delete"_s)
-        succeeded = manager->deleteEscPreset(target);
+        succeeded = manager->escPresets()->deletePreset(target);
     else if (operation == u"esc-apply"_s)
         succeeded = manager->applyEscPreset(target);
     else
@@ -637,7 +637,7 @@ void TestProfileManager::interruptedWriteKeepsOldFile()
     QFETCH(QString, message);
 
     auto manager = loadedStore();
-    QVERIFY(!manager->createEscPreset(u"Stock"_s, 992, 1811, 172).isEmpty());
+    QVERIFY(!manager->escPresets()->createPreset(u"Stock"_s, 992, 1811, 172).isEmpty());
     const QString id = manager->activeProfileId();
     const QString name = manager->activeProfileName();
     const QString importPath = m_base->filePath(u"import.json"_s);
@@ -645,7 +645,7 @@ void TestProfileManager::interruptedWriteKeepsOldFile()
 
     const auto filesBefore = snapshot(profileDir());
     const QJsonObject profileBefore = manager->activeProfile();
-    const QList<EscPreset> presetsBefore = manager->escPresets();
+    const QList<EscPreset> presetsBefore = manager->escPresets()->presets();
     QSignalSpy errors(manager.get(), &ProfileManager::errorOccurred);
     QSignalSpy list(manager.get(), &ProfileManager::profileListChanged);
 
@@ -670,7 +670,7 @@ void TestProfileManager::interruptedWriteKeepsOldFile()
         else if (operation == u"import"_s)
             succeeded = !manager->importProfile(importPath).isEmpty();
         else if (operation == u"esc"_s)
-            succeeded = !manager->createEscPreset(u"Hobbywing"_s, 1000, 1800, 180).isEmpty();
+            succeeded = !manager->escPresets()->createPreset(u"Hobbywing"_s, 1000, 1800, 180).isEmpty();
     }
 
     QVERIFY(!succeeded);
@@ -679,7 +679,7 @@ void TestProfileManager::interruptedWriteKeepsOldFile()
     // The old bytes are all still there and no half-written or temporary file is left.
     QCOMPARE(snapshot(profileDir()), filesBefore);
     QCOMPARE(manager->activeProfile(), profileBefore);
-    QCOMPARE(manager->escPresets(), presetsBefore);
+    QCOMPARE(manager->escPresets()->presets(), presetsBefore);
     QCOMPARE(names(*manager).size(), 1);
     QCOMPARE(list.count(), 0);
 
@@ -801,14 +801,14 @@ void TestProfileManager::escPresetsLifecycle()
     QString hobbywing;
     {
         auto manager = loadedStore();
-        QCOMPARE(manager->escPresets().size(), 0);
+        QCOMPARE(manager->escPresets()->presets().size(), 0);
         QSignalSpy changed(manager.get(), &ProfileManager::escPresetsChanged);
-        hobbywing = manager->createEscPreset(u"Hobbywing"_s, 1000, 1800, 180);
-        const QString stock = manager->createEscPreset(u"Stock"_s, 992, 1811, 172);
+        hobbywing = manager->escPresets()->createPreset(u"Hobbywing"_s, 1000, 1800, 180);
+        const QString stock = manager->escPresets()->createPreset(u"Stock"_s, 992, 1811, 172);
         QVERIFY(!hobbywing.isEmpty() && !stock.isEmpty());
-        QVERIFY(manager->updateEscPreset(hobbywing, 1010, 1790, 190));
-        QVERIFY(manager->renameEscPreset(hobbywing, u"Hobbywing XR10"_s));
-        QVERIFY(manager->deleteEscPreset(stock));
+        QVERIFY(manager->escPresets()->updatePreset(hobbywing, 1010, 1790, 190));
+        QVERIFY(manager->escPresets()->renamePreset(hobbywing, u"Hobbywing XR10"_s));
+        QVERIFY(manager->escPresets()->deletePreset(stock));
         QCOMPARE(changed.count(), 5);
         const QJsonObject file = readJson(profileDir() + u"/esc_presets.json"_s);
         QCOMPARE(file.value(keys::kVersion).toInt(), 1);
@@ -820,18 +820,19 @@ void TestProfileManager::escPresetsLifecycle()
                                          {u"fullReverse"_s, 190}}}));
     }
     auto manager = loadedStore();
-    QCOMPARE(manager->escPresets(), (QList<EscPreset>{{hobbywing, u"Hobbywing XR10"_s, 1010, 1790, 190}}));
+    QCOMPARE(manager->escPresets()->presets(),
+             (QList<EscPreset>{{hobbywing, u"Hobbywing XR10"_s, 1010, 1790, 190}}));
     // Missing values read as the standard end points.
     QVERIFY(writeFile(profileDir() + u"/esc_presets.json"_s,
                       R"({"version":1,"presets":[{"id":"e","name":"Bare"},{"name":"no id"},3]})"));
     manager = loadedStore();
-    QCOMPARE(manager->escPresets(), (QList<EscPreset>{{u"e"_s, u"Bare"_s, 992, 1811, 172}}));
+    QCOMPARE(manager->escPresets()->presets(), (QList<EscPreset>{{u"e"_s, u"Bare"_s, 992, 1811, 172}}));
 }
 
 void TestProfileManager::applyEscPresetFillsCustomEscValues()
 {
     auto manager = loadedStore();
-    const QString preset = manager->createEscPreset(u"Crawler"_s, 1000, 1700, 300);
+    const QString preset = manager->escPresets()->createPreset(u"Crawler"_s, 1000, 1700, 300);
     QVERIFY(manager->applyEscPreset(preset));
     const QJsonObject axis = manager->setting(keys::kAxisSettings).toObject();
     QCOMPARE(axis.value(keys::kEscMode).toInt(), 2);
