@@ -156,7 +156,6 @@ private:
     bool writeProfile(const StoredProfile &stored, QString *reason = nullptr);
     // Stamps modifiedAt, writes the file and only then takes the new document.
     bool commit(int index, QJsonObject document);
-    bool commitActive(const QString &key, const QJsonValue &value);
     bool writeConfig();
     bool refuse(const QString &message);
 
