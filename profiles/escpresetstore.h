@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <optional>
+
+namespace tavrix {
+
+// A named set of ESC end points (channel values) that a profile's custom ESC mode can take over.
+struct EscPreset
+{
+    QString id;
+    QString name;
+    int neutral = 992;
+    int fullForward = 1811;
+    int fullReverse = 172;
+
+    [[nodiscard]] static EscPreset fromJson(const QJsonObject &object);
+    [[nodiscard]] QJsonObject toJson() const;
+    friend bool operator==(const EscPreset &, const EscPreset &) = default;
+};
+
+// The shared ESC preset list and its file, "esc_presets.json". Every change writes the
+// whole list first and takes effect only once written; a refusal changes nothing.
+class EscPresetStore : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit EscPresetStore(QString filePath, QObject *parent = nullptr);
+
+    [[nodiscard]] QString filePath() const { return m_filePath; }
+    [[nodiscard]] const QList<EscPreset> &presets() const { return m_presets; }
+    [[nodiscard]] std::optional<EscPreset> find(const QString &id) const;
+
+    // Reads the file (no signal). A missing file is an empty list. A file that cannot be read
+    // gives an empty list and false; entries without an identifier are left out.
+    bool load(QString *reason = nullptr);
+
+    // Returns the new preset's identifier, or an empty string when refused.
+    QString createPreset(const QString &name, int neutral, int fullForward, int fullReverse);
+    bool updatePreset(const QString &id, int neutral, int fullForward, int fullReverse);
+    bool renamePreset(const QString &id, const QString &newName);
+    bool deletePreset(const QString &id);
+
+signals:
+    void presetsChanged();
+    void errorOccurred(const QString &message);
+
+private:
+    [[nodiscard]] int indexOf(const QString &id) const;
+    bool commit(const QList<EscPreset> &presets);
+    bool refuse(const QString &message);
+
+    QString m_filePath;
+    QList<EscPreset> m_presets;
+};
+
+} // namespace tavrix

@@ -1,0 +1,480 @@
+#include "profileschema.h"
+
+#include "profilekeys.h"
+#include "profilemigrations.h"
+
+#include <QDateTime>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QUuid>
+
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace tavrix {
+
+namespace {
+
+namespace keys = profilekeys;
+using Kind = SchemaField::Kind;
+
+// --- builders for the key table ---
+
+SchemaField scalar(QLatin1String key, Kind kind, QJsonValue defaultValue)
+{
+    SchemaField field;
+    field.key = key;
+    field.kind = kind;
+    field.defaultValue = std::move(defaultValue);
+    return field;
+}
+
+SchemaField boolean(QLatin1String key, bool defaultValue)
+{
+    return scalar(key, Kind::Bool, defaultValue);
+}
+
+SchemaField integer(QLatin1String key, int defaultValue)
+{
+    return scalar(key, Kind::Int, defaultValue);
+}
+
+SchemaField number(QLatin1String key, double defaultValue)
+{
+    return scalar(key, Kind::Number, defaultValue);
+}
+
+SchemaField text(QLatin1String key, QLatin1String defaultValue = {})
+{
+    return scalar(key, Kind::String, QString(defaultValue));
+}
+
+SchemaField fixedInteger(QLatin1String key, int value)
+{
+    SchemaField field = integer(key, value);
+    field.fixed = true;
+    return field;
+}
+
+SchemaField object(QLatin1String key, Schema fields, QJsonObject base = {})
+{
+    SchemaField field;
+    field.key = key;
+    field.kind = Kind::Object;
+    field.defaultValue = base;
+    field.fields = std::move(fields);
+    return field;
+}
+
+// An element description for list(): only its kind, default and fields matter.
+SchemaField element(Kind kind, QJsonValue defaultValue = {})
+{
+    return scalar({}, kind, std::move(defaultValue));
+}
+
+SchemaField element(Schema fields)
+{
+    return object({}, std::move(fields));
+}
+
+SchemaField list(QLatin1String key, SchemaField elementField, QJsonArray defaults = {}, int fixedLength = -1)
+{
+    SchemaField field;
+    field.key = key;
+    field.kind = Kind::Array;
+    field.defaultValue = defaults;
+    field.element = std::make_shared<const SchemaField>(std::move(elementField));
+    field.fixedLength = fixedLength;
+    return field;
+}
+
+QJsonArray repeated(const QJsonValue &value, int count)
+{
+    QJsonArray array;
+    for (int i = 0; i < count; ++i)
+        array.append(value);
+    return array;
+}
+
+// --- shared pieces of the table ---
+
+Schema colourFields()
+{
+    return {integer("r"_L1, 0), integer("g"_L1, 0), integer("b"_L1, 0)};
+}
+
+SchemaField colour(QLatin1String key, int r, int g, int b)
+{
+    return object(key, colourFields(), QJsonObject{{u"r"_s, r}, {u"g"_s, g}, {u"b"_s, b}});
+}
+
+// The per-input axis settings; the name always comes from the key the object is stored under.
+SchemaField axisSettings(QLatin1String inputName)
+{
+    SchemaField name = text(keys::kName, inputName);
+    name.fixed = true;
+    return object(inputName, {
+                                 name,
+                                 boolean("inverted"_L1, false),
+                                 number("deadzone"_L1, 0.0),
+                                 number("minOutput"_L1, 0.0),
+                                 number("maxOutput"_L1, 1.0),
+                                 integer("curve"_L1, 0),
+                                 number("curveExponent"_L1, 2.0),
+                                 number("expo"_L1, 0.0),
+                                 number("inputMin"_L1, -1.0),
+                                 number("inputMax"_L1, 1.0),
+                                 number("inputCenter"_L1, 0.0),
+                                 boolean("useCalibration"_L1, false),
+                             });
+}
+
+// How a game controller is recognised again on the next run.
+Schema deviceIdentityFields()
+{
+    return {
+        text(keys::kProductName), text(keys::kInstanceGuid),   text(keys::kDevicePath),
+        text(keys::kUniqId),      integer(keys::kVendorId, 0), integer(keys::kProductId, 0),
+    };
+}
+
+SchemaField deviceConnection(QLatin1String role)
+{
+    Schema fields = deviceIdentityFields();
+    // The unmapped default is the blank axis preset: slots 0..3, nothing inverted, not combined.
+    fields.push_back(boolean("hasCustomAxisMapping"_L1, false));
+    fields.push_back(
+        object("axisMapping"_L1, {
+                                     list("map"_L1, element(Kind::Int, 0), {0, 1, 2, 3}, 4),
+                                     list("inverted"_L1, element(Kind::Bool, false), repeated(false, 4), 4),
+                                     text("presetName"_L1),
+                                     boolean("combinedPedals"_L1, false),
+                                     number("combinedPedalsCenter"_L1, 0.0),
+                                 }));
+    fields.push_back(boolean("hasCustomShifterMapping"_L1, false));
+    // One input per gear slot: 0 neutral, 1 reverse, 2..8 gears 1..7.
+    fields.push_back(
+        object("shifterMapping"_L1, {
+                                        list("buttonIndex"_L1, element(Kind::Int, -1), repeated(-1, 9), 9),
+                                    }));
+    return object(role, std::move(fields));
+}
+
+// A helicopter input device: its identity plus the axes it feeds.
+SchemaField helicopterDevice(QLatin1String role, Schema axes)
+{
+    Schema fields = deviceIdentityFields();
+    for (SchemaField &axis : axes)
+        fields.push_back(std::move(axis));
+    return object(role, std::move(fields));
+}
+
+SchemaField calibrationPoints(QLatin1String function)
+{
+    return object(function, {number("min"_L1, -1.0), number("center"_L1, 0.0), number("max"_L1, 1.0)});
+}
+
+SchemaField curve(QLatin1String key)
+{
+    // Five points from stick low to stick high; the default is the straight line.
+    return object(key, {
+                           boolean("enabled"_L1, false),
+                           list("points"_L1, element(Kind::Number, 0.0), {0.0, 0.25, 0.5, 0.75, 1.0}),
+                       });
+}
+
+Schema buildProfileFields()
+{
+    Schema drive = {
+        axisSettings("Steering"_L1),
+        axisSettings("Throttle"_L1),
+        axisSettings("Brake"_L1),
+        axisSettings("Clutch"_L1),
+        integer(keys::kEscMode, 0),
+        text(keys::kEscPresetId),
+        integer(keys::kEscNeutral, 992),
+        integer(keys::kEscFullForward, 1811),
+        integer(keys::kEscFullReverse, 172),
+        integer("steeringLeft"_L1, 0),
+        integer("steeringCenter"_L1, 1024),
+        integer("steeringRight"_L1, 2047),
+        boolean("smoothDeceleration"_L1, false),
+        integer("decelRate"_L1, 20),
+        boolean("pitLimiterEnabled"_L1, false),
+        integer("pitLimiterValue"_L1, 1200),
+        boolean("gearThrottleLimitEnabled"_L1, false),
+        list("gearThrottleLimitPercent"_L1, element(Kind::Int, 100), repeated(100, 7), 7),
+        boolean("reverseEnabled"_L1, false),
+        integer("reverseButtonIndex"_L1, -1),
+        integer("reverseMaxPercent"_L1, 100),
+        boolean("softStartEnabled"_L1, true),
+        integer("softStartDurationSec"_L1, 30),
+        integer("softStartFloorPercent"_L1, 10),
+        boolean("stuckThrottleDetectionEnabled"_L1, true),
+        boolean("throttleSpikeRejectionEnabled"_L1, true),
+    };
+
+    SchemaField buttonMapping = element({
+        text(keys::kName),
+        integer("buttonIndex"_L1, -1),
+        list("extraButtons"_L1, element(Kind::Int, -1)),
+        integer("channel"_L1, 3),
+        integer("mode"_L1, 0),
+        integer("outputValue"_L1, 2047),
+        integer("rateUnitsPerSec"_L1, 1024),
+        integer("minValue"_L1, 0),
+        integer("maxValue"_L1, 2047),
+        integer("startValue"_L1, 0),
+        boolean("activatesPitLimiter"_L1, false),
+    });
+
+    Schema devices = {
+        object(keys::kBridge,
+               {text(keys::kPortName), integer(keys::kBaudRate, ProfileSchema::kDefaultBaudRate)}),
+        deviceConnection(keys::kWheelBase),
+        deviceConnection(keys::kPedals),
+        deviceConnection(keys::kShifter),
+    };
+
+    Schema led = {
+        integer("ledCount"_L1, 8),
+        integer("brightness"_L1, 99),
+        integer("activePercentage"_L1, 100),
+        boolean("powerOn"_L1, true),
+        integer("powerButtonIndex"_L1, -1),
+        // "per_led", "range"; anything else shows the global colour.
+        text("mode"_L1, "global"_L1),
+        integer("selectedLedIndex"_L1, 0),
+        colour("globalColor"_L1, 255, 255, 255),
+        list("ledColors"_L1, element({integer("index"_L1, 0), colour("color"_L1, 255, 255, 255)})),
+        integer("selectedZoneIndex"_L1, 0),
+        list("rangeZones"_L1, element({integer("startPercent"_L1, 0), integer("endPercent"_L1, 100),
+                                       colour("color"_L1, 255, 255, 255)})),
+    };
+
+    Schema helicopter = {
+        object(keys::kInputs,
+               {
+                   helicopterDevice(keys::kJoystick, {integer("xAxis"_L1, 0), integer("yAxis"_L1, 1)}),
+                   helicopterDevice(keys::kThrottle, {integer("axis"_L1, 2)}),
+                   helicopterDevice(keys::kPedals, {integer("axis"_L1, 3), integer("axis2"_L1, -1),
+                                                    boolean("differential"_L1, false)}),
+               }),
+        object("calibration"_L1, {calibrationPoints("roll"_L1), calibrationPoints("pitch"_L1),
+                                  calibrationPoints("throttle"_L1), calibrationPoints("rudder"_L1)}),
+        object("channels"_L1, {integer("roll"_L1, 0), integer("pitch"_L1, 1), integer("throttle"_L1, 2),
+                               integer("rudder"_L1, 3)}),
+        object("fly"_L1, {boolean("armAtIdle"_L1, true), boolean("softStart"_L1, false),
+                          integer("softStartSec"_L1, 3)}),
+        object("arm"_L1, {boolean("enabled"_L1, false), integer("channel"_L1, 4), integer("onUs"_L1, 2012),
+                          integer("offUs"_L1, 988)}),
+        object("dualRates"_L1,
+               {boolean("enabled"_L1, true), integer("beginnerPct"_L1, 60), integer("sportPct"_L1, 80),
+                integer("threeDPct"_L1, 100), integer("activeMode"_L1, 0)}),
+        curve("pitchCurve"_L1),
+        curve("throttleCurve"_L1),
+        integer("motorChannel"_L1, 5),
+        object("attitude"_L1, {boolean("invertPitch"_L1, false), boolean("invertRoll"_L1, false),
+                               boolean("invertYaw"_L1, false)}),
+    };
+
+    Schema receiverSettings = {
+        boolean("initialized"_L1, false), boolean("gpsEnabled"_L1, true),  integer("gpsRateHz"_L1, 0),
+        boolean("gpsTelem"_L1, true),     boolean("imuTelem"_L1, true),    boolean("motionTelem"_L1, true),
+        integer("motionRateHz"_L1, 20),   boolean("osdEnabled"_L1, false), boolean("motionSensors"_L1, false),
+    };
+
+    Schema receiverCaps = {
+        boolean("imu"_L1, false),
+        boolean("gps"_L1, false),
+        text("firmware"_L1),
+        integer("osdOnBoard"_L1, -1),
+    };
+
+    return {
+        text(keys::kId),
+        text(keys::kName),
+        fixedInteger(keys::kVersion, ProfileSchema::kProfileVersion),
+        text(keys::kVehicleType, vehicletype::kCar),
+        text(keys::kCreatedAt),
+        text(keys::kModifiedAt),
+        object(keys::kAxisSettings, std::move(drive)),
+        list(keys::kButtonMappings, std::move(buttonMapping)),
+        object(keys::kDeviceConnections, std::move(devices)),
+        object(keys::kLedSettings, std::move(led)),
+        boolean(keys::kAutoStartEnabled, false),
+        list(keys::kTelemetryDashboard, element(Kind::String, QString())),
+        list(keys::kTelemetrySensors, element({text("key"_L1), text("label"_L1)})),
+        boolean(keys::kTelemetryDiscover, true),
+        object(keys::kHelicopterConfig, std::move(helicopter)),
+        object(keys::kReceiverSettings, std::move(receiverSettings)),
+        object(keys::kReceiverCaps, std::move(receiverCaps)),
+    };
+}
+
+// --- reading one value ---
+
+std::optional<QJsonValue> readScalar(const QJsonValue &stored, Kind kind)
+{
+    switch (kind) {
+    case Kind::Bool:
+        if (stored.isBool())
+            return stored;
+        if (stored.isDouble())
+            return QJsonValue(stored.toDouble() != 0.0);
+        return std::nullopt;
+    case Kind::Int: {
+        if (!stored.isDouble())
+            return std::nullopt;
+        const double value = std::trunc(stored.toDouble());
+        if (!std::isfinite(value) || value < std::numeric_limits<int>::min() ||
+            value > std::numeric_limits<int>::max())
+            return std::nullopt;
+        return QJsonValue(static_cast<int>(value));
+    }
+    case Kind::Number:
+        if (stored.isDouble() && std::isfinite(stored.toDouble()))
+            return stored;
+        return std::nullopt;
+    case Kind::String:
+        if (stored.isString())
+            return stored;
+        return std::nullopt;
+    case Kind::Object:
+    case Kind::Array:
+        break;
+    }
+    return std::nullopt;
+}
+
+// One array element; nullopt when it cannot be read as its kind.
+std::optional<QJsonValue> readElement(const QJsonValue &stored, const SchemaField &element)
+{
+    if (element.kind == Kind::Object) {
+        if (!stored.isObject())
+            return std::nullopt;
+        return ProfileSchema::normalise(stored.toObject(), element.fields);
+    }
+    if (element.kind == Kind::Array)
+        return ProfileSchema::normaliseValue(stored, element);
+    return readScalar(stored, element.kind);
+}
+
+QJsonArray readArray(const QJsonValue &stored, const SchemaField &field)
+{
+    const QJsonArray defaults = field.defaultValue.toArray();
+    const QJsonArray source = stored.isArray() ? stored.toArray() : defaults;
+    QJsonArray result;
+    if (field.fixedLength < 0) {
+        for (const QJsonValue &entry : source) {
+            if (auto value = readElement(entry, *field.element))
+                result.append(*value);
+        }
+        return result;
+    }
+    for (int i = 0; i < field.fixedLength; ++i) {
+        const QJsonValue fallback = i < defaults.size() ? defaults.at(i) : field.element->defaultValue;
+        const auto value = i < source.size() ? readElement(source.at(i), *field.element) : std::nullopt;
+        result.append(value ? *value : fallback);
+    }
+    return result;
+}
+
+} // namespace
+
+const Schema &ProfileSchema::profileFields()
+{
+    static const Schema kFields = buildProfileFields();
+    return kFields;
+}
+
+const Schema &ProfileSchema::escPresetFields()
+{
+    static const Schema kFields = {
+        text(keys::kId),
+        text(keys::kName),
+        integer(keys::kNeutral, 992),
+        integer(keys::kFullForward, 1811),
+        integer(keys::kFullReverse, 172),
+    };
+    return kFields;
+}
+
+QJsonObject ProfileSchema::normalise(const QJsonObject &stored, const Schema &fields)
+{
+    QJsonObject result = stored;
+    for (const SchemaField &field : fields)
+        result.insert(field.key, normaliseValue(stored.value(field.key), field));
+    return result;
+}
+
+QJsonValue ProfileSchema::normaliseValue(const QJsonValue &stored, const SchemaField &field)
+{
+    if (field.fixed)
+        return field.defaultValue;
+    switch (field.kind) {
+    case Kind::Object:
+        return normalise(stored.isObject() ? stored.toObject() : field.defaultValue.toObject(), field.fields);
+    case Kind::Array:
+        return readArray(stored, field);
+    default:
+        return readScalar(stored, field.kind).value_or(field.defaultValue);
+    }
+}
+
+QJsonObject ProfileSchema::readProfile(const QJsonObject &stored, QStringList *appliedMigrations)
+{
+    QJsonObject profile = normalise(stored, profileFields());
+    const QStringList applied = ProfileMigrations::apply(profile);
+    if (appliedMigrations)
+        *appliedMigrations = applied;
+    return profile;
+}
+
+QJsonObject ProfileSchema::defaultProfile(const QString &id, const QString &name, const QString &timestamp)
+{
+    return normalise(QJsonObject{{keys::kId, id},
+                                 {keys::kName, name},
+                                 {keys::kCreatedAt, timestamp},
+                                 {keys::kModifiedAt, timestamp}},
+                     profileFields());
+}
+
+const SchemaField *ProfileSchema::profileField(const QString &key)
+{
+    for (const SchemaField &field : profileFields()) {
+        if (field.key == key)
+            return &field;
+    }
+    return nullptr;
+}
+
+bool ProfileSchema::isEditableSetting(const QString &key)
+{
+    static const QLatin1String kKeptByStore[] = {keys::kId, keys::kName, keys::kVersion, keys::kCreatedAt,
+                                                 keys::kModifiedAt};
+    for (QLatin1String kept : kKeptByStore) {
+        if (key == kept)
+            return false;
+    }
+    return profileField(key) != nullptr;
+}
+
+QByteArray ProfileSchema::toFileBytes(const QJsonObject &object)
+{
+    return QJsonDocument(object).toJson(QJsonDocument::Indented);
+}
+
+QString ProfileSchema::newIdentifier()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+QString ProfileSchema::currentTimestamp()
+{
+    return QDateTime::currentDateTimeUtc().toString(Qt::ISODate);
+}
+
+} // namespace tavrix
