@@ -1,0 +1,174 @@
+#include "devicereport.h"
+#include "inputbackendfactory.h"
+#include "inputdevice.h"
+#include "virtualbackend.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace tavrix;
+
+namespace {
+
+const QByteArray kRig =
+    R"({"device": {"name": "Wheel", "product": "Logitech G29 Driving Force Racing Wheel PS3", "axes": 3, "buttons": 25, "povs": 1, "ffb": true}}
+{"device": {"name": "Pedals", "product": "Fanatec ClubSport Pedals V3", "axes": 3}}
+{"device": {"name": "Stick", "product": "Thrustmaster T.16000M", "axes": 4, "buttons": 16, "povs": 1}}
+{"device": {"name": "Box", "product": "Button Box", "axes": 0, "buttons": 32}}
+{"t": 0, "device": "Pedals", "axes": {"lRx": 0}}
+)";
+
+struct ToolRun
+{
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+ToolRun runTool(const QString &selection)
+{
+    QProcess process;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("ORVANEHUB_INPUT"), selection);
+    process.setProcessEnvironment(env);
+    process.start(QStringLiteral(ORVANE_DEVICES_EXE), {QStringLiteral("--list-devices")});
+    ToolRun run;
+    if (!process.waitForFinished(30000))
+        return run;
+    run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    run.out = QString::fromUtf8(process.readAllStandardOutput());
+    run.err = QString::fromUtf8(process.readAllStandardError());
+    return run;
+}
+
+} // namespace
+
+class TestDeviceReport : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void toolListsReplayDevicesWithLabelsAndPresets_data();
+    void toolListsReplayDevicesWithLabelsAndPresets();
+    void toolRefusesABrokenSelection_data();
+    void toolRefusesABrokenSelection();
+    void reportExplainsUnusableDevices();
+    void reportSaysWhenThereIsNothing();
+    void factoryFallsBackToAnEmptyBackendWithTheReason();
+
+private:
+    QTemporaryDir m_dir;
+    QString m_replay;
+};
+
+void TestDeviceReport::initTestCase()
+{
+    QVERIFY(m_dir.isValid());
+    m_replay = m_dir.filePath(QStringLiteral("rig.jsonl"));
+    QFile file(m_replay);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(kRig);
+}
+
+void TestDeviceReport::toolListsReplayDevicesWithLabelsAndPresets_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::newRow("count") << QStringLiteral("Game controllers: 4");
+    QTest::newRow("wheel label") << QStringLiteral("  [0] Wheel (3 axes, 25 btn) [FFB]\n");
+    QTest::newRow("wheel preset") << QStringLiteral("      preset: Logitech (PS3/PS4)\n");
+    QTest::newRow("pedals label") << QStringLiteral("  [1] Pedals (3 axes, 0 btn)\n");
+    QTest::newRow("pedals product") << QStringLiteral("      product: Fanatec ClubSport Pedals V3\n");
+    QTest::newRow("pedals preset") << QStringLiteral("      preset: MOZA / Fanatec\n");
+    QTest::newRow("stick preset") << QStringLiteral("      preset: Thrustmaster\n");
+    QTest::newRow("box label") << QStringLiteral("  [3] Box (0 axes, 32 btn)\n");
+    QTest::newRow("box preset") << QStringLiteral("      preset: Generic\n");
+}
+
+void TestDeviceReport::toolListsReplayDevicesWithLabelsAndPresets()
+{
+    QFETCH(QString, line);
+    const ToolRun run = runTool(QStringLiteral("virtual:") + m_replay);
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY2(run.out.contains(line), qPrintable(run.out));
+    QVERIFY(run.err.isEmpty());
+}
+
+void TestDeviceReport::toolRefusesABrokenSelection_data()
+{
+    QTest::addColumn<QByteArray>("content"); // empty: no file at all
+    QTest::addColumn<QString>("selectionTemplate");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("malformed line") << QByteArray("{\"device\": {\"name\": \"A\"}}\n{\"t\": 0}\n")
+                                    << QStringLiteral("virtual:%1") << QStringLiteral("line 2: ");
+    QTest::newRow("missing file") << QByteArray() << QStringLiteral("virtual:%1.missing")
+                                  << QStringLiteral("cannot read replay file");
+    QTest::newRow("no file named") << QByteArray() << QStringLiteral("virtual:")
+                                   << QStringLiteral("needs a replay file");
+    QTest::newRow("unknown source") << QByteArray() << QStringLiteral("joysticks-please")
+                                    << QStringLiteral("unknown ORVANEHUB_INPUT value");
+}
+
+void TestDeviceReport::toolRefusesABrokenSelection()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, selectionTemplate);
+    QFETCH(QString, message);
+    const QString path = m_dir.filePath(
+        QString::fromLatin1(QTest::currentDataTag()).replace(QLatin1Char(' '), QLatin1Char('_')));
+    if (!content.isEmpty()) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+    const ToolRun run = runTool(selectionTemplate.contains(QLatin1String("%1")) ? selectionTemplate.arg(path)
+                                                                                : selectionTemplate);
+    QCOMPARE(run.exitCode, 2);
+    QVERIFY2(run.err.contains(message), qPrintable(run.err));
+    QVERIFY(run.out.isEmpty());
+}
+
+void TestDeviceReport::reportExplainsUnusableDevices()
+{
+    VirtualBackend backend;
+    backend.addDevice({QStringLiteral("MOZA R5 Base"), QStringLiteral("MOZA R5 Base"), 1, 10, 0, true});
+    backend.addProblem(QStringLiteral("/dev/input/event7"),
+                       QStringLiteral("permission denied: add a udev rule granting access"));
+    QString text;
+    QTextStream out(&text);
+    QCOMPARE(writeDeviceReport(out, backend), 1);
+    QVERIFY(text.contains(QStringLiteral("[0] MOZA R5 Base (1 axes, 10 btn) [FFB]")));
+    QVERIFY(text.contains(QStringLiteral("preset: MOZA / Fanatec")));
+    QVERIFY(text.contains(
+        QStringLiteral("Not usable: 1\n  /dev/input/event7: permission denied: add a udev rule")));
+}
+
+void TestDeviceReport::reportSaysWhenThereIsNothing()
+{
+    VirtualBackend backend;
+    QString text;
+    QTextStream out(&text);
+    QCOMPARE(writeDeviceReport(out, backend), 0);
+    QCOMPARE(text, QStringLiteral("No game controllers found.\n"));
+}
+
+void TestDeviceReport::factoryFallsBackToAnEmptyBackendWithTheReason()
+{
+    QString error;
+    std::unique_ptr<InputBackend> backend =
+        createInputBackend(QStringLiteral("virtual:/nonexistent.jsonl"), &error);
+    QVERIFY(backend);
+    QVERIFY(error.contains(QStringLiteral("/nonexistent.jsonl")));
+    const Enumeration enumeration = backend->enumerate();
+    QVERIFY(enumeration.devices.empty());
+    QCOMPARE(enumeration.problems.size(), size_t(1));
+
+    error.clear();
+    backend = createInputBackend(QStringLiteral("virtual:") + m_replay, &error);
+    QVERIFY2(error.isEmpty(), qPrintable(error));
+    QCOMPARE(InputDevice::enumerateDevices(*backend).size(), 4);
+}
+
+QTEST_GUILESS_MAIN(TestDeviceReport)
+#include "tst_devicereport.moc"

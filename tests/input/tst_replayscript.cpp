@@ -1,0 +1,283 @@
+#include "inputdevice.h"
+#include "replayplayer.h"
+#include "replayscript.h"
+#include "virtualbackend.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace tavrix;
+
+namespace {
+
+const QByteArray kTwoDevices = R"(# a wheel and pedals
+{"device": {"name": "Wheel", "product": "MOZA R9 Base", "axes": 2, "buttons": 32, "povs": 1, "ffb": true}}
+{"device": "Pedals", "product": "MOZA SR-P Pedals", "axes": 3}
+
+{"t": 0, "device": "Pedals", "axes": {"lRx": 0, "lRy": 0}}
+{"t": 100, "device": 0, "axes": {"lX": 50000}, "buttons": [2, 127], "povs": [9000]}
+{"t": 100, "device": "Pedals", "axes": {"lRx": 65535}}
+// steering moves; buttons and hats not given keep theirs
+{"t": 250, "device": "Wheel", "axes": {"lX": 20000}}
+{"t": 400, "device": "Wheel", "buttons": [], "povs": [-1]}
+)";
+
+ReplayScript parsed(const QByteArray &text)
+{
+    ReplayScript script = ReplayScript::parse(text);
+    if (!script.isValid())
+        qWarning("%s", qPrintable(script.errorString()));
+    return script;
+}
+
+} // namespace
+
+class TestReplayScript : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void declaresDevices();
+    void malformedLinesGiveTheirLineNumber_data();
+    void malformedLinesGiveTheirLineNumber();
+    void statesTakeEffectAtTheirTime_data();
+    void statesTakeEffectAtTheirTime();
+    void lastStateHoldsAndFinishIsReportedOnce();
+    void playsInRealTime();
+    void inputDeviceReadsAReplay();
+    void missingAndOversizeFiles();
+    void shippedExamplesParse_data();
+    void shippedExamplesParse();
+};
+
+void TestReplayScript::declaresDevices()
+{
+    const ReplayScript script = parsed(kTwoDevices);
+    QVERIFY(script.isValid());
+    QCOMPARE(script.devices().size(), 2);
+    QCOMPARE(script.devices()[0].name, QStringLiteral("Wheel"));
+    QCOMPARE(script.devices()[0].product, QStringLiteral("MOZA R9 Base"));
+    QCOMPARE(script.devices()[0].buttons, 32);
+    QCOMPARE(script.devices()[0].povs, 1);
+    QVERIFY(script.devices()[0].ffb);
+    QCOMPARE(script.devices()[1].name, QStringLiteral("Pedals")); // flat form
+    QCOMPARE(script.devices()[1].axes, 3);
+    QVERIFY(!script.devices()[1].ffb);
+    QCOMPARE(script.events().size(), size_t(5));
+    QCOMPARE(script.durationMs(), 400);
+
+    VirtualBackend backend;
+    ReplayPlayer player(script, &backend);
+    const QList<InputDeviceInfo> list = InputDevice::enumerateDevices(backend);
+    QCOMPARE(list.size(), 2);
+    QCOMPARE(list[0].listLabel(), QStringLiteral("Wheel (2 axes, 32 btn) [FFB]"));
+    QCOMPARE(list[1].productName, QStringLiteral("MOZA SR-P Pedals"));
+    // Before any state line a device is centred with its hats centred.
+    const RawInputState initial = backend.state(player.deviceIds()[0]);
+    QCOMPARE(initial.axes[SlotX], 32767);
+    QCOMPARE(initial.povs[0], kRawPovCentred);
+}
+
+void TestReplayScript::malformedLinesGiveTheirLineNumber_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<QString>("message");
+    const QByteArray decl = R"({"device": {"name": "W"}})"
+                            "\n";
+    QTest::newRow("not JSON") << decl + "{\"t\": 1, " << 2 << QStringLiteral("not valid JSON");
+    QTest::newRow("array line") << QByteArray("[1, 2]") << 1 << QStringLiteral("must be a JSON object");
+    QTest::newRow("neither device nor t")
+        << QByteArray(R"({"name": "W"})") << 1 << QStringLiteral("needs \"device\"");
+    QTest::newRow("nameless device") << QByteArray(R"({"device": {"product": "X"}})") << 1
+                                     << QStringLiteral("non-empty \"name\"");
+    QTest::newRow("declared twice") << decl + decl << 2 << QStringLiteral("declared twice");
+    QTest::newRow("too many axes") << QByteArray(R"({"device": {"name": "W", "axes": 9}})") << 1
+                                   << QStringLiteral("\"axes\" must be a whole number from 0 to 8");
+    QTest::newRow("ffb not bool") << QByteArray(R"({"device": {"name": "W", "ffb": "yes"}})") << 1
+                                  << QStringLiteral("\"ffb\"");
+    QTest::newRow("unknown declaration key") << QByteArray(R"({"device": {"name": "W", "colour": 1}})") << 1
+                                             << QStringLiteral("unknown key \"colour\"");
+    QTest::newRow("state before declaration")
+        << QByteArray(R"({"t": 0, "device": "W"})") << 1 << QStringLiteral("no device named \"W\"");
+    QTest::newRow("device index out of range")
+        << decl + R"({"t": 0, "device": 1})" << 2 << QStringLiteral("no device 1");
+    QTest::newRow("state without device") << decl + R"({"t": 0})" << 2 << QStringLiteral("needs \"device\"");
+    QTest::newRow("negative time") << decl + R"({"t": -5, "device": 0})" << 2 << QStringLiteral("\"t\"");
+    QTest::newRow("fractional time") << decl + R"({"t": 1.5, "device": 0})" << 2 << QStringLiteral("\"t\"");
+    QTest::newRow("time goes back") << decl + R"({"t": 10, "device": 0})"
+                                              "\n"
+                                              R"({"t": 9, "device": 0})"
+                                    << 3 << QStringLiteral("back in time");
+    QTest::newRow("unknown axis") << decl + R"({"t": 0, "device": 0, "axes": {"lW": 1}})" << 2
+                                  << QStringLiteral("unknown axis \"lW\"");
+    QTest::newRow("axis above range")
+        << decl + R"({"t": 0, "device": 0, "axes": {"lX": 65536}})" << 2 << QStringLiteral("0 to 65535");
+    QTest::newRow("axis as text") << decl + R"({"t": 0, "device": 0, "axes": {"lX": "max"}})" << 2
+                                  << QStringLiteral("0 to 65535");
+    QTest::newRow("axes not an object") << decl + R"({"t": 0, "device": 0, "axes": [1]})" << 2
+                                        << QStringLiteral("\"axes\" must be an object");
+    QTest::newRow("button 128") << decl + R"({"t": 0, "device": 0, "buttons": [128]})" << 2
+                                << QStringLiteral("0 to 127");
+    QTest::newRow("five hats") << decl + R"({"t": 0, "device": 0, "povs": [1, 2, 3, 4, 5]})" << 2
+                               << QStringLiteral("at most 4");
+    QTest::newRow("hat angle 36000") << decl + R"({"t": 0, "device": 0, "povs": [36000]})" << 2
+                                     << QStringLiteral("35999");
+    QTest::newRow("unknown state key")
+        << decl + R"({"t": 0, "device": 0, "axis": {}})" << 2 << QStringLiteral("unknown key \"axis\"");
+    QTest::newRow("over-long line") << decl + "{\"device\": {\"name\": \"" + QByteArray(70000, 'x') + "\"}}"
+                                    << 2 << QStringLiteral("longer than");
+    QTest::newRow("binary garbage") << QByteArray("\x00\xff\xfe{", 4) << 1
+                                    << QStringLiteral("not valid JSON");
+}
+
+void TestReplayScript::malformedLinesGiveTheirLineNumber()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(int, line);
+    QFETCH(QString, message);
+    const ReplayScript script = ReplayScript::parse(text);
+    QVERIFY(!script.isValid());
+    QCOMPARE(script.errorLine(), line);
+    QVERIFY2(script.errorString().startsWith(QStringLiteral("line %1: ").arg(line)),
+             qPrintable(script.errorString()));
+    QVERIFY2(script.errorString().contains(message), qPrintable(script.errorString()));
+    QVERIFY(script.devices().isEmpty());
+    QVERIFY(script.events().empty());
+}
+
+void TestReplayScript::statesTakeEffectAtTheirTime_data()
+{
+    QTest::addColumn<qint64>("at");
+    QTest::addColumn<qint32>("wheelX");
+    QTest::addColumn<bool>("button2");
+    QTest::addColumn<quint32>("pov");
+    QTest::addColumn<qint32>("throttle");
+    QTest::newRow("start") << qint64(0) << 32767 << false << kRawPovCentred << 0;
+    QTest::newRow("just before 100") << qint64(99) << 32767 << false << kRawPovCentred << 0;
+    QTest::newRow("at 100, by index and by name") << qint64(100) << 50000 << true << 9000u << 65535;
+    QTest::newRow("at 250 buttons and hats kept") << qint64(250) << 20000 << true << 9000u << 65535;
+    QTest::newRow("at 400 released") << qint64(400) << 20000 << false << kRawPovCentred << 65535;
+    QTest::newRow("long after the end") << qint64(100000) << 20000 << false << kRawPovCentred << 65535;
+}
+
+void TestReplayScript::statesTakeEffectAtTheirTime()
+{
+    QFETCH(qint64, at);
+    QFETCH(qint32, wheelX);
+    QFETCH(bool, button2);
+    QFETCH(quint32, pov);
+    QFETCH(qint32, throttle);
+    VirtualBackend backend;
+    qint64 clock = 0;
+    ReplayPlayer player(parsed(kTwoDevices), &backend, [&clock] { return clock; });
+    player.advanceTo(at);
+    const RawInputState wheel = backend.state(player.deviceIds()[0]);
+    const RawInputState pedals = backend.state(player.deviceIds()[1]);
+    QCOMPARE(wheel.axes[SlotX], wheelX);
+    QCOMPARE(wheel.buttons[2] == 0x80, button2);
+    QCOMPARE(wheel.buttons[127] == 0x80, button2);
+    QCOMPARE(wheel.buttons[3], quint8(0));
+    QCOMPARE(wheel.povs[0], pov);
+    QCOMPARE(pedals.axes[SlotRx], throttle);
+    QCOMPARE(pedals.axes[SlotRy], 0);
+    QCOMPARE(pedals.axes[SlotRz], 32767); // never given: still centred
+}
+
+void TestReplayScript::lastStateHoldsAndFinishIsReportedOnce()
+{
+    VirtualBackend backend;
+    ReplayPlayer player(parsed(kTwoDevices), &backend, [] { return qint64(0); });
+    QSignalSpy finished(&player, &ReplayPlayer::finished);
+    player.advanceTo(399);
+    QVERIFY(!player.isFinished());
+    QCOMPARE(finished.count(), 0);
+    player.advanceTo(400);
+    player.advanceTo(500);
+    player.advanceTo(10); // time never goes back
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(player.position(), 500);
+    QCOMPARE(backend.state(player.deviceIds()[0]).axes[SlotX], 20000);
+}
+
+void TestReplayScript::playsInRealTime()
+{
+    const QByteArray text = R"({"device": {"name": "Stick"}}
+{"t": 0, "device": 0, "axes": {"lY": 1000}}
+{"t": 30, "device": 0, "axes": {"lY": 2000}}
+{"t": 60, "device": "Stick", "axes": {"lY": 3000}}
+)";
+    VirtualBackend backend;
+    ReplayPlayer player(parsed(text), &backend);
+    QSignalSpy finished(&player, &ReplayPlayer::finished);
+    player.start();
+    QCOMPARE(backend.state(player.deviceIds()[0]).axes[SlotY], 1000); // due at 0 ms: applied by start()
+    QVERIFY(finished.wait(5000));
+    QCOMPARE(backend.state(player.deviceIds()[0]).axes[SlotY], 3000);
+    QVERIFY(player.position() >= 60);
+}
+
+void TestReplayScript::inputDeviceReadsAReplay()
+{
+    VirtualBackend backend;
+    qint64 clock = 0;
+    ReplayPlayer player(parsed(kTwoDevices), &backend, [&clock] { return clock; });
+    InputDevice wheel(&backend);
+    QVERIFY(wheel.open(0));
+    QCOMPARE(wheel.preset().name, presets::mozaFanatec);
+    player.advanceTo(100);
+    for (int i = 0; i < 4; ++i)
+        wheel.poll();
+    QVERIFY(wheel.steering() > 0.5f);
+    QVERIFY(wheel.button(2));
+    QVERIFY(wheel.isPressed(128 + 1)); // hat right
+}
+
+void TestReplayScript::missingAndOversizeFiles()
+{
+    const ReplayScript missing = ReplayScript::load(QStringLiteral("/nonexistent/drive.jsonl"));
+    QVERIFY(!missing.isValid());
+    QVERIFY(missing.errorString().contains(QStringLiteral("/nonexistent/drive.jsonl")));
+
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    QFile big(dir.filePath(QStringLiteral("big.jsonl")));
+    QVERIFY(big.open(QIODevice::WriteOnly));
+    QVERIFY(big.resize(ReplayScript::kMaxFileBytes + 1));
+    big.close();
+    const ReplayScript tooBig = ReplayScript::load(big.fileName());
+    QVERIFY(!tooBig.isValid());
+    QVERIFY(tooBig.errorString().contains(QStringLiteral("larger than")));
+
+    QFile bad(dir.filePath(QStringLiteral("bad.jsonl")));
+    QVERIFY(bad.open(QIODevice::WriteOnly));
+    bad.write("{\"device\": {\"name\": \"A\"}}\n\n{\"t\": 0, \"device\": 3}\n");
+    bad.close();
+    const ReplayScript badScript = ReplayScript::load(bad.fileName());
+    QCOMPARE(badScript.errorLine(), 3);
+    QVERIFY(badScript.errorString().startsWith(bad.fileName() + QStringLiteral(": line 3: ")));
+}
+
+void TestReplayScript::shippedExamplesParse_data()
+{
+    QTest::addColumn<QString>("path");
+    const QDir dir(QStringLiteral(ORVANE_SOURCE_DIR "/tools/replays"));
+    const QStringList files = dir.entryList({QStringLiteral("*.jsonl")});
+    QVERIFY(files.size() >= 3);
+    for (const QString &file : files)
+        QTest::newRow(qPrintable(file)) << dir.filePath(file);
+}
+
+void TestReplayScript::shippedExamplesParse()
+{
+    QFETCH(QString, path);
+    const ReplayScript script = ReplayScript::load(path);
+    QVERIFY2(script.isValid(), qPrintable(script.errorString()));
+    QVERIFY(!script.devices().isEmpty());
+    QVERIFY(script.durationMs() > 5000);
+}
+
+QTEST_GUILESS_MAIN(TestReplayScript)
+#include "tst_replayscript.moc"
