@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <cstdint>
+
+namespace tavrix {
+
+// The three channel values an ESC is driven with.
+struct EscValues
+{
+    int32_t neutral = 992;
+    int32_t fullForward = 1811;
+    int32_t fullReverse = 172;
+};
+
+// ESC mode as stored in a profile (`escMode`). Mode 1 was merged into the standard
+// mode long ago; it still appears in old profiles and is read as Standard.
+enum class EscMode : int32_t
+{
+    Standard = 0,
+    Custom = 2,
+};
+
+// A stored escMode as it is to be used: 2 is Custom, anything else (1 included) Standard.
+[[nodiscard]] EscMode escModeFromStored(int32_t stored);
+// The name remote clients use: "standard" or "custom".
+[[nodiscard]] QString escModeName(EscMode mode);
+// Remote name to mode: exactly "custom" (case-sensitive) selects Custom, any other name Standard.
+[[nodiscard]] EscMode escModeFromName(const QString &name);
+// The name shown to the user.
+[[nodiscard]] QString escModeDisplayName(EscMode mode);
+
+// Steering axis calibration as far as the custom steering end points use it (the
+// Steering axis settings' `useCalibration`, `inputMin`, `inputCenter`, `inputMax`, `inverted`).
+struct SteeringCalibration
+{
+    bool useCalibration = false;
+    float inputMin = -1.0f;
+    float inputCenter = 0.0f;
+    float inputMax = 1.0f;
+    bool inverted = false;
+};
+
+// The drive settings of a profile (`axisSettings` keys), with the profile's defaults.
+struct DriveSettings
+{
+    static constexpr int kGears = 7;
+
+    EscMode escMode = EscMode::Standard;
+    int32_t escNeutral = 992;
+    int32_t escFullForward = 1811;
+    int32_t escFullReverse = 172;
+
+    int32_t steeringLeft = 0;
+    int32_t steeringCenter = 1024;
+    int32_t steeringRight = 2047;
+    SteeringCalibration steeringCalibration;
+
+    bool smoothDeceleration = false;
+    int32_t decelRate = 20;
+
+    bool pitLimiterEnabled = false;
+    int32_t pitLimiterValue = 1200;
+
+    bool gearThrottleLimitEnabled = false;
+    std::array<int32_t, kGears> gearThrottleLimitPercent{100, 100, 100, 100, 100, 100, 100};
+
+    bool reverseEnabled = false;
+    int32_t reverseButtonIndex = -1;
+    int32_t reverseMaxPercent = 100;
+
+    bool softStartEnabled = true;
+    int32_t softStartDurationSec = 30;
+    int32_t softStartFloorPercent = 10;
+
+    bool stuckThrottleDetectionEnabled = true;
+    bool throttleSpikeRejectionEnabled = true;
+
+    // The custom ESC values are used only in the custom mode; otherwise the standard
+    // CRSF span 172..1811 with 992 at its middle.
+    [[nodiscard]] bool usesCustomEsc() const { return escMode == EscMode::Custom; }
+    [[nodiscard]] EscValues esc() const;
+    [[nodiscard]] bool hasDefaultSteeringEndpoints() const
+    {
+        return steeringLeft == 0 && steeringCenter == 1024 && steeringRight == 2047;
+    }
+};
+
+} // namespace tavrix

@@ -1,0 +1,200 @@
+#include "helicoptercomputation.h"
+
+#include "buttonmappingengine.h"
+#include "inputsource.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tavrix {
+
+namespace {
+
+constexpr int kAxisSlots = 8;
+
+float readAxis(const AxisSource *device, int32_t slot)
+{
+    if (!device || !device->isConnected() || slot < 0 || slot >= kAxisSlots)
+        return 0.0f;
+    return device->axis(slot);
+}
+
+bool isAssigned(int32_t slot)
+{
+    return slot >= 0 && slot < kAxisSlots;
+}
+
+void writeChannel(ChannelValues &channels, int32_t index, int32_t value)
+{
+    if (index >= 0 && index < int32_t(channels.size()))
+        channels[index] = std::clamp(value, 0, 2047);
+}
+
+float calibratedBipolar(const AxisCalibration &calibration, float raw)
+{
+    return std::clamp(calibration.bipolar(raw), -1.0f, 1.0f);
+}
+
+} // namespace
+
+HelicopterComputation::HelicopterComputation(const HelicopterSettings &settings)
+    : m_settings(settings)
+{
+    reset();
+}
+
+bool HelicopterComputation::setRateMode(int32_t mode)
+{
+    if (m_settings.dualRates.activeMode == mode)
+        return false;
+    m_settings.dualRates.activeMode = mode;
+    return true;
+}
+
+void HelicopterComputation::reset()
+{
+    m_roll = {};
+    m_pitch = {};
+    m_collective = {};
+    m_rudder = {};
+    m_motor = {};
+    m_softStartActive = m_settings.fly.softStart;
+    m_softStartElapsedMs = 0;
+    m_output = {};
+}
+
+void HelicopterComputation::tick(const HelicopterInputs &inputs, ButtonMappingEngine &buttons,
+                                 const ButtonMappingList &mappings, ChannelValues &channels)
+{
+    const HelicopterSettings::Calibration &calibration = m_settings.calibration;
+    const HelicopterSettings::Joystick &joystick = m_settings.inputs.joystick;
+
+    float roll = calibratedBipolar(calibration.roll, readAxis(inputs.joystick, joystick.xAxis));
+    float pitch = calibratedBipolar(calibration.pitch, readAxis(inputs.joystick, joystick.yAxis));
+    float rudder = calibratedBipolar(calibration.rudder, rawRudder(inputs));
+    const float stick = calibratedCollectiveStick(inputs);
+    float collective = m_settings.pitchCurve.enabled ? m_settings.pitchCurve.apply(stick) : stick;
+
+    roll = screen(m_roll, roll);
+    pitch = screen(m_pitch, pitch);
+    collective = screen(m_collective, collective);
+    rudder = screen(m_rudder, rudder);
+    const bool driveMotor = m_settings.throttleCurve.enabled;
+    // The motor value is screened and ramped like the collective it is derived from.
+    float motor = driveMotor ? screen(m_motor, m_settings.throttleCurve.apply(stick)) : 0.0f;
+
+    const float ramp = softStartRamp();
+    collective *= ramp;
+    motor *= ramp;
+
+    if (inputs.joystickButtons)
+        buttons.apply(mappings, channels, *inputs.joystickButtons,
+                      ButtonMappingEngine::kFirstHelicopterChannel,
+                      ButtonMappingEngine::kLastHelicopterChannel, kTickMs);
+
+    if (m_settings.dualRates.enabled) {
+        // The collective is never rate-limited: a lower rate must not cost lift.
+        const float rate = float(std::clamp(m_settings.dualRates.activePercent(), 0, 100)) / 100.0f;
+        roll *= rate;
+        pitch *= rate;
+        rudder *= rate;
+    }
+    m_output = {roll, pitch, collective, rudder};
+
+    const HelicopterSettings::Channels &targets = m_settings.channels;
+    writeChannel(channels, targets.roll, bipolarToChannel(roll));
+    writeChannel(channels, targets.pitch, bipolarToChannel(pitch));
+    writeChannel(channels, targets.rudder, bipolarToChannel(rudder));
+    writeChannel(channels, targets.throttle, collectiveToChannel(collective));
+    if (driveMotor)
+        writeChannel(channels, m_settings.motorChannel, collectiveToChannel(motor));
+    if (m_settings.arm.enabled)
+        writeChannel(channels, m_settings.arm.channel,
+                     microsecondsToChannel(m_armed ? m_settings.arm.onUs : m_settings.arm.offUs));
+}
+
+HelicopterComputation::ArmChange HelicopterComputation::requestArmed(bool armed,
+                                                                     const HelicopterInputs &inputs)
+{
+    if (armed == m_armed)
+        return ArmChange::Unchanged;
+    if (armed && m_settings.fly.armAtIdle && inputs.throttle && inputs.throttle->isConnected() &&
+        isAssigned(m_settings.inputs.throttle.axis) && calibratedCollectiveStick(inputs) > kArmIdleLimit)
+        return ArmChange::Refused;
+    m_armed = armed;
+    return ArmChange::Changed;
+}
+
+bool HelicopterComputation::disarm()
+{
+    return requestArmed(false, {}) == ArmChange::Changed;
+}
+
+QString HelicopterComputation::armRefusedMessage()
+{
+    return tr("Lower the collective before arming the motor.");
+}
+
+int32_t HelicopterComputation::bipolarToChannel(float value)
+{
+    const float v = std::clamp(value, -1.0f, 1.0f);
+    return std::clamp(int32_t(std::lround(v * 819.5f + 992.0f)), 172, 1811);
+}
+
+int32_t HelicopterComputation::collectiveToChannel(float value)
+{
+    const float v = std::clamp(value, 0.0f, 1.0f);
+    return int32_t(std::lround(v * 1639.0f + 172.0f));
+}
+
+int32_t HelicopterComputation::microsecondsToChannel(int32_t microseconds)
+{
+    const double value = double(microseconds - 880) * 8.0 / 5.0;
+    return std::clamp(int32_t(std::lround(value)), 0, 2047);
+}
+
+float HelicopterComputation::screen(SpikeGuard &guard, float value)
+{
+    // One glitching sample is held back for up to four ticks (28 ms); a jump that is
+    // still there on the fifth tick is real and is taken.
+    if (std::fabs(value - guard.accepted) > kSpikeThreshold && guard.heldTicks < kSpikeHoldTicks) {
+        ++guard.heldTicks;
+        return guard.accepted;
+    }
+    guard.accepted = value;
+    guard.heldTicks = 0;
+    return value;
+}
+
+float HelicopterComputation::calibratedCollectiveStick(const HelicopterInputs &inputs) const
+{
+    return m_settings.calibration.throttle.oneSided(
+        readAxis(inputs.throttle, m_settings.inputs.throttle.axis));
+}
+
+float HelicopterComputation::rawRudder(const HelicopterInputs &inputs) const
+{
+    const HelicopterSettings::Pedals &pedals = m_settings.inputs.pedals;
+    if (pedals.differential && isAssigned(pedals.axis) && isAssigned(pedals.axis2)) {
+        // Each pedal rests at -1 (released) and reads +1 fully pressed.
+        const float left = (readAxis(inputs.pedals, pedals.axis) + 1.0f) / 2.0f;
+        const float right = (readAxis(inputs.pedals, pedals.axis2) + 1.0f) / 2.0f;
+        return std::clamp(right - left, -1.0f, 1.0f);
+    }
+    return readAxis(inputs.pedals, pedals.axis);
+}
+
+float HelicopterComputation::softStartRamp()
+{
+    if (!m_softStartActive)
+        return 1.0f;
+    // Durations below one second (0 included) still ramp over one second.
+    const float durationMs = std::max(float(m_settings.fly.softStartSec) * 1000.0f, 1000.0f);
+    const float ramp = std::clamp(float(m_softStartElapsedMs) / durationMs, 0.0f, 1.0f);
+    m_softStartElapsedMs += kTickMs;
+    if (ramp >= 1.0f)
+        m_softStartActive = false;
+    return ramp;
+}
+
+} // namespace tavrix

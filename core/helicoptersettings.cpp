@@ -1,0 +1,33 @@
+#include "helicoptersettings.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tavrix {
+
+float HelicopterCurve::apply(float stick) const
+{
+    const qsizetype count = points.size();
+    if (count < 2)
+        return stick;
+    const float position = std::clamp(stick, 0.0f, 1.0f) * float(count - 1);
+    const qsizetype below = std::min(qsizetype(position), count - 2);
+    const float fraction = position - float(below);
+    const float low = float(points[below]);
+    const float high = float(points[below + 1]);
+    return std::clamp(low + (high - low) * fraction, 0.0f, 1.0f);
+}
+
+int32_t HelicopterSettings::DualRates::activePercent() const
+{
+    switch (activeMode) {
+    case 1:
+        return sportPct;
+    case 2:
+        return threeDPct;
+    default:
+        return beginnerPct;
+    }
+}
+
+} // namespace tavrix

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "axiscalibration.h"
+
+#include <QList>
+
+#include <cstdint>
+
+namespace tavrix {
+
+// A response curve over a one-sided control (0..1). The points are outputs (0..1) at
+// evenly spaced stick positions from stick low (first point) to stick high (last
+// point); between two points the output is interpolated linearly. With fewer than
+// two points there is no shape to follow and the curve passes its input through.
+struct HelicopterCurve
+{
+    bool enabled = false;
+    QList<double> points;
+
+    [[nodiscard]] float apply(float stick) const;
+};
+
+// The helicopter settings of a profile (`helicopterConfig`), nested and named as in the
+// profile file, with its defaults. Axis indexes are slots 0..7 of the device (-1 for
+// unassigned); channel indexes are 0..15 (CH1 = 0), anything else is not sent.
+struct HelicopterSettings
+{
+    struct Joystick
+    {
+        int32_t xAxis = 0; // roll
+        int32_t yAxis = 1; // pitch
+    };
+    struct Throttle
+    {
+        int32_t axis = 2; // collective
+    };
+    struct Pedals
+    {
+        // One rudder axis; with `differential`, `axis` is the left pedal and `axis2` the right.
+        int32_t axis = 3;
+        int32_t axis2 = -1;
+        bool differential = false;
+    };
+    struct Inputs
+    {
+        Joystick joystick;
+        Throttle throttle;
+        Pedals pedals;
+    };
+    struct Calibration
+    {
+        AxisCalibration roll;
+        AxisCalibration pitch;
+        AxisCalibration throttle; // the collective, used one-sided (min and max)
+        AxisCalibration rudder;
+    };
+    struct Channels
+    {
+        int32_t roll = 0;
+        int32_t pitch = 1;
+        int32_t throttle = 2; // the collective
+        int32_t rudder = 3;
+    };
+    struct Fly
+    {
+        bool armAtIdle = true;
+        bool softStart = false;
+        int32_t softStartSec = 3;
+    };
+    // The arm switch; values in microseconds as the flight controller documents them.
+    struct Arm
+    {
+        bool enabled = false;
+        int32_t channel = 4;
+        int32_t onUs = 2012;
+        int32_t offUs = 988;
+    };
+    struct DualRates
+    {
+        bool enabled = true;
+        int32_t beginnerPct = 60;
+        int32_t sportPct = 80;
+        int32_t threeDPct = 100;
+        int32_t activeMode = 0; // 0 beginner, 1 sport, 2 3D
+
+        // The active mode's percentage; an unknown mode takes the gentlest rate.
+        [[nodiscard]] int32_t activePercent() const;
+    };
+    struct Attitude
+    {
+        bool invertPitch = false;
+        bool invertRoll = false;
+        bool invertYaw = false;
+    };
+
+    Inputs inputs;
+    Calibration calibration;
+    Channels channels;
+    Fly fly;
+    Arm arm;
+    DualRates dualRates;
+    // pitchCurve shapes the collective channel; throttleCurve, when enabled, drives the
+    // motor channel from the same collective stick.
+    HelicopterCurve pitchCurve;
+    HelicopterCurve throttleCurve;
+    int32_t motorChannel = 5;
+    // Used to show the helicopter's reported attitude; not part of the channel computation.
+    Attitude attitude;
+};
+
+} // namespace tavrix

@@ -1,0 +1,614 @@
+#include "drivecomputation.h"
+#include "testsources.h"
+
+#include <QTest>
+
+#include <optional>
+
+using namespace tavrix;
+
+namespace {
+
+// The throttle safety features off: what is left is the plain ESC mapping.
+DriveSettings plainSettings()
+{
+    DriveSettings s;
+    s.softStartEnabled = false;
+    s.stuckThrottleDetectionEnabled = false;
+    s.throttleSpikeRejectionEnabled = false;
+    return s;
+}
+
+DriveInputs pedals(float throttle, float brake = 0.0f, int gear = 0)
+{
+    DriveInputs in;
+    in.throttle = throttle;
+    in.brake = brake;
+    in.gear = gear;
+    return in;
+}
+
+// One tick of a pedal sequence and what CH2 must be after it.
+struct Step
+{
+    float throttle;
+    float brake;
+    int ch2;
+    bool stop;
+};
+using Steps = QList<Step>;
+
+// Collects the drive computation's debug lines.
+QStringList g_driveLog;
+void captureDriveLog(QtMsgType, const QMessageLogContext &context, const QString &message)
+{
+    if (QLatin1String(context.category) == QLatin1String("orvane.drive"))
+        g_driveLog << message;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Step)
+
+class DriveComputationTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    testing::TestController wheel;
+    ChannelValues channels{};
+
+    DriveTickResult tick(DriveComputation &drive, const DriveInputs &in)
+    {
+        return drive.tick(in, wheel, channels);
+    }
+
+private slots:
+    void init()
+    {
+        wheel.releaseAll();
+        channels.fill(-1);
+    }
+
+    void steering_data()
+    {
+        QTest::addColumn<int>("left");
+        QTest::addColumn<int>("centre");
+        QTest::addColumn<int>("right");
+        QTest::addColumn<SteeringCalibration>("calibration");
+        QTest::addColumn<float>("raw");
+        QTest::addColumn<float>("calibrated");
+        QTest::addColumn<int>("ch1");
+        const SteeringCalibration none;
+        // Default end points use the calibrated steering: trunc((s + 1) x 1023.5).
+        QTest::newRow("default centre is 1023") << 0 << 1024 << 2047 << none << 0.9f << 0.0f << 1023;
+        QTest::newRow("default full right") << 0 << 1024 << 2047 << none << 0.0f << 1.0f << 2047;
+        QTest::newRow("default full left") << 0 << 1024 << 2047 << none << 0.0f << -1.0f << 0;
+        QTest::newRow("default half right 1535.25") << 0 << 1024 << 2047 << none << 0.0f << 0.5f << 1535;
+        QTest::newRow("default half left 511.75 truncates")
+            << 0 << 1024 << 2047 << none << 0.0f << -0.5f << 511;
+        // Custom end points use the raw position.
+        QTest::newRow("custom -0.5 gives 600") << 200 << 1000 << 1800 << none << -0.5f << 0.9f << 600;
+        QTest::newRow("custom centre") << 200 << 1000 << 1800 << none << 0.0f << 0.9f << 1000;
+        QTest::newRow("custom +0.25") << 200 << 1000 << 1800 << none << 0.25f << 0.0f << 1200;
+        QTest::newRow("custom full left") << 200 << 1000 << 1800 << none << -1.0f << 0.0f << 200;
+        QTest::newRow("custom beyond right clamps") << 200 << 1000 << 1800 << none << 1.0f << 0.0f << 1800;
+        QTest::newRow("asymmetric left half") << 300 << 1100 << 1700 << none << -0.5f << 0.0f << 700;
+        QTest::newRow("asymmetric right half") << 300 << 1100 << 1700 << none << 0.5f << 0.0f << 1400;
+        QTest::newRow("only the centre trimmed") << 0 << 1030 << 2047 << none << 0.0f << 0.0f << 1030;
+
+        SteeringCalibration cal{true, -0.8f, 0.1f, 0.6f, false};
+        // below centre: -(0.1 + 0.3) / 0.9 = -0.444 -> 1000 - 355.6
+        QTest::newRow("calibrated below centre") << 200 << 1000 << 1800 << cal << -0.3f << 0.0f << 644;
+        // above centre: (0.333 - 0.1) / 0.5 = 0.466 -> 1000 + 372.8
+        QTest::newRow("calibrated above centre") << 200 << 1000 << 1800 << cal << 0.333f << 0.0f << 1372;
+        QTest::newRow("calibrated past max clamps") << 200 << 1000 << 1800 << cal << 0.9f << 0.0f << 1800;
+        SteeringCalibration inverted = cal;
+        inverted.inverted = true;
+        QTest::newRow("calibrated and inverted") << 200 << 1000 << 1800 << inverted << 0.333f << 0.0f << 627;
+        SteeringCalibration noLeftSpan{true, 0.1f, 0.1f, 0.6f, false};
+        QTest::newRow("no span below centre gives centre")
+            << 200 << 1000 << 1800 << noLeftSpan << -0.7f << 0.0f << 1000;
+        SteeringCalibration unused{false, -0.8f, 0.1f, 0.6f, true};
+        QTest::newRow("calibration off, inverted still applies")
+            << 200 << 1000 << 1800 << unused << 0.25f << 0.0f << 800;
+    }
+    void steering()
+    {
+        QFETCH(int, left);
+        QFETCH(int, centre);
+        QFETCH(int, right);
+        QFETCH(SteeringCalibration, calibration);
+        QFETCH(float, raw);
+        QFETCH(float, calibrated);
+        QFETCH(int, ch1);
+        DriveSettings s = plainSettings();
+        s.steeringLeft = left;
+        s.steeringCenter = centre;
+        s.steeringRight = right;
+        s.steeringCalibration = calibration;
+        DriveComputation drive(s);
+        DriveInputs in;
+        in.steeringRaw = raw;
+        in.steering = calibrated;
+        tick(drive, in);
+        QCOMPARE(channels[0], ch1);
+        QCOMPARE(channels[2], 0); // CH3 is cleared for the button mappings
+    }
+
+    void escMapping_data()
+    {
+        QTest::addColumn<bool>("custom");
+        QTest::addColumn<float>("throttle");
+        QTest::addColumn<float>("brake");
+        QTest::addColumn<int>("ch2");
+        // forward: 992 + (t - D) / 0.975574 x 819, D = 50 / 2047; truncated
+        QTest::newRow("released") << false << 0.0f << 0.0f << 992;
+        QTest::newRow("inside dead zone") << false << 0.02f << 0.0f << 992;
+        QTest::newRow("just past dead zone") << false << 0.03f << 0.0f << 996;
+        QTest::newRow("half throttle 1391.25") << false << 0.5f << 0.0f << 1391;
+        QTest::newRow("full throttle is exactly full forward") << false << 1.0f << 0.0f << 1811;
+        // firm brake: 992 + (b - 0.1) / 0.9 x (172 - 992)
+        QTest::newRow("brake 0.1 is neutral whatever the throttle") << false << 1.0f << 0.1f << 992;
+        QTest::newRow("firm brake 0.2: 900.9") << false << 0.0f << 0.2f << 900;
+        QTest::newRow("firm brake 0.4 ignores throttle: 718.7") << false << 1.0f << 0.4f << 718;
+        QTest::newRow("full brake is full reverse") << false << 0.0f << 1.0f << 172;
+        // light brake: throttle x (1 - b / 0.1), then mapped
+        QTest::newRow("brake inside dead zone leaves throttle") << false << 1.0f << 0.024f << 1811;
+        QTest::newRow("light brake 0.025 scales throttle to 0.75") << false << 1.0f << 0.025f << 1601;
+        QTest::newRow("light brake 0.05 halves throttle") << false << 1.0f << 0.05f << 1391;
+        QTest::newRow("light brake 0.03 on 0.8: 0.56") << false << 0.8f << 0.03f << 1441;
+        QTest::newRow("light brake 0.0999 leaves nothing") << false << 1.0f << 0.0999f << 992;
+        // custom ESC 1000 / 1900 / 100
+        QTest::newRow("custom released") << true << 0.0f << 0.0f << 1000;
+        QTest::newRow("custom full forward") << true << 1.0f << 0.0f << 1900;
+        QTest::newRow("custom half throttle 1438.7") << true << 0.5f << 0.0f << 1438;
+        QTest::newRow("custom full brake") << true << 0.0f << 1.0f << 100;
+    }
+    void escMapping()
+    {
+        QFETCH(bool, custom);
+        QFETCH(float, throttle);
+        QFETCH(float, brake);
+        QFETCH(int, ch2);
+        DriveSettings s = plainSettings();
+        s.escNeutral = 1000;
+        s.escFullForward = 1900;
+        s.escFullReverse = 100;
+        s.escMode = custom ? EscMode::Custom : EscMode::Standard;
+        DriveComputation drive(s);
+        tick(drive, pedals(throttle, brake));
+        QCOMPARE(channels[1], ch2);
+    }
+
+    void escModeNames_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("mode");
+        QTest::newRow("custom") << QStringLiteral("custom") << 2;
+        QTest::newRow("standard") << QStringLiteral("standard") << 0;
+        QTest::newRow("capitalised Custom is not custom") << QStringLiteral("Custom") << 0;
+        QTest::newRow("empty") << QString() << 0;
+        QTest::newRow("unknown") << QStringLiteral("traxxas") << 0;
+    }
+    void escModeNames()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, mode);
+        QCOMPARE(int(escModeFromName(name)), mode);
+    }
+
+    void escModeStoredValues()
+    {
+        QCOMPARE(escModeFromStored(0), EscMode::Standard);
+        QCOMPARE(escModeFromStored(1), EscMode::Standard); // the retired mode 1
+        QCOMPARE(escModeFromStored(2), EscMode::Custom);
+        QCOMPARE(escModeName(EscMode::Standard), QStringLiteral("standard"));
+        QCOMPARE(escModeName(EscMode::Custom), QStringLiteral("custom"));
+        QCOMPARE(escModeDisplayName(EscMode::Standard),
+                 QStringLiteral("Traxxas/Tamiya/Arma Standard (172-992-1811)"));
+        DriveSettings s;
+        s.escNeutral = 1000;
+        QCOMPARE(s.esc().neutral, 992); // custom values are ignored in the standard mode
+        s.escMode = EscMode::Custom;
+        QCOMPARE(s.esc().neutral, 1000);
+    }
+
+    void throttleScreening_data()
+    {
+        QTest::addColumn<bool>("stuckDetection");
+        QTest::addColumn<bool>("spikeRejection");
+        QTest::addColumn<Steps>("steps");
+        // forward values: 0.05 -> 1013, 0.15 -> 1097, 0.5 -> 1391, 0.85 -> 1685, 0.95 -> 1769
+        QTest::newRow("jump 0.05 to 0.85 is a spike")
+            << true << true << Steps{{0.05f, 0, 1013, false}, {0.85f, 0, 992, true}};
+        QTest::newRow("jump 0.15 to 0.95 passes")
+            << true << true << Steps{{0.15f, 0, 1097, false}, {0.95f, 0, 1769, false}};
+        QTest::newRow("spike zeroes the brake too")
+            << true << true << Steps{{0.0f, 0, 992, false}, {0.85f, 0.5f, 992, true}};
+        QTest::newRow("held spike is refused every tick")
+            << true << true << Steps{{0.0f, 0, 992, false}, {0.9f, 0, 992, true}, {0.9f, 0, 992, true}};
+        QTest::newRow("rejection off lets the jump through")
+            << true << false << Steps{{0.05f, 0, 1013, false}, {0.85f, 0, 1685, false}};
+        QTest::newRow("stuck pedal at start is ignored until released") << true << true
+                                                                        << Steps{{0.95f, 0, 992, false},
+                                                                                 {0.95f, 0, 992, false},
+                                                                                 {0.5f, 0, 992, false},
+                                                                                 {0.05f, 0, 1013, false},
+                                                                                 {0.5f, 0, 1391, false}};
+        QTest::newRow("stuck pedal released then stamped is a spike")
+            << true << true << Steps{{0.95f, 0, 992, false}, {0.0f, 0, 992, false}, {0.95f, 0, 992, true}};
+        QTest::newRow("without stuck detection a full pedal at start is a spike")
+            << false << true << Steps{{0.95f, 0, 992, true}};
+        QTest::newRow("only the first tick can lock")
+            << true << true << Steps{{0.5f, 0, 1391, false}, {0.95f, 0, 1769, false}};
+        QTest::newRow("both off: full pedal at start drives")
+            << false << false << Steps{{0.95f, 0, 1769, false}};
+    }
+    void throttleScreening()
+    {
+        QFETCH(bool, stuckDetection);
+        QFETCH(bool, spikeRejection);
+        QFETCH(Steps, steps);
+        DriveSettings s = plainSettings();
+        s.stuckThrottleDetectionEnabled = stuckDetection;
+        s.throttleSpikeRejectionEnabled = spikeRejection;
+        DriveComputation drive(s);
+        for (int i = 0; i < steps.size(); ++i) {
+            const DriveTickResult result = tick(drive, pedals(steps[i].throttle, steps[i].brake));
+            QVERIFY2(channels[1] == steps[i].ch2,
+                     qPrintable(QStringLiteral("tick %1: CH2 %2").arg(i + 1).arg(channels[1])));
+            QCOMPARE(result.safetyStopRequested, steps[i].stop);
+        }
+        QCOMPARE(DriveComputation::spikeStopReason(), QStringLiteral("impossible throttle spike detected"));
+    }
+
+    void resetRearmsScreening()
+    {
+        DriveSettings s = plainSettings();
+        s.stuckThrottleDetectionEnabled = true;
+        s.throttleSpikeRejectionEnabled = true;
+        DriveComputation drive(s);
+        tick(drive, pedals(0.5f));
+        tick(drive, pedals(0.95f));
+        QCOMPARE(channels[1], 1769);
+        drive.reset(); // a new start with the pedal still down
+        tick(drive, pedals(0.95f));
+        QCOMPARE(channels[1], 992);
+        QVERIFY(drive.isThrottleLocked());
+    }
+
+    void softStartCaps_data()
+    {
+        QTest::addColumn<int>("ticks");
+        QTest::addColumn<float>("throttle");
+        QTest::addColumn<int>("ch2");
+        QTest::addColumn<bool>("stillActive");
+        // 2 s, floor 20%: cap = min(7k / 2000, 1) x 0.8 + 0.2 after k ticks
+        QTest::newRow("first tick: cap 0.2028") << 1 << 1.0f << 1141 << true;
+        QTest::newRow("a throttle under the cap passes") << 1 << 0.1f << 1055 << true;
+        QTest::newRow("1001 ms: cap 0.6004") << 143 << 1.0f << 1475 << true;
+        QTest::newRow("1995 ms: cap 0.998") << 285 << 1.0f << 1809 << true;
+        QTest::newRow("2002 ms: uncapped and over") << 286 << 1.0f << 1811 << false;
+    }
+    void softStartCaps()
+    {
+        QFETCH(int, ticks);
+        QFETCH(float, throttle);
+        QFETCH(int, ch2);
+        QFETCH(bool, stillActive);
+        DriveSettings s = plainSettings();
+        s.softStartEnabled = true;
+        s.softStartDurationSec = 2;
+        s.softStartFloorPercent = 20;
+        DriveComputation drive(s);
+        for (int i = 0; i < ticks; ++i)
+            tick(drive, pedals(throttle));
+        QCOMPARE(channels[1], ch2);
+        QCOMPARE(drive.isSoftStartActive(), stillActive);
+
+        drive.reset(); // the ramp runs again after every start
+        tick(drive, pedals(1.0f));
+        QCOMPARE(channels[1], 1141);
+    }
+
+    void spikeIsJudgedBeforeTheSoftStartCap()
+    {
+        DriveSettings s = plainSettings();
+        s.throttleSpikeRejectionEnabled = true;
+        s.softStartEnabled = true; // cap about 0.1 on the first ticks
+        DriveComputation drive(s);
+        QVERIFY(!tick(drive, pedals(0.0f)).safetyStopRequested);
+        QVERIFY(tick(drive, pedals(0.9f)).safetyStopRequested);
+        QCOMPARE(channels[1], 992);
+    }
+
+    void softStartOfZeroSecondsDoesNotCap()
+    {
+        DriveSettings s = plainSettings();
+        s.softStartEnabled = true;
+        s.softStartDurationSec = 0;
+        DriveComputation drive(s);
+        tick(drive, pedals(1.0f));
+        QCOMPARE(channels[1], 1811);
+        QVERIFY(!drive.isSoftStartActive());
+    }
+
+    void reverseByButton()
+    {
+        DriveSettings s = plainSettings();
+        s.reverseEnabled = true;
+        s.reverseButtonIndex = 5;
+        s.reverseMaxPercent = 50;
+        DriveComputation drive(s);
+
+        DriveTickResult r = tick(drive, pedals(0.5f));
+        QCOMPARE(channels[1], 1391);
+        QVERIFY(!r.reverseModeChanged);
+
+        wheel.press(5);
+        r = tick(drive, pedals(0.5f));
+        // amount min(0.5, 0.48748) -> 992 - 0.48748 x 820 = 592.27
+        QCOMPARE(channels[1], 592);
+        QVERIFY(r.reverseModeChanged);
+        QVERIFY(r.reverseActive);
+
+        for (int i = 0; i < 50; ++i) {
+            r = tick(drive, pedals(0.5f)); // held: no further toggling
+            QVERIFY(!r.reverseModeChanged);
+        }
+        QCOMPARE(channels[1], 592);
+
+        wheel.release(5);
+        tick(drive, pedals(1.0f));
+        QCOMPARE(channels[1], 582); // capped at 50%: 992 - 410
+        tick(drive, pedals(1.0f, 0.05f));
+        QCOMPARE(channels[1], 992); // any brake stops reversing
+        tick(drive, pedals(0.5f, 0.0f, 3));
+        QCOMPARE(channels[1], 592); // reversing ignores the gear
+
+        wheel.press(5);
+        r = tick(drive, pedals(1.0f));
+        QVERIFY(r.reverseModeChanged);
+        QVERIFY(!r.reverseActive);
+        QCOMPARE(channels[1], 1811);
+    }
+
+    void reverseGear_data()
+    {
+        QTest::addColumn<bool>("reverseEnabled");
+        QTest::addColumn<int>("gear");
+        QTest::addColumn<float>("throttle");
+        QTest::addColumn<int>("ch2");
+        QTest::addColumn<bool>("reported");
+        QTest::newRow("reverse gear reverses") << true << -1 << 1.0f << 172 << true;
+        QTest::newRow("reverse gear, 0.3 throttle: 760.4") << true << -1 << 0.3f << 760 << true;
+        QTest::newRow("reverse gear, pedal in dead zone") << true << -1 << 0.02f << 992 << true;
+        QTest::newRow("reverse disabled: reverse gear drives forward") << false << -1 << 1.0f << 1811 << true;
+        QTest::newRow("forward gear") << true << 2 << 1.0f << 1811 << false;
+    }
+    void reverseGear()
+    {
+        QFETCH(bool, reverseEnabled);
+        QFETCH(int, gear);
+        QFETCH(float, throttle);
+        QFETCH(int, ch2);
+        QFETCH(bool, reported);
+        DriveSettings s = plainSettings();
+        s.reverseEnabled = reverseEnabled;
+        DriveComputation drive(s);
+        const DriveTickResult r = tick(drive, pedals(throttle, 0.0f, gear));
+        QCOMPARE(channels[1], ch2);
+        QCOMPARE(r.reverseActive, reported);
+    }
+
+    void disablingReverseSwitchesReverseModeOff()
+    {
+        DriveSettings s = plainSettings();
+        s.reverseEnabled = true;
+        s.reverseButtonIndex = 5;
+        DriveComputation drive(s);
+        wheel.press(5);
+        tick(drive, pedals(0.0f));
+        QVERIFY(drive.isReverseModeActive());
+        s.reverseEnabled = false;
+        QVERIFY(drive.setSettings(s));
+        QVERIFY(!drive.isReverseModeActive());
+        QVERIFY(!drive.setSettings(s));
+        wheel.release(5);
+        tick(drive, pedals(0.0f));
+        wheel.press(5);
+        const DriveTickResult r = tick(drive, pedals(1.0f));
+        QVERIFY(!r.reverseModeChanged);
+        QCOMPARE(channels[1], 1811);
+    }
+
+    void gearLimit_data()
+    {
+        QTest::addColumn<bool>("enabled");
+        QTest::addColumn<int>("gear");
+        QTest::addColumn<float>("throttle");
+        QTest::addColumn<float>("brake");
+        QTest::addColumn<int>("ch2");
+        // limits 10, 20, 40, 60, 80, 90, 100 %; cap = 992 + P / 100 x 819
+        QTest::newRow("gear 3 at 40%: 1319.6") << true << 3 << 1.0f << 0.0f << 1319;
+        QTest::newRow("gear 1 at 10%: 1073.9") << true << 1 << 1.0f << 0.0f << 1073;
+        QTest::newRow("gear 2 caps 0.3 throttle at 1155.8") << true << 2 << 0.3f << 0.0f << 1155;
+        QTest::newRow("gear 2 below its cap") << true << 2 << 0.1f << 0.0f << 1055;
+        QTest::newRow("gear 7 at 100%") << true << 7 << 1.0f << 0.0f << 1811;
+        QTest::newRow("neutral gear gives neutral") << true << 0 << 1.0f << 0.0f << 992;
+        QTest::newRow("neutral gear with brake is neutral too") << true << 0 << 0.0f << 1.0f << 992;
+        QTest::newRow("reverse gear (reverse off) is not limited") << true << -1 << 1.0f << 0.0f << 1811;
+        QTest::newRow("limit off") << false << 3 << 1.0f << 0.0f << 1811;
+        QTest::newRow("limit off, neutral gear") << false << 0 << 1.0f << 0.0f << 1811;
+    }
+    void gearLimit()
+    {
+        QFETCH(bool, enabled);
+        QFETCH(int, gear);
+        QFETCH(float, throttle);
+        QFETCH(float, brake);
+        QFETCH(int, ch2);
+        DriveSettings s = plainSettings();
+        s.gearThrottleLimitEnabled = enabled;
+        s.gearThrottleLimitPercent = {10, 20, 40, 60, 80, 90, 100};
+        DriveComputation drive(s);
+        tick(drive, pedals(throttle, brake, gear));
+        QCOMPARE(channels[1], ch2);
+    }
+
+    void downshiftCapsAtOnceDespiteSmoothing()
+    {
+        DriveSettings s = plainSettings();
+        s.smoothDeceleration = true;
+        s.gearThrottleLimitEnabled = true;
+        s.gearThrottleLimitPercent = {10, 20, 40, 60, 80, 90, 100};
+        DriveComputation drive(s);
+        tick(drive, pedals(1.0f, 0.0f, 7));
+        QCOMPARE(channels[1], 1811);
+        // The smoothed output would fall slowly from 1811; the second cap holds it at 1319.
+        tick(drive, pedals(1.0f, 0.0f, 3));
+        QCOMPARE(channels[1], 1319);
+    }
+
+    void pitLimiter_data()
+    {
+        QTest::addColumn<bool>("enabled");
+        QTest::addColumn<bool>("held");
+        QTest::addColumn<float>("throttle");
+        QTest::addColumn<float>("brake");
+        QTest::addColumn<int>("gear");
+        QTest::addColumn<int>("ch2");
+        QTest::newRow("enabled caps") << true << false << 1.0f << 0.0f << 0 << 1200;
+        QTest::newRow("held mapping caps") << false << true << 1.0f << 0.0f << 0 << 1200;
+        QTest::newRow("neither") << false << false << 1.0f << 0.0f << 0 << 1811;
+        QTest::newRow("below the cap") << true << false << 0.1f << 0.0f << 0 << 1055;
+        QTest::newRow("braking is untouched") << true << false << 0.0f << 1.0f << 0 << 172;
+        QTest::newRow("reversing is untouched") << true << true << 1.0f << 0.0f << -1 << 172;
+    }
+    void pitLimiter()
+    {
+        QFETCH(bool, enabled);
+        QFETCH(bool, held);
+        QFETCH(float, throttle);
+        QFETCH(float, brake);
+        QFETCH(int, gear);
+        QFETCH(int, ch2);
+        DriveSettings s = plainSettings();
+        s.pitLimiterEnabled = enabled;
+        s.reverseEnabled = true;
+        DriveComputation drive(s);
+        DriveInputs in = pedals(throttle, brake, gear);
+        in.pitLimiterHeld = held;
+        tick(drive, in);
+        QCOMPARE(channels[1], ch2);
+    }
+
+    void decelerationStep_data()
+    {
+        QTest::addColumn<int>("rate");
+        QTest::addColumn<float>("step");
+        // 819 x 99 / ((R x 14 + 85) x 143)
+        QTest::newRow("R 0") << 0 << 6.670588f;
+        QTest::newRow("R 10") << 10 << 2.52f;
+        QTest::newRow("R 20") << 20 << 1.553425f;
+    }
+    void decelerationStep()
+    {
+        QFETCH(int, rate);
+        QFETCH(float, step);
+        DriveSettings s = plainSettings();
+        s.decelRate = rate;
+        QVERIFY(qAbs(DriveComputation(s).decelerationStep() - step) < 1e-4f);
+    }
+
+    void smoothDecelerationFallsByStepThenSnaps()
+    {
+        DriveSettings s = plainSettings();
+        s.smoothDeceleration = true;
+        s.decelRate = 0; // 6.6706 per tick
+        DriveComputation drive(s);
+        tick(drive, pedals(1.0f));
+        QCOMPARE(channels[1], 1811);
+
+        const QList<int> firstFalls{1804, 1797, 1790, 1784, 1777};
+        for (int expected : firstFalls) {
+            tick(drive, pedals(0.0f));
+            QCOMPARE(channels[1], expected);
+        }
+        int previous = channels[1];
+        for (int k = 6; k <= 112; ++k) {
+            tick(drive, pedals(0.0f));
+            QVERIFY(previous - channels[1] >= 6 && previous - channels[1] <= 7);
+            previous = channels[1];
+        }
+        QCOMPARE(channels[1], 1063); // the first value at or below 992 x 1.075 = 1066.4
+        tick(drive, pedals(0.0f));
+        QCOMPARE(channels[1], 992); // snapped
+        tick(drive, pedals(0.0f));
+        QCOMPARE(channels[1], 992);
+    }
+
+    void smoothDecelerationFallsOnlyToTheLowerTarget()
+    {
+        DriveSettings s = plainSettings();
+        s.smoothDeceleration = true;
+        s.decelRate = 0;
+        DriveComputation drive(s);
+        tick(drive, pedals(1.0f));
+        const QList<int> expected{1804, 1797, 1790, 1784, 1777, 1770, 1764,
+                                  1757, 1750, 1744, 1737, 1730, 1727, 1727};
+        for (int value : expected) {
+            tick(drive, pedals(0.9f)); // target 1727
+            QCOMPARE(channels[1], value);
+        }
+        tick(drive, pedals(1.0f)); // a higher target is taken at once
+        QCOMPARE(channels[1], 1811);
+    }
+
+    void brakingIsNeverSmoothed()
+    {
+        DriveSettings s = plainSettings();
+        s.smoothDeceleration = true;
+        DriveComputation drive(s);
+        tick(drive, pedals(1.0f));
+        tick(drive, pedals(0.0f, 1.0f));
+        QCOMPARE(channels[1], 172);
+        tick(drive, pedals(1.0f, 0.05f)); // a light brake is braking too
+        QCOMPARE(channels[1], 1391);
+    }
+
+    void neutralGearCoastsDown()
+    {
+        DriveSettings s = plainSettings();
+        s.smoothDeceleration = true;
+        s.decelRate = 0;
+        s.gearThrottleLimitEnabled = true;
+        DriveComputation drive(s);
+        tick(drive, pedals(1.0f, 0.0f, 4));
+        QCOMPARE(channels[1], 1811);
+        tick(drive, pedals(1.0f, 0.0f, 0)); // neutral with the pedal down: falls like a release
+        QCOMPARE(channels[1], 1804);
+    }
+
+    void debugLineEveryFiftiethTick()
+    {
+        DriveSettings s = plainSettings();
+        s.smoothDeceleration = true;
+        s.gearThrottleLimitEnabled = true;
+        s.gearThrottleLimitPercent = {100, 100, 40, 100, 100, 100, 100};
+        DriveComputation drive(s);
+        g_driveLog.clear();
+        const QtMessageHandler previous = qInstallMessageHandler(captureDriveLog);
+        for (int i = 0; i < 149; ++i)
+            tick(drive, pedals(1.0f, 0.0f, 3));
+        qInstallMessageHandler(previous);
+        QCOMPARE(g_driveLog.size(), 2);
+        QCOMPARE(g_driveLog.first(), QStringLiteral("SmoothDecel: hasThrottle=true hasBrake=false gear=3 "
+                                                    "currentOut=1319 target=1811 decelTarget=1319.6 "
+                                                    "neutral=992 smoothDecel=true"));
+    }
+};
+
+QTEST_GUILESS_MAIN(DriveComputationTest)
+#include "tst_drivecomputation.moc"
