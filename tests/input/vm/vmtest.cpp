@@ -12,6 +12,7 @@
 
 #include "evdevbackend.h"
 #include "evdevdevice.h"
+#include "evdevhotplugmonitor.h"
 #include "evdevmapping.h"
 #include "hiddescriptor.h"
 #include "hidusagemap.h"
@@ -309,6 +310,8 @@ void testPermissionProblem(const std::string &descriptorPath)
 void testKeyboardIsNotListed()
 {
     g_context = "classification";
+    EvdevHotplugMonitor monitor;
+    check(monitor.isValid() && !monitor.takeChanges(), "watching /dev/input");
     vm::UinputKeyboard keyboard;
     check(keyboard.create("vm keyboard"), "uinput keyboard created");
     // Wait until the keyboard has its event node, then make sure it is not listed.
@@ -329,6 +332,13 @@ void testKeyboardIsNotListed()
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
     check(present, "the keyboard has an event node");
+    bool noticed = false;
+    for (int i = 0; i < 500 && !noticed; ++i) {
+        noticed = monitor.takeChanges();
+        if (!noticed)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    check(noticed, "the hot-plug watch noticed the new node without udev");
     const Enumeration found = EvdevBackend().enumerate();
     check(std::none_of(found.devices.begin(), found.devices.end(),
                        [](const DeviceListEntry &e) { return e.instanceName == "vm keyboard"; }),
