@@ -49,6 +49,8 @@ struct RawInputState
 };
 
 // A 16-byte identity, printed as a braced GUID "{xxxxxxxx-xxxx-xxxx-xxxx-xxxxxxxxxxxx}".
+// The bytes are in printed order (RFC 4122: Data1..Data3 big-endian); a backend that
+// holds a Windows GUID struct converts its little-endian fields when it fills one.
 using DeviceGuid = std::array<uint8_t, 16>;
 
 // One entry of an enumeration, in the order the backend found the devices.

@@ -1,0 +1,289 @@
+#include "evdevdevice.h"
+
+#include <libevdev/libevdev.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <linux/input.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace tavrix::evdev {
+
+namespace {
+
+std::string errorText(const char *what, int error)
+{
+    return std::string(what) + ": " + std::strerror(error);
+}
+
+DeviceCapabilities capabilitiesOf(const libevdev *dev)
+{
+    DeviceCapabilities caps;
+    for (int type = 0; type < EV_CNT; ++type) {
+        if (libevdev_has_event_type(dev, static_cast<unsigned>(type)))
+            caps.events.set(static_cast<size_t>(type));
+    }
+    for (int code = 0; code < KEY_CNT; ++code) {
+        if (libevdev_has_event_code(dev, EV_KEY, static_cast<unsigned>(code)))
+            caps.keys.set(static_cast<size_t>(code));
+    }
+    for (int code = 0; code < ABS_CNT; ++code) {
+        if (libevdev_has_event_code(dev, EV_ABS, static_cast<unsigned>(code)))
+            caps.axes.set(static_cast<size_t>(code));
+    }
+    for (int code = 0; code < FF_CNT; ++code) {
+        if (libevdev_has_event_code(dev, EV_FF, static_cast<unsigned>(code)))
+            caps.effects.set(static_cast<size_t>(code));
+    }
+    for (int prop = 0; prop < INPUT_PROP_CNT; ++prop) {
+        if (libevdev_has_property(dev, static_cast<unsigned>(prop)))
+            caps.properties.set(static_cast<size_t>(prop));
+    }
+    return caps;
+}
+
+// Force-feedback levels of the seam (-1..+1, 0..1) in the kernel's units.
+int16_t signedLevel(double level)
+{
+    return static_cast<int16_t>(std::clamp(level, -1.0, 1.0) * 0x7fff);
+}
+
+uint16_t unsignedLevel(double level)
+{
+    return static_cast<uint16_t>(std::clamp(level, 0.0, 1.0) * 0xffff);
+}
+
+// A constant force along the wheel's axis: with direction 0x4000 the kernel's
+// drivers apply level × sin(90°), so a positive level pushes the way a positive
+// DirectInput magnitude on the X axis does.
+constexpr uint16_t kWheelAxisDirection = 0x4000;
+
+} // namespace
+
+std::unique_ptr<EvdevDevice> EvdevDevice::open(const std::string &devicePath, const DeviceIdentity &identity,
+                                               const DeviceListEntry &entry, std::string *error)
+{
+    auto fail = [&](std::string message) -> std::unique_ptr<EvdevDevice> {
+        if (error)
+            *error = std::move(message);
+        return nullptr;
+    };
+
+    std::unique_ptr<EvdevDevice> device(new EvdevDevice);
+    device->m_path = devicePath;
+    device->m_info = entry;
+    device->m_fd = ::open(devicePath.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    device->m_writable = device->m_fd >= 0;
+    if (device->m_fd < 0 && (errno == EACCES || errno == EROFS || errno == EPERM))
+        device->m_fd = ::open(devicePath.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (device->m_fd < 0)
+        return fail(errorText(("Cannot open " + devicePath).c_str(), errno));
+
+    const int rc = libevdev_new_from_fd(device->m_fd, &device->m_dev);
+    if (rc < 0)
+        return fail(errorText((devicePath + " is not an input device").c_str(), -rc));
+
+    device->m_caps = capabilitiesOf(device->m_dev);
+    device->m_layout = layoutDevice(device->m_caps, findSlotOverride(identity));
+    for (int code = 0; code < ABS_CNT; ++code) {
+        if (device->m_caps.axes.test(static_cast<size_t>(code))) {
+            device->m_minimum[static_cast<size_t>(code)] = libevdev_get_abs_minimum(device->m_dev, code);
+            device->m_maximum[static_cast<size_t>(code)] = libevdev_get_abs_maximum(device->m_dev, code);
+        }
+    }
+
+    // The counts come from the opened device, as DirectInput takes them from
+    // GetCapabilities after acquiring.
+    device->m_info.axisCount = device->m_layout.axisCount;
+    device->m_info.buttonCount = static_cast<uint32_t>(device->m_layout.buttonCodes.size());
+    device->m_info.povCount = static_cast<uint32_t>(std::count_if(
+        device->m_layout.povHat.begin(), device->m_layout.povHat.end(), [](int h) { return h >= 0; }));
+    device->m_info.hasForceFeedback = device->m_layout.hasForceFeedback;
+
+    // Like DirectInput's exclusive level for force-feedback devices: effects from
+    // another program must not fight ours, and nobody else reads the wheel meanwhile.
+    if (device->m_layout.hasForceFeedback)
+        device->m_exclusive = libevdev_grab(device->m_dev, LIBEVDEV_GRAB) == 0;
+    return device;
+}
+
+EvdevDevice::~EvdevDevice()
+{
+    if (m_fd >= 0) {
+        stopEffects();
+        eraseEffect(m_constant);
+        eraseEffect(m_spring);
+    }
+    if (m_dev) {
+        if (m_exclusive && !m_lost)
+            libevdev_grab(m_dev, LIBEVDEV_UNGRAB);
+        libevdev_free(m_dev);
+    }
+    if (m_fd >= 0)
+        ::close(m_fd);
+}
+
+bool EvdevDevice::drainEvents()
+{
+    input_event event{};
+    for (;;) {
+        int rc = libevdev_next_event(m_dev, LIBEVDEV_READ_FLAG_NORMAL, &event);
+        // After SYN_DROPPED libevdev replays the device's current state; take it all.
+        while (rc == LIBEVDEV_READ_STATUS_SYNC)
+            rc = libevdev_next_event(m_dev, LIBEVDEV_READ_FLAG_SYNC, &event);
+        if (rc == LIBEVDEV_READ_STATUS_SUCCESS)
+            continue;
+        if (rc == -EAGAIN)
+            return true;
+        if (rc == -EINTR)
+            continue;
+        return false; // -ENODEV when the device is unplugged; anything else is as fatal
+    }
+}
+
+PollResult EvdevDevice::poll(RawInputState &state)
+{
+    if (m_lost || !drainEvents()) {
+        m_lost = true;
+        return PollResult::Lost;
+    }
+
+    for (int slot = 0; slot < AxisSlotCount; ++slot) {
+        const int code = m_layout.slotCode[static_cast<size_t>(slot)];
+        if (code < 0)
+            continue;
+        state.axes[static_cast<size_t>(slot)] =
+            scaleAxis(libevdev_get_event_value(m_dev, EV_ABS, code), m_minimum[static_cast<size_t>(code)],
+                      m_maximum[static_cast<size_t>(code)]);
+    }
+    for (size_t index = 0; index < m_layout.buttonCodes.size(); ++index)
+        state.buttons[index] =
+            libevdev_get_event_value(m_dev, EV_KEY, m_layout.buttonCodes[index]) ? 0x80 : 0x00;
+    for (int pov = 0; pov < kRawPovCount; ++pov) {
+        const int hat = m_layout.povHat[static_cast<size_t>(pov)];
+        if (hat < 0)
+            continue;
+        const int xCode = ABS_HAT0X + 2 * hat;
+        const int yCode = xCode + 1;
+        const int x =
+            hatDirection(libevdev_get_event_value(m_dev, EV_ABS, xCode), m_minimum[xCode], m_maximum[xCode]);
+        const int y =
+            hatDirection(libevdev_get_event_value(m_dev, EV_ABS, yCode), m_minimum[yCode], m_maximum[yCode]);
+        state.povs[static_cast<size_t>(pov)] = povFromHat(x, y);
+    }
+    return PollResult::Ok;
+}
+
+bool EvdevDevice::writeEvent(int type, int code, int value)
+{
+    input_event event{};
+    event.type = static_cast<uint16_t>(type);
+    event.code = static_cast<uint16_t>(code);
+    event.value = value;
+    if (::write(m_fd, &event, sizeof(event)) != static_cast<ssize_t>(sizeof(event))) {
+        m_effectError = errorText("Writing a force-feedback event failed", errno);
+        return false;
+    }
+    return true;
+}
+
+bool EvdevDevice::canPlay(int effectType)
+{
+    if (m_lost) {
+        m_effectError = "The device is gone";
+        return false;
+    }
+    if (!m_caps.events.test(EV_FF) || !m_caps.effects.test(static_cast<size_t>(effectType))) {
+        m_effectError = "The device has no such force-feedback effect";
+        return false;
+    }
+    if (!m_writable) {
+        m_effectError = "No write permission on " + m_path + ": force feedback needs the udev rule";
+        return false;
+    }
+    return true;
+}
+
+bool EvdevDevice::upload(ff_effect &effect, Effect &slot)
+{
+    effect.id = static_cast<int16_t>(slot.id);
+    if (::ioctl(m_fd, EVIOCSFF, &effect) < 0) {
+        m_effectError = errorText("Uploading the effect (EVIOCSFF) failed", errno);
+        return false;
+    }
+    slot.id = effect.id;
+    return true;
+}
+
+bool EvdevDevice::start(Effect &effect)
+{
+    if (effect.playing)
+        return true; // an update of a playing effect takes effect at once
+    effect.playing = writeEvent(EV_FF, effect.id, 1);
+    return effect.playing;
+}
+
+void EvdevDevice::eraseEffect(Effect &effect)
+{
+    if (effect.id >= 0 && !m_lost)
+        ::ioctl(m_fd, EVIOCRMFF, effect.id);
+    effect = Effect{};
+}
+
+bool EvdevDevice::setAutocenter(double strength)
+{
+    if (!canPlay(FF_AUTOCENTER))
+        return false;
+    return writeEvent(EV_FF, FF_AUTOCENTER, unsignedLevel(strength));
+}
+
+bool EvdevDevice::setGain(double gain)
+{
+    if (!canPlay(FF_GAIN))
+        return false;
+    return writeEvent(EV_FF, FF_GAIN, unsignedLevel(gain));
+}
+
+bool EvdevDevice::playConstantForce(double level)
+{
+    if (!canPlay(FF_CONSTANT))
+        return false;
+    ff_effect effect{};
+    effect.type = FF_CONSTANT;
+    effect.direction = kWheelAxisDirection;
+    effect.replay.length = 0; // until stopped
+    effect.u.constant.level = signedLevel(level);
+    return upload(effect, m_constant) && start(m_constant);
+}
+
+bool EvdevDevice::playSpring(double coefficient)
+{
+    if (!canPlay(FF_SPRING))
+        return false;
+    ff_effect effect{};
+    effect.type = FF_SPRING;
+    effect.direction = kWheelAxisDirection;
+    effect.replay.length = 0;
+    ff_condition_effect &axis = effect.u.condition[0];
+    axis.right_saturation = 0xffff;
+    axis.left_saturation = 0xffff;
+    axis.right_coeff = signedLevel(std::clamp(coefficient, 0.0, 1.0));
+    axis.left_coeff = axis.right_coeff;
+    axis.deadband = 0;
+    axis.center = 0;
+    return upload(effect, m_spring) && start(m_spring);
+}
+
+void EvdevDevice::stopEffects()
+{
+    for (Effect *effect : {&m_constant, &m_spring}) {
+        if (effect->playing && !m_lost)
+            writeEvent(EV_FF, effect->id, 0);
+        effect->playing = false;
+    }
+}
+
+} // namespace tavrix::evdev

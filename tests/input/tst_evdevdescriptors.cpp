@@ -1,0 +1,300 @@
+// Real wheels and joysticks, from their HID report descriptors: each one, read the
+// way the Linux kernel maps HID usages to evdev codes and then laid out by the evdev
+// backend, must land on the slots DirectInput gives the same descriptor, so that a
+// preset means the same on Linux and Windows. Where a Linux driver rewrites a wheel's
+// descriptor, the backend's override table must still put the pedals where the
+// preset expects them.
+
+#include "evdevmapping.h"
+#include "hiddescriptor.h"
+#include "hidusagemap.h"
+
+#include <QtTest>
+
+using namespace tavrix;
+using namespace tavrix::evdev;
+
+namespace {
+
+QString devicesDir()
+{
+    return QStringLiteral(ORVANE_SHARED_DIR "/devices");
+}
+
+struct LoadedDevice
+{
+    hid::Descriptor descriptor;
+    hid::KernelInputDevice kernel;
+    DeviceIdentity identity;
+};
+
+// Vendor and product from "<origin>_<maker>-<model>-<vendor>-<product>.hex".
+bool idsFromFileName(const QString &fileName, DeviceIdentity &identity)
+{
+    const QStringList parts = QFileInfo(fileName).completeBaseName().split(QLatin1Char('-'));
+    if (parts.size() < 3)
+        return false;
+    bool vendorOk = false;
+    bool productOk = false;
+    identity.vendor = static_cast<uint16_t>(parts.at(parts.size() - 2).toUInt(&vendorOk, 16));
+    identity.product = static_cast<uint16_t>(parts.last().toUInt(&productOk, 16));
+    return vendorOk && productOk;
+}
+
+bool load(const QString &path, const std::string &driver, LoadedDevice &device, QString &problem)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        problem = QStringLiteral("cannot read %1").arg(path);
+        return false;
+    }
+    std::string error;
+    const std::vector<uint8_t> bytes = hid::parseHexBytes(file.readAll().toStdString(), &error);
+    device.descriptor = hid::parseDescriptor(bytes);
+    if (bytes.empty() || !device.descriptor.error.empty()) {
+        problem = QString::fromStdString(error + device.descriptor.error);
+        return false;
+    }
+    if (!idsFromFileName(path, device.identity)) {
+        problem = QStringLiteral("no vendor and product in the file name");
+        return false;
+    }
+    device.identity.driver = driver;
+    // The controller is the application that carries buttons or axes.
+    for (const hid::KernelInputDevice &candidate : hid::kernelMapping(device.descriptor)) {
+        if (candidate.codes.size() > device.kernel.codes.size())
+            device.kernel = candidate;
+    }
+    return true;
+}
+
+DeviceCapabilities capabilitiesOf(const hid::KernelInputDevice &kernel)
+{
+    DeviceCapabilities caps;
+    for (const hid::KernelCode &code : kernel.codes) {
+        caps.events.set(static_cast<size_t>(code.type));
+        if (code.type == EV_ABS) {
+            caps.axes.set(static_cast<size_t>(code.code));
+            if (code.hat)
+                caps.axes.set(static_cast<size_t>(code.code + 1));
+        } else if (code.type == EV_KEY) {
+            caps.keys.set(static_cast<size_t>(code.code));
+        }
+    }
+    return caps;
+}
+
+hid::ElementRef sourceOf(const hid::KernelInputDevice &kernel, int type, int code)
+{
+    const hid::KernelCode *entry = kernel.find(type, code);
+    return entry ? entry->source : hid::ElementRef{};
+}
+
+QString describe(const hid::Descriptor &descriptor, const hid::ElementRef &ref)
+{
+    if (!ref.valid())
+        return QStringLiteral("nothing");
+    const hid::Field &field = descriptor.fields[static_cast<size_t>(ref.field)];
+    return QStringLiteral("usage %1 (field %2)")
+        .arg(field.usageAt(ref.element), 8, 16, QLatin1Char('0'))
+        .arg(ref.field);
+}
+
+const char *const kSlotNames[] = {"lX", "lRx", "lRy", "lRz", "lY", "lZ", "Slider0", "Slider1"};
+
+// The Linux input layer has 16 joystick and 64 trigger-happy button codes.
+constexpr size_t kLinuxJoystickButtons = 16 + 64;
+
+} // namespace
+
+class TestEvdevDescriptors : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void landsOnDirectInputSlots_data()
+    {
+        QTest::addColumn<QString>("path");
+        const QDir dir(devicesDir());
+        const QStringList files = dir.entryList({QStringLiteral("*.hex")}, QDir::Files, QDir::Name);
+        if (files.isEmpty())
+            QSKIP("No device descriptors: the shared devices folder is missing");
+        for (const QString &file : files)
+            QTest::newRow(qPrintable(file)) << dir.filePath(file);
+    }
+    void landsOnDirectInputSlots()
+    {
+        QFETCH(QString, path);
+        LoadedDevice device;
+        QString problem;
+        QVERIFY2(load(path, "hid-generic", device, problem), qPrintable(problem));
+
+        const DeviceCapabilities caps = capabilitiesOf(device.kernel);
+        QVERIFY2(isJoystickClass(caps), "not recognised as a game controller");
+        const DeviceLayout layout = layoutDevice(caps, findSlotOverride(device.identity));
+        const hid::DirectInputLayout windows = hid::directInputMapping(device.descriptor);
+
+        bool anyAxis = false;
+        for (int slot = 0; slot < AxisSlotCount; ++slot) {
+            const int code = layout.slotCode[static_cast<size_t>(slot)];
+            const hid::ElementRef evdevRef =
+                code >= 0 ? sourceOf(device.kernel, EV_ABS, code) : hid::ElementRef{};
+            const hid::ElementRef expected = windows.axisSlots[static_cast<size_t>(slot)];
+            anyAxis = anyAxis || expected.valid();
+            QVERIFY2(evdevRef == expected, qPrintable(QStringLiteral("%1: evdev gives %2, DirectInput %3")
+                                                          .arg(QLatin1String(kSlotNames[slot]),
+                                                               describe(device.descriptor, evdevRef),
+                                                               describe(device.descriptor, expected))));
+        }
+        QVERIFY2(anyAxis, "the descriptor has no axis at all");
+
+        // Buttons in the same order, as far as Linux has codes for them.
+        const size_t shared = std::min(windows.buttons.size(), kLinuxJoystickButtons);
+        QVERIFY(layout.buttonCodes.size() >= shared);
+        for (size_t i = 0; i < shared; ++i)
+            QVERIFY2(sourceOf(device.kernel, EV_KEY, layout.buttonCodes[i]) == windows.buttons[i],
+                     qPrintable(QStringLiteral("button %1").arg(i)));
+        // The kernel also registers usages declared beyond a field's report count;
+        // such a button exists on Linux but never changes. Only those may be extra.
+        for (size_t i = shared; i < layout.buttonCodes.size(); ++i) {
+            const hid::ElementRef ref = sourceOf(device.kernel, EV_KEY, layout.buttonCodes[i]);
+            QVERIFY(ref.valid());
+            QVERIFY2(ref.element >= device.descriptor.fields[static_cast<size_t>(ref.field)].count,
+                     qPrintable(QStringLiteral("button %1 exists on Linux only").arg(i)));
+        }
+
+        // The kernel maps one hat per application; it must be DirectInput's first POV.
+        if (!windows.povs.empty()) {
+            QCOMPARE(layout.povHat[0], 0);
+            QCOMPARE(sourceOf(device.kernel, EV_ABS, ABS_HAT0X), windows.povs.front());
+        } else {
+            QCOMPARE(layout.povHat[0], -1);
+        }
+    }
+
+    void scalesEveryAxisAndHatLikeDirectInput_data() { landsOnDirectInputSlots_data(); }
+    void scalesEveryAxisAndHatLikeDirectInput()
+    {
+        QFETCH(QString, path);
+        LoadedDevice device;
+        QString problem;
+        QVERIFY2(load(path, "hid-generic", device, problem), qPrintable(problem));
+        for (const hid::KernelCode &code : device.kernel.codes) {
+            if (code.type != EV_ABS)
+                continue;
+            if (code.hat) {
+                // Every raw hat value, and the null values past the range, give the same POV.
+                for (int64_t value = code.hatMinimum; value <= code.hatMaximum + 1; ++value) {
+                    const std::array<int, 2> xy = hid::kernelHatAxes(value, code.hatMinimum, code.hatMaximum);
+                    QCOMPARE(povFromHat(xy[0], xy[1]),
+                             hid::directInputPov(value, code.hatMinimum, code.hatMaximum));
+                }
+                continue;
+            }
+            // DIPROP_RANGE 0..65535 stretches the logical range; the ends must agree exactly.
+            QCOMPARE(scaleAxis(code.minimum, code.minimum, code.maximum), 0);
+            QCOMPARE(scaleAxis(code.maximum, code.minimum, code.maximum), kRawAxisMax);
+            const int64_t middle = (static_cast<int64_t>(code.minimum) + code.maximum) / 2;
+            const double windows =
+                double(middle - code.minimum) * kRawAxisMax / (double(code.maximum) - code.minimum);
+            QVERIFY(std::abs(scaleAxis(static_cast<int32_t>(middle), code.minimum, code.maximum) - windows) <=
+                    1.0);
+        }
+    }
+
+    // hid-lg gives these wheels separate gas and brake axes of its own; the
+    // "Logitech" preset takes throttle from lZ and brake from lRz, steering from lX.
+    void logitechDriverWheelsMeetTheLogitechPreset_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("gasUsage");
+        QTest::addColumn<int>("brakeUsage");
+        QTest::newRow("Driving Force")
+            << QStringLiteral("kernel-fixed_logitech-driving-force-046d-c294.hex") << 0x31 << 0x35;
+        QTest::newRow("Driving Force Pro")
+            << QStringLiteral("kernel-fixed_logitech-driving-force-pro-046d-c298.hex") << 0x31 << 0x35;
+        QTest::newRow("Formula Vibration")
+            << QStringLiteral("kernel-fixed_logitech-formula-vibration-046d-ca04.hex") << 0x31 << 0x32;
+        QTest::newRow("MOMO Racing") << QStringLiteral("kernel-fixed_logitech-momo-racing-046d-c295.hex")
+                                     << 0x31 << 0x32;
+        QTest::newRow("MOMO Racing 2")
+            << QStringLiteral("kernel-fixed_logitech-momo-racing2-046d-ca03.hex") << 0x31 << 0x32;
+        QTest::newRow("WingMan Formula Force GP")
+            << QStringLiteral("kernel-fixed_logitech-wingman-formula-force-gp-046d-c293.hex") << 0x31 << 0x32;
+        QTest::newRow("WingMan Formula GP")
+            << QStringLiteral("kernel-fixed_logitech-wingman-formula-gp-046d-c20e.hex") << 0x31 << 0x32;
+    }
+    void logitechDriverWheelsMeetTheLogitechPreset()
+    {
+        QFETCH(QString, file);
+        QFETCH(int, gasUsage);
+        QFETCH(int, brakeUsage);
+        const QString path = QDir(devicesDir()).filePath(file);
+        if (!QFileInfo::exists(path))
+            QSKIP("No device descriptors: the shared devices folder is missing");
+        LoadedDevice device;
+        QString problem;
+        QVERIFY2(load(path, "logitech", device, problem), qPrintable(problem));
+        const SlotOverride *override = findSlotOverride(device.identity);
+        QVERIFY2(override, "no override for a wheel that hid-lg lays out");
+        const DeviceLayout layout = layoutDevice(capabilitiesOf(device.kernel), override);
+
+        auto usageOnSlot = [&](int slot) -> int {
+            const int code = layout.slotCode[static_cast<size_t>(slot)];
+            const hid::ElementRef ref = code >= 0 ? sourceOf(device.kernel, EV_ABS, code) : hid::ElementRef{};
+            if (!ref.valid())
+                return -1;
+            return static_cast<int>(
+                hid::usageId(device.descriptor.fields[static_cast<size_t>(ref.field)].usageAt(ref.element)));
+        };
+        constexpr int presetSteering = SlotX, presetThrottle = SlotZ, presetBrake = SlotRz;
+        QCOMPARE(usageOnSlot(presetSteering), 0x30);
+        QCOMPARE(usageOnSlot(presetThrottle), gasUsage);
+        QCOMPARE(usageOnSlot(presetBrake), brakeUsage);
+    }
+
+    void rejectsMalformedDescriptors_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("truncated item") << QByteArray::fromHex("050109");
+        QTest::newRow("end collection without collection") << QByteArray::fromHex("c0");
+        QTest::newRow("unclosed collection") << QByteArray::fromHex("05010904a101");
+        QTest::newRow("pop without push") << QByteArray::fromHex("b4");
+        QTest::newRow("report size above 32 bits") << QByteArray::fromHex("7521");
+        QTest::newRow("usage range too large") << QByteArray::fromHex("050919012affff");
+        QTest::newRow("report id 0") << QByteArray::fromHex("8500");
+        QTest::newRow("report too long") << QByteArray::fromHex("750896ffff8102");
+    }
+    void rejectsMalformedDescriptors()
+    {
+        QFETCH(QByteArray, bytes);
+        const hid::Descriptor descriptor =
+            hid::parseDescriptor(std::vector<uint8_t>(bytes.begin(), bytes.end()));
+        QVERIFY(!descriptor.error.empty());
+    }
+
+    void buildsReportsAtTheFieldOffsets()
+    {
+        // G27 native: hat (4 bits), 22 buttons, 14-bit X, then Z, Rz, Y bytes.
+        const QString path =
+            QDir(devicesDir()).filePath(QStringLiteral("gimx_logitech-g27-native-046d-c29b.hex"));
+        if (!QFileInfo::exists(path))
+            QSKIP("No device descriptors: the shared devices folder is missing");
+        LoadedDevice device;
+        QString problem;
+        QVERIFY2(load(path, "hid-generic", device, problem), qPrintable(problem));
+        std::vector<uint8_t> report = hid::restingInputReport(device.descriptor, 0);
+        QCOMPARE(report.size(), size_t(11));
+        QCOMPARE(report[0] & 0x0f, 8); // hat at its null state
+        const hid::ElementRef x = sourceOf(device.kernel, EV_ABS, ABS_X);
+        hid::setFieldValue(report, device.descriptor, device.descriptor.fields[static_cast<size_t>(x.field)],
+                           0, 0x3fff);
+        // 4 + 22 bits in, 14 bits wide: bytes 3..4 carry it.
+        QCOMPARE(int(report[3]), 0xfc);
+        QCOMPARE(int(report[4]), 0xff);
+        QCOMPARE(int(report[3 - 1]), 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEvdevDescriptors)
+#include "tst_evdevdescriptors.moc"

@@ -1,0 +1,71 @@
+// The hot-plug watch on the folder of event nodes: news for eventN nodes coming,
+// going and changing permissions, nothing for other nodes or when nothing happened.
+
+#include "evdevhotplugmonitor.h"
+
+#include <QtTest>
+
+#include <poll.h>
+
+using namespace tavrix;
+
+namespace {
+
+bool readable(int fd)
+{
+    pollfd pfd{fd, POLLIN, 0};
+    return ::poll(&pfd, 1, 0) == 1;
+}
+
+} // namespace
+
+class TestEvdevHotplugMonitor : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void reportsEventNodesComingAndGoing()
+    {
+        QTemporaryDir dir;
+        EvdevHotplugMonitor monitor(dir.path().toStdString());
+        QVERIFY(monitor.isValid());
+        QVERIFY(!monitor.takeChanges());
+
+        QFile node(dir.filePath(QStringLiteral("event7")));
+        QVERIFY(node.open(QIODevice::WriteOnly));
+        node.close();
+        QVERIFY(readable(monitor.fd()));
+        QVERIFY(monitor.takeChanges());
+        QVERIFY(!monitor.takeChanges());
+
+        // udev granting access after the node appeared.
+        QVERIFY(node.setPermissions(QFileDevice::ReadOwner | QFileDevice::ReadGroup));
+        QVERIFY(monitor.takeChanges());
+
+        QVERIFY(node.remove());
+        QVERIFY(monitor.takeChanges());
+    }
+
+    void ignoresOtherNodes()
+    {
+        QTemporaryDir dir;
+        EvdevHotplugMonitor monitor(dir.path().toStdString());
+        QFile js(dir.filePath(QStringLiteral("js0")));
+        QVERIFY(js.open(QIODevice::WriteOnly));
+        js.close();
+        QFile mouse(dir.filePath(QStringLiteral("mouse1")));
+        QVERIFY(mouse.open(QIODevice::WriteOnly));
+        QVERIFY(!monitor.takeChanges());
+    }
+
+    void isInvalidForAMissingFolder()
+    {
+        EvdevHotplugMonitor monitor("/nonexistent/dev/input");
+        QVERIFY(!monitor.isValid());
+        QCOMPARE(monitor.fd(), -1);
+        QVERIFY(!monitor.takeChanges());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEvdevHotplugMonitor)
+#include "tst_evdevhotplugmonitor.moc"

@@ -1,0 +1,323 @@
+// The evdev backend's pure conversions: axis ranges, hats, classification of
+// devices, the slot layout rule with its overrides, sysfs bitmaps and identities.
+
+#include "evdevmapping.h"
+
+#include <QtTest>
+
+using namespace tavrix;
+using namespace tavrix::evdev;
+
+namespace {
+
+DeviceCapabilities capabilities(std::initializer_list<int> events, std::initializer_list<int> axes,
+                                std::initializer_list<int> keys, std::initializer_list<int> properties = {})
+{
+    DeviceCapabilities caps;
+    for (int e : events)
+        caps.events.set(static_cast<size_t>(e));
+    for (int a : axes)
+        caps.axes.set(static_cast<size_t>(a));
+    for (int k : keys)
+        caps.keys.set(static_cast<size_t>(k));
+    for (int p : properties)
+        caps.properties.set(static_cast<size_t>(p));
+    return caps;
+}
+
+QString guidText(const DeviceGuid &g)
+{
+    // Printed order, the byte order every backend hands over (see inputbackend.h).
+    auto hex = [&](int index) {
+        return QStringLiteral("%1").arg(g[static_cast<size_t>(index)], 2, 16, QLatin1Char('0'));
+    };
+    QString text = QStringLiteral("{");
+    for (int i : {0, 1, 2, 3})
+        text += hex(i);
+    text += QLatin1Char('-') + hex(4) + hex(5) + QLatin1Char('-') + hex(6) + hex(7) + QLatin1Char('-') +
+            hex(8) + hex(9) + QLatin1Char('-');
+    for (int i = 10; i < 16; ++i)
+        text += hex(i);
+    return (text + QLatin1Char('}')).toUpper();
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(tavrix::evdev::DeviceCapabilities)
+
+class TestEvdevMapping : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void scalesAxisRangeTo16Bits_data()
+    {
+        QTest::addColumn<int>("value");
+        QTest::addColumn<int>("minimum");
+        QTest::addColumn<int>("maximum");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("14-bit wheel left stop") << 0 << 0 << 16383 << 0;
+        QTest::newRow("14-bit wheel right stop") << 16383 << 0 << 16383 << 65535;
+        QTest::newRow("14-bit wheel centre rounds to nearest") << 8192 << 0 << 16383 << 32770;
+        QTest::newRow("8-bit pedal middle") << 128 << 0 << 255 << 32896;
+        QTest::newRow("signed range centre") << 0 << -32767 << 32767 << 32768;
+        QTest::newRow("signed range low end") << -32767 << -32767 << 32767 << 0;
+        QTest::newRow("below the range clamps") << -5 << 0 << 1023 << 0;
+        QTest::newRow("above the range clamps") << 5000 << 0 << 1023 << 65535;
+        QTest::newRow("full 32-bit span does not overflow") << 0 << INT32_MIN << INT32_MAX << 32768;
+        QTest::newRow("degenerate range reads centred") << 7 << 7 << 7 << 32767;
+    }
+    void scalesAxisRangeTo16Bits()
+    {
+        QFETCH(int, value);
+        QFETCH(int, minimum);
+        QFETCH(int, maximum);
+        QFETCH(int, expected);
+        QCOMPARE(scaleAxis(value, minimum, maximum), expected);
+    }
+
+    void turnsHatIntoPovAngle_data()
+    {
+        QTest::addColumn<int>("x");
+        QTest::addColumn<int>("y");
+        QTest::addColumn<uint>("angle");
+        QTest::newRow("centred") << 0 << 0 << uint(kRawPovCentred);
+        QTest::newRow("up") << 0 << -1 << 0u;
+        QTest::newRow("up-right") << 1 << -1 << 4500u;
+        QTest::newRow("right") << 1 << 0 << 9000u;
+        QTest::newRow("down-right") << 1 << 1 << 13500u;
+        QTest::newRow("down") << 0 << 1 << 18000u;
+        QTest::newRow("down-left") << -1 << 1 << 22500u;
+        QTest::newRow("left") << -1 << 0 << 27000u;
+        QTest::newRow("up-left") << -1 << -1 << 31500u;
+        QTest::newRow("larger magnitudes count as directions") << 5 << -3 << 4500u;
+    }
+    void turnsHatIntoPovAngle()
+    {
+        QFETCH(int, x);
+        QFETCH(int, y);
+        QFETCH(uint, angle);
+        QCOMPARE(povFromHat(x, y), angle);
+    }
+
+    void readsHatDirectionAgainstItsRange_data()
+    {
+        QTest::addColumn<int>("value");
+        QTest::addColumn<int>("minimum");
+        QTest::addColumn<int>("maximum");
+        QTest::addColumn<int>("direction");
+        QTest::newRow("-1..1 low") << -1 << -1 << 1 << -1;
+        QTest::newRow("-1..1 middle") << 0 << -1 << 1 << 0;
+        QTest::newRow("-1..1 high") << 1 << -1 << 1 << 1;
+        QTest::newRow("0..2 middle") << 1 << 0 << 2 << 0;
+        QTest::newRow("0..2 low") << 0 << 0 << 2 << -1;
+        QTest::newRow("0..255 just above middle") << 128 << 0 << 255 << 1;
+    }
+    void readsHatDirectionAgainstItsRange()
+    {
+        QFETCH(int, value);
+        QFETCH(int, minimum);
+        QFETCH(int, maximum);
+        QFETCH(int, direction);
+        QCOMPARE(hatDirection(value, minimum, maximum), direction);
+    }
+
+    void classifiesJoystickClassDevices_data()
+    {
+        QTest::addColumn<DeviceCapabilities>("caps");
+        QTest::addColumn<bool>("joystick");
+        QTest::newRow("wheel") << capabilities({EV_ABS, EV_KEY},
+                                               {ABS_X, ABS_Y, ABS_Z, ABS_RZ, ABS_HAT0X, ABS_HAT0Y},
+                                               {BTN_TRIGGER, BTN_THUMB})
+                               << true;
+        QTest::newRow("gamepad") << capabilities({EV_ABS, EV_KEY}, {ABS_X, ABS_Y, ABS_RX, ABS_RY},
+                                                 {BTN_SOUTH, BTN_EAST})
+                                 << true;
+        QTest::newRow("pedals with X, Y and Z only")
+            << capabilities({EV_ABS}, {ABS_X, ABS_Y, ABS_Z}, {}) << true;
+        QTest::newRow("shifter with buttons only")
+            << capabilities({EV_KEY}, {}, {BTN_TRIGGER, BTN_TRIGGER_HAPPY1, BTN_TRIGGER_HAPPY7}) << true;
+        QTest::newRow("keyboard") << capabilities({EV_KEY, EV_LED}, {}, {KEY_A, KEY_ENTER}) << false;
+        QTest::newRow("mouse") << capabilities({EV_REL, EV_KEY}, {}, {BTN_LEFT, BTN_RIGHT}) << false;
+        QTest::newRow("absolute mouse of a virtual machine")
+            << capabilities({EV_ABS, EV_KEY}, {ABS_X, ABS_Y, ABS_WHEEL}, {BTN_LEFT}) << false;
+        QTest::newRow("touchpad") << capabilities({EV_ABS, EV_KEY}, {ABS_X, ABS_Y, ABS_PRESSURE},
+                                                  {BTN_TOUCH, BTN_TOOL_FINGER}, {INPUT_PROP_POINTER})
+                                  << false;
+        QTest::newRow("tablet") << capabilities({EV_ABS, EV_KEY}, {ABS_X, ABS_Y, ABS_TILT_X},
+                                                {BTN_TOOL_PEN, BTN_STYLUS})
+                                << false;
+        QTest::newRow("touchscreen") << capabilities({EV_ABS, EV_KEY}, {ABS_X, ABS_Y}, {BTN_TOUCH},
+                                                     {INPUT_PROP_DIRECT})
+                                     << false;
+        QTest::newRow("accelerometer of a gamepad")
+            << capabilities({EV_ABS}, {ABS_X, ABS_Y, ABS_Z, ABS_RX}, {}, {INPUT_PROP_ACCELEROMETER}) << false;
+        QTest::newRow("power button") << capabilities({EV_KEY}, {}, {KEY_POWER}) << false;
+    }
+    void classifiesJoystickClassDevices()
+    {
+        QFETCH(DeviceCapabilities, caps);
+        QFETCH(bool, joystick);
+        QCOMPARE(isJoystickClass(caps), joystick);
+    }
+
+    void laysAxesOutOnSlots_data()
+    {
+        QTest::addColumn<DeviceCapabilities>("caps");
+        QTest::addColumn<QList<int>>("slotCodes"); // per slot in slot order, -1 none
+        QTest::newRow("G27: X, Y, Z, Rz") << capabilities({EV_ABS}, {ABS_X, ABS_Y, ABS_Z, ABS_RZ}, {})
+                                          << QList<int>{ABS_X, -1, -1, ABS_RZ, ABS_Y, ABS_Z, -1, -1};
+        QTest::newRow("all six fixed axes")
+            << capabilities({EV_ABS}, {ABS_X, ABS_Y, ABS_Z, ABS_RX, ABS_RY, ABS_RZ}, {})
+            << QList<int>{ABS_X, ABS_RX, ABS_RY, ABS_RZ, ABS_Y, ABS_Z, -1, -1};
+        QTest::newRow("throttle and rudder become sliders in code order")
+            << capabilities({EV_ABS}, {ABS_X, ABS_RUDDER, ABS_THROTTLE}, {})
+            << QList<int>{ABS_X, -1, -1, -1, -1, -1, ABS_THROTTLE, ABS_RUDDER};
+        QTest::newRow("a third slider axis has no slot")
+            << capabilities({EV_ABS}, {ABS_WHEEL, ABS_GAS, ABS_BRAKE}, {})
+            << QList<int>{-1, -1, -1, -1, -1, -1, ABS_WHEEL, ABS_GAS};
+        QTest::newRow("hats and misc axes take no axis slot")
+            << capabilities({EV_ABS}, {ABS_X, ABS_HAT0X, ABS_HAT0Y, ABS_MISC, ABS_PRESSURE}, {})
+            << QList<int>{ABS_X, -1, -1, -1, -1, -1, -1, -1};
+    }
+    void laysAxesOutOnSlots()
+    {
+        QFETCH(DeviceCapabilities, caps);
+        QFETCH(QList<int>, slotCodes);
+        const DeviceLayout layout = layoutDevice(caps);
+        QCOMPARE(QList<int>(layout.slotCode.begin(), layout.slotCode.end()), slotCodes);
+    }
+
+    void overrideMovesAxesAndDisplacedOnesBecomeSliders()
+    {
+        SlotOverride swap;
+        swap.moves = {{ABS_Y, SlotZ}, {ABS_RZ, SlotRz}};
+        const DeviceCapabilities caps = capabilities({EV_ABS}, {ABS_X, ABS_Y, ABS_Z, ABS_RZ}, {});
+        const DeviceLayout layout = layoutDevice(caps, &swap);
+        QCOMPARE(layout.slotCode[SlotX], ABS_X);
+        QCOMPARE(layout.slotCode[SlotZ], ABS_Y);
+        QCOMPARE(layout.slotCode[SlotRz], ABS_RZ);
+        QCOMPARE(layout.slotCode[SlotY], -1);
+        // ABS_Z lost its own slot to the override and is still reachable.
+        QCOMPARE(layout.slotCode[SlotSlider0], ABS_Z);
+    }
+
+    void overrideForAbsentAxisChangesNothing()
+    {
+        SlotOverride move;
+        move.moves = {{ABS_RZ, SlotY}};
+        const DeviceCapabilities caps = capabilities({EV_ABS}, {ABS_X, ABS_Y}, {});
+        const DeviceLayout layout = layoutDevice(caps, &move);
+        QCOMPARE(layout.slotCode[SlotY], ABS_Y);
+    }
+
+    void overridesApplyOnlyUnderTheirDriver()
+    {
+        DeviceIdentity identity;
+        identity.vendor = 0x046d;
+        identity.product = 0xc298;
+        identity.driver = "logitech";
+        QVERIFY(findSlotOverride(identity) != nullptr);
+        identity.driver = "hid-generic";
+        QVERIFY(findSlotOverride(identity) == nullptr);
+        identity.driver = "logitech";
+        identity.product = 0xc29b; // G27 keeps its own descriptor under hid-lg
+        QVERIFY(findSlotOverride(identity) == nullptr);
+    }
+
+    void numbersButtonsInCodeOrder()
+    {
+        const DeviceCapabilities caps = capabilities(
+            {EV_KEY}, {},
+            {BTN_TRIGGER_HAPPY2, BTN_DEAD, BTN_TRIGGER, BTN_SOUTH, KEY_A, BTN_LEFT, BTN_DPAD_UP});
+        const DeviceLayout layout = layoutDevice(caps);
+        QCOMPARE(layout.buttonCodes,
+                 (std::vector<int>{BTN_TRIGGER, BTN_DEAD, BTN_SOUTH, BTN_TRIGGER_HAPPY2}));
+    }
+
+    void keepsAtMost128Buttons()
+    {
+        DeviceCapabilities caps;
+        for (int code = BTN_JOYSTICK; code < BTN_JOYSTICK + 32; ++code)
+            caps.keys.set(static_cast<size_t>(code));
+        for (int code = BTN_TRIGGER_HAPPY; code <= KEY_MAX; ++code)
+            caps.keys.set(static_cast<size_t>(code));
+        const DeviceLayout layout = layoutDevice(caps);
+        QCOMPARE(layout.buttonCodes.size(), size_t(32 + 64));
+        QCOMPARE(layout.buttonCodes.back(), KEY_MAX);
+    }
+
+    void countsPovsFromHatPairs()
+    {
+        const DeviceCapabilities caps = capabilities({EV_ABS}, {ABS_HAT0X, ABS_HAT0Y, ABS_HAT2Y}, {});
+        const DeviceLayout layout = layoutDevice(caps);
+        QCOMPARE(layout.povHat[0], 0);
+        QCOMPARE(layout.povHat[1], 2);
+        QCOMPARE(layout.povHat[2], -1);
+    }
+
+    void forceFeedbackMeansConstantForce()
+    {
+        DeviceCapabilities caps = capabilities({EV_ABS, EV_FF}, {ABS_X}, {});
+        caps.effects.set(FF_RUMBLE);
+        QVERIFY(!layoutDevice(caps).hasForceFeedback);
+        caps.effects.set(FF_CONSTANT);
+        QVERIFY(layoutDevice(caps).hasForceFeedback);
+    }
+
+    void parsesSysfsBitmaps_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("wordBits");
+        QTest::addColumn<QList<int>>("bits");
+        QTest::newRow("single word") << QStringLiteral("1b\n") << 64 << QList<int>{0, 1, 3, 4};
+        QTest::newRow("words most significant first")
+            << QStringLiteral("30000 0 3") << 64 << QList<int>{0, 1, 144, 145};
+        QTest::newRow("32-bit words") << QStringLiteral("1 80000000") << 32 << QList<int>{31, 32};
+        QTest::newRow("empty") << QString() << 64 << QList<int>{};
+        QTest::newRow("bits beyond the count are dropped")
+            << QStringLiteral("1 0 0 0 0") << 64 << QList<int>{};
+        QTest::newRow("garbage gives nothing") << QStringLiteral("12 zz") << 64 << QList<int>{};
+    }
+    void parsesSysfsBitmaps()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, wordBits);
+        QFETCH(QList<int>, bits);
+        const std::vector<int> parsed = parseSysfsBitmap(text.toStdString(), 256, wordBits);
+        QCOMPARE(QList<int>(parsed.begin(), parsed.end()), bits);
+    }
+
+    void productGuidIsDirectInputStyle()
+    {
+        QCOMPARE(guidText(productGuid(0x046d, 0xc29b)),
+                 QStringLiteral("{C29B046D-0000-0000-0000-504944564944}"));
+        QCOMPARE(guidText(productGuid(0x044f, 0xb66e)),
+                 QStringLiteral("{B66E044F-0000-0000-0000-504944564944}"));
+    }
+
+    void instanceGuidIsStablePerPort()
+    {
+        DeviceIdentity a;
+        a.bus = BUS_USB;
+        a.vendor = 0x046d;
+        a.product = 0xc29b;
+        a.version = 0x111;
+        a.physicalPath = "usb-0000:00:14.0-2/input0";
+        a.name = "G27 Racing Wheel";
+        DeviceIdentity sameWheelRenamed = a;
+        sameWheelRenamed.name = "other name";
+        DeviceIdentity otherPort = a;
+        otherPort.physicalPath = "usb-0000:00:14.0-3/input0";
+        DeviceIdentity otherVersion = a;
+        otherVersion.version = 0x112;
+
+        QCOMPARE(instanceGuid(a), instanceGuid(sameWheelRenamed));
+        QVERIFY(instanceGuid(a) != instanceGuid(otherPort));
+        QVERIFY(instanceGuid(a) != instanceGuid(otherVersion));
+        QVERIFY(instanceGuid(a) != productGuid(a.vendor, a.product));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEvdevMapping)
+#include "tst_evdevmapping.moc"

@@ -1,0 +1,496 @@
+// Runs inside the kernel VM as the only program: checks the evdev backend against
+// the real HID core, evdev, uhid and uinput of Debian's stock kernel, then reports
+// the verdict through qemu's isa-debug-exit port (0 = all passed).
+//
+// For every real descriptor: the device is listed as a game controller without a
+// udev daemon, the kernel lays it out the way our model of hid-input says, every
+// axis DirectInput would show lands on the same slot scaled to 0..65535, every
+// button and the hat read back, and removal is reported as loss. Then: a node
+// nobody but root may read is reported with the udev advice, a keyboard stays out
+// of the list, and a force-feedback wheel sees our effects upload, play, stop,
+// erase, gain and autocentre while we hold it exclusively.
+
+#include "evdevbackend.h"
+#include "evdevdevice.h"
+#include "evdevhotplugmonitor.h"
+#include "evdevmapping.h"
+#include "hiddescriptor.h"
+#include "hidusagemap.h"
+#include "vmdevices.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <fstream>
+#include <sstream>
+#include <sys/io.h>
+#include <sys/ioctl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace tavrix;
+
+namespace {
+
+int g_passed = 0;
+int g_failed = 0;
+std::string g_context;
+
+void check(bool ok, const std::string &what)
+{
+    if (ok) {
+        ++g_passed;
+        return;
+    }
+    ++g_failed;
+    std::printf("vmtest: FAIL [%s] %s\n", g_context.c_str(), what.c_str());
+    std::fflush(stdout);
+}
+
+[[noreturn]] void exitVm(int status)
+{
+    std::printf("vmtest: %d passed, %d failed\n", g_passed, g_failed);
+    std::fflush(stdout);
+    if (::ioperm(0xf4, 4, 1) == 0)
+        ::outb(static_cast<unsigned char>(status), 0xf4);
+    std::printf("vmtest: could not reach the exit port: %s\n", std::strerror(errno));
+    ::_exit(2);
+}
+
+std::string readFile(const std::string &path)
+{
+    std::ifstream in(path);
+    std::stringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+// Position of the named device in a fresh enumeration, waiting for the kernel to
+// finish probing (hid-generic binds asynchronously).
+int waitForDevice(EvdevBackend &backend, const std::string &name, vm::UhidDevice *uhid, Enumeration *found)
+{
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (std::chrono::steady_clock::now() < deadline) {
+        if (uhid)
+            uhid->serviceRequests();
+        *found = backend.enumerate();
+        for (size_t i = 0; i < found->devices.size(); ++i) {
+            if (found->devices[i].instanceName == name)
+                return static_cast<int>(i);
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return -1;
+}
+
+evdev::DeviceCapabilities capabilitiesOf(const hid::KernelInputDevice &kernel)
+{
+    evdev::DeviceCapabilities caps;
+    for (const hid::KernelCode &code : kernel.codes) {
+        caps.events.set(static_cast<size_t>(code.type));
+        if (code.type == EV_ABS) {
+            caps.axes.set(static_cast<size_t>(code.code));
+            if (code.hat)
+                caps.axes.set(static_cast<size_t>(code.code + 1));
+        } else if (code.type == EV_KEY) {
+            caps.keys.set(static_cast<size_t>(code.code));
+        }
+    }
+    return caps;
+}
+
+std::string slotList(const std::array<int, AxisSlotCount> &codes)
+{
+    std::string text;
+    for (int code : codes)
+        text += std::to_string(code) + ' ';
+    return text;
+}
+
+// Feeds reports into one uhid device and reads the backend's view of it.
+struct Rig
+{
+    const hid::Descriptor &descriptor;
+    vm::UhidDevice &uhid;
+    BackendDevice &device;
+    std::vector<uint8_t> reportIds;
+
+    void rest()
+    {
+        for (uint8_t id : reportIds)
+            uhid.sendInput(hid::restingInputReport(descriptor, id));
+    }
+    RawInputState send(const hid::ElementRef &ref, int64_t value, bool *lost = nullptr)
+    {
+        const hid::Field &field = descriptor.fields[static_cast<size_t>(ref.field)];
+        std::vector<uint8_t> report = hid::restingInputReport(descriptor, field.reportId);
+        hid::setFieldValue(report, descriptor, field, ref.element, value);
+        uhid.sendInput(report);
+        RawInputState state;
+        const PollResult result = device.poll(state);
+        if (lost)
+            *lost = result == PollResult::Lost;
+        return state;
+    }
+};
+
+void testDescriptor(const std::string &path, int number)
+{
+    const std::string file = path.substr(path.find_last_of('/') + 1);
+    g_context = file;
+    std::string error;
+    const std::vector<uint8_t> bytes = hid::parseHexBytes(readFile(path), &error);
+    const hid::Descriptor descriptor = hid::parseDescriptor(bytes);
+    check(!bytes.empty() && descriptor.error.empty(), "descriptor parses: " + error + descriptor.error);
+    if (bytes.empty() || !descriptor.error.empty())
+        return;
+
+    hid::KernelInputDevice model;
+    for (const hid::KernelInputDevice &candidate : hid::kernelMapping(descriptor)) {
+        if (candidate.codes.size() > model.codes.size())
+            model = candidate;
+    }
+    const evdev::DeviceLayout expected = evdev::layoutDevice(capabilitiesOf(model));
+    const hid::DirectInputLayout windows = hid::directInputMapping(descriptor);
+
+    // Ids from "<...>-<vendor>-<product>.hex".
+    const std::string stem = file.substr(0, file.size() - 4);
+    const size_t productDash = stem.find_last_of('-');
+    const size_t vendorDash = stem.find_last_of('-', productDash - 1);
+    vm::UhidDevice::Identity identity;
+    identity.vendor = static_cast<uint16_t>(std::stoul(stem.substr(vendorDash + 1, 4), nullptr, 16));
+    identity.product = static_cast<uint16_t>(std::stoul(stem.substr(productDash + 1, 4), nullptr, 16));
+    identity.version = 0x0111;
+    identity.name = "vm " + stem.substr(0, 100);
+    identity.phys = "vmtest/uhid" + std::to_string(number);
+
+    vm::UhidDevice uhid;
+    check(uhid.create(identity, bytes, &error), "uhid device created: " + error);
+    EvdevBackend backend;
+    Enumeration found;
+    const int index = waitForDevice(backend, identity.name, &uhid, &found);
+    check(index >= 0, "listed as a game controller without udev");
+    if (index < 0)
+        return;
+    const DeviceListEntry &entry = found.devices[static_cast<size_t>(index)];
+    check(entry.buttonCount == expected.buttonCodes.size(),
+          "button count " + std::to_string(entry.buttonCount) + " as modelled " +
+              std::to_string(expected.buttonCodes.size()));
+    check(entry.axisCount == expected.axisCount, "axis count as modelled");
+    check(!entry.hasForceFeedback, "no force feedback");
+    evdev::DeviceIdentity kernelIdentity;
+    kernelIdentity.bus = BUS_USB;
+    kernelIdentity.vendor = identity.vendor;
+    kernelIdentity.product = identity.product;
+    kernelIdentity.version = identity.version;
+    kernelIdentity.physicalPath = identity.phys;
+    check(entry.instanceGuid == evdev::instanceGuid(kernelIdentity),
+          "instance GUID from ids and physical path");
+    check(entry.productGuid == evdev::productGuid(identity.vendor, identity.product), "product GUID");
+
+    std::unique_ptr<BackendDevice> device = backend.open(index, &error);
+    check(device != nullptr, "opens: " + error);
+    if (!device)
+        return;
+    const auto *evdevDevice = dynamic_cast<const evdev::EvdevDevice *>(device.get());
+    check(
+        evdevDevice && evdevDevice->layout().slotCode == expected.slotCode,
+        "kernel lays axes out as modelled: " + (evdevDevice ? slotList(evdevDevice->layout().slotCode) : "") +
+            "vs " + slotList(expected.slotCode));
+    check(evdevDevice && evdevDevice->layout().buttonCodes == expected.buttonCodes,
+          "button codes as modelled");
+    check(evdevDevice && evdevDevice->layout().povHat == expected.povHat, "hats as modelled");
+    check(!device->isExclusive(), "a controller without force feedback is not grabbed");
+    check(!device->playConstantForce(0.5) && !device->lastEffectError().empty(),
+          "no constant force on a device without force feedback, with a reason");
+
+    Rig rig{descriptor, uhid, *device, {}};
+    for (const hid::Field *field : descriptor.inputFields()) {
+        if (std::find(rig.reportIds.begin(), rig.reportIds.end(), field->reportId) == rig.reportIds.end())
+            rig.reportIds.push_back(field->reportId);
+    }
+    rig.rest();
+    RawInputState resting;
+    check(device->poll(resting) == PollResult::Ok, "polls");
+
+    for (int slot = 0; slot < AxisSlotCount; ++slot) {
+        const hid::ElementRef ref = windows.axisSlots[static_cast<size_t>(slot)];
+        if (!ref.valid()) {
+            check(resting.axes[static_cast<size_t>(slot)] == kRawAxisCentre,
+                  "slot without an axis reads centred");
+            continue;
+        }
+        const hid::Field &field = descriptor.fields[static_cast<size_t>(ref.field)];
+        const std::string name = "slot " + std::to_string(slot);
+        check(resting.axes[static_cast<size_t>(slot)] == 0, name + " at logical minimum reads 0");
+        RawInputState state = rig.send(ref, field.logicalMaximum);
+        check(state.axes[static_cast<size_t>(slot)] == kRawAxisMax,
+              name + " at logical maximum reads 65535, got " +
+                  std::to_string(state.axes[static_cast<size_t>(slot)]));
+        for (int other = 0; other < AxisSlotCount; ++other) {
+            if (other != slot)
+                check(state.axes[static_cast<size_t>(other)] == resting.axes[static_cast<size_t>(other)],
+                      name + " moves no other slot (" + std::to_string(other) + ")");
+        }
+        const int32_t middle =
+            static_cast<int32_t>((int64_t(field.logicalMinimum) + field.logicalMaximum) / 2);
+        state = rig.send(ref, middle);
+        check(state.axes[static_cast<size_t>(slot)] ==
+                  evdev::scaleAxis(middle, field.logicalMinimum, field.logicalMaximum),
+              name + " middle value scaled");
+        rig.rest();
+    }
+
+    const size_t buttons = std::min<size_t>(windows.buttons.size(), 80);
+    for (size_t i = 0; i < buttons; ++i) {
+        const RawInputState state = rig.send(windows.buttons[i], 1);
+        const auto pressed =
+            std::count_if(state.buttons.begin(), state.buttons.end(), [](uint8_t b) { return b; });
+        check(state.buttons[i] == 0x80 && pressed == 1,
+              "button " + std::to_string(i) + " alone reads pressed");
+    }
+    rig.rest();
+
+    if (!windows.povs.empty()) {
+        const hid::Field &hat = descriptor.fields[static_cast<size_t>(windows.povs.front().field)];
+        for (int64_t value = hat.logicalMinimum; value <= hat.logicalMaximum + 1; ++value) {
+            const RawInputState state = rig.send(windows.povs.front(), value);
+            check(state.povs[0] == hid::directInputPov(value, hat.logicalMinimum, hat.logicalMaximum),
+                  "hat value " + std::to_string(value) + " reads the POV DirectInput gives, got " +
+                      std::to_string(state.povs[0]));
+        }
+    }
+
+    uhid.destroy();
+    RawInputState state;
+    check(device->poll(state) == PollResult::Lost, "removal is reported as loss");
+    check(device->poll(state) == PollResult::Lost, "and stays lost");
+}
+
+void testPermissionProblem(const std::string &descriptorPath)
+{
+    g_context = "permission";
+    std::string error;
+    const std::vector<uint8_t> bytes = hid::parseHexBytes(readFile(descriptorPath), &error);
+    vm::UhidDevice uhid;
+    vm::UhidDevice::Identity identity{"vm permission wheel", "vmtest/permission", 0x046d, 0xc29b, 1};
+    check(uhid.create(identity, bytes, &error), "uhid device created: " + error);
+    EvdevBackend backend;
+    Enumeration found;
+    const int index = waitForDevice(backend, identity.name, &uhid, &found);
+    check(index >= 0, "listed for root");
+    // devtmpfs makes the node 0600 root: an ordinary user may see it in sysfs, not read it.
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (::setgid(65534) != 0 || ::setuid(65534) != 0)
+            ::_exit(3);
+        const Enumeration seen = EvdevBackend().enumerate();
+        const bool listed =
+            std::any_of(seen.devices.begin(), seen.devices.end(),
+                        [&](const DeviceListEntry &e) { return e.instanceName == identity.name; });
+        const bool explained =
+            std::any_of(seen.problems.begin(), seen.problems.end(), [&](const DeviceProblem &p) {
+                return p.message.find("No permission to read " + p.path + " (" + identity.name + ")") == 0 &&
+                       p.message.find("60-orvanehub-input.rules") != std::string::npos;
+            });
+        ::_exit(listed ? 1 : explained ? 0 : 2);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    check(WIFEXITED(status) && WEXITSTATUS(status) == 0,
+          "an unreadable node is reported with the udev advice and not listed (child status " +
+              std::to_string(WIFEXITED(status) ? WEXITSTATUS(status) : -1) + ")");
+}
+
+void testKeyboardIsNotListed()
+{
+    g_context = "classification";
+    EvdevHotplugMonitor monitor;
+    check(monitor.isValid() && !monitor.takeChanges(), "watching /dev/input");
+    vm::UinputKeyboard keyboard;
+    check(keyboard.create("vm keyboard"), "uinput keyboard created");
+    // Wait until the keyboard has its event node, then make sure it is not listed.
+    bool present = false;
+    for (int i = 0; i < 500 && !present; ++i) {
+        DIR *dir = ::opendir("/sys/class/input");
+        while (dir && !present) {
+            const dirent *entry = ::readdir(dir);
+            if (!entry)
+                break;
+            present = readFile(std::string("/sys/class/input/") + entry->d_name + "/device/name") ==
+                          "vm keyboard\n" &&
+                      std::string(entry->d_name).rfind("event", 0) == 0;
+        }
+        if (dir)
+            ::closedir(dir);
+        if (!present)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    check(present, "the keyboard has an event node");
+    bool noticed = false;
+    for (int i = 0; i < 500 && !noticed; ++i) {
+        noticed = monitor.takeChanges();
+        if (!noticed)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    check(noticed, "the hot-plug watch noticed the new node without udev");
+    const Enumeration found = EvdevBackend().enumerate();
+    check(std::none_of(found.devices.begin(), found.devices.end(),
+                       [](const DeviceListEntry &e) { return e.instanceName == "vm keyboard"; }),
+          "a keyboard is not a game controller");
+}
+
+void testForceFeedback()
+{
+    g_context = "force feedback";
+    std::string error;
+    vm::UinputWheel wheel;
+    check(wheel.create("vm ffb wheel", &error), "uinput wheel created: " + error);
+    EvdevBackend backend;
+    Enumeration found;
+    const int index = waitForDevice(backend, "vm ffb wheel", nullptr, &found);
+    check(index >= 0, "listed");
+    if (index < 0)
+        return;
+    check(found.devices[static_cast<size_t>(index)].hasForceFeedback, "listed with force feedback");
+    std::unique_ptr<BackendDevice> device = backend.open(index, &error);
+    check(device != nullptr, "opens: " + error);
+    if (!device)
+        return;
+    check(device->isExclusive(), "a force-feedback wheel is taken exclusively");
+    const auto *evdevDevice = dynamic_cast<const evdev::EvdevDevice *>(device.get());
+    const int other = evdevDevice ? ::open(evdevDevice->devicePath().c_str(), O_RDONLY | O_CLOEXEC) : -1;
+    check(other >= 0 && ::ioctl(other, EVIOCGRAB, 1) == -1 && errno == EBUSY, "a second grab gets EBUSY");
+    if (other >= 0)
+        ::close(other);
+
+    constexpr int kWait = 5000;
+    auto uploadOf = [](int type, int16_t level) {
+        return [type, level](const vm::FfRecord &r) {
+            if (r.kind != vm::FfRecord::Upload || r.effect.type != type)
+                return false;
+            return type == FF_CONSTANT ? r.effect.u.constant.level == level
+                                       : r.effect.u.condition[0].right_coeff == level;
+        };
+    };
+    size_t mark = wheel.recordCount();
+    check(device->playConstantForce(0.5), "constant force plays: " + device->lastEffectError());
+    vm::FfRecord upload;
+    check(wheel.waitFor(mark, uploadOf(FF_CONSTANT, 16383), kWait, &upload),
+          "constant force uploaded at 0.5");
+    check(upload.effect.direction == 0x4000 && upload.effect.replay.length == 0,
+          "along the wheel, until stopped");
+    const int constantId = upload.effectId;
+    check(wheel.waitFor(
+              mark,
+              [&](const vm::FfRecord &r) {
+                  return r.kind == vm::FfRecord::Play && r.effectId == constantId && r.value == 1;
+              },
+              kWait),
+          "constant force started");
+
+    mark = wheel.recordCount();
+    check(device->playConstantForce(-0.25), "constant force updated");
+    check(wheel.waitFor(mark, uploadOf(FF_CONSTANT, -8191), kWait, &upload) && upload.effectId == constantId,
+          "the same effect updated to -0.25");
+
+    mark = wheel.recordCount();
+    check(device->playSpring(0.8), "spring plays: " + device->lastEffectError());
+    check(wheel.waitFor(mark, uploadOf(FF_SPRING, 26213), kWait, &upload), "spring uploaded at 0.8");
+    const int springId = upload.effectId;
+    check(springId != constantId, "spring is its own effect");
+
+    mark = wheel.recordCount();
+    check(device->setGain(0.5), "gain set");
+    check(wheel.waitFor(
+              mark, [](const vm::FfRecord &r) { return r.kind == vm::FfRecord::Gain && r.value == 32767; },
+              kWait),
+          "gain reaches the wheel");
+    check(device->setAutocenter(0.0), "autocentre off");
+    check(wheel.waitFor(
+              mark, [](const vm::FfRecord &r) { return r.kind == vm::FfRecord::Autocenter && r.value == 0; },
+              kWait),
+          "autocentre reaches the wheel");
+
+    mark = wheel.recordCount();
+    device->stopEffects();
+    for (int id : {constantId, springId}) {
+        check(wheel.waitFor(
+                  mark,
+                  [id](const vm::FfRecord &r) {
+                      return r.kind == vm::FfRecord::Play && r.effectId == id && r.value == 0;
+                  },
+                  kWait),
+              "effect " + std::to_string(id) + " stopped");
+    }
+
+    mark = wheel.recordCount();
+    device.reset();
+    for (int id : {constantId, springId}) {
+        check(wheel.waitFor(
+                  mark,
+                  [id](const vm::FfRecord &r) { return r.kind == vm::FfRecord::Erase && r.effectId == id; },
+                  kWait),
+              "effect " + std::to_string(id) + " erased on close");
+    }
+    // Re-open, then pull the wheel out from under the backend.
+    found = backend.enumerate();
+    const int reopened = waitForDevice(backend, "vm ffb wheel", nullptr, &found);
+    device = backend.open(reopened, &error);
+    check(device != nullptr && device->isExclusive(), "closing released the grab");
+    wheel.destroy();
+    RawInputState state;
+    check(device && device->poll(state) == PollResult::Lost, "a vanished wheel is lost");
+    check(device && !device->playConstantForce(0.1), "no effects on a lost wheel");
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    const std::string folder = argc > 1 ? argv[1] : "/devices";
+    std::vector<std::string> files;
+    if (DIR *dir = ::opendir(folder.c_str())) {
+        while (const dirent *entry = ::readdir(dir)) {
+            const std::string name = entry->d_name;
+            if (name.size() > 4 && name.substr(name.size() - 4) == ".hex")
+                files.push_back(folder + '/' + name);
+        }
+        ::closedir(dir);
+    }
+    std::sort(files.begin(), files.end());
+    g_context = "setup";
+    check(!files.empty(), "device descriptors present in " + folder);
+
+    const auto started = std::chrono::steady_clock::now();
+    int number = 0;
+    for (const std::string &file : files) {
+        const int before = g_failed;
+        testDescriptor(file, number++);
+        std::printf("vmtest: %s %s\n", g_failed == before ? "ok  " : "FAIL", g_context.c_str());
+    }
+    auto group = [](void (*test)()) {
+        const int before = g_failed;
+        test();
+        std::printf("vmtest: %s %s\n", g_failed == before ? "ok  " : "FAIL", g_context.c_str());
+    };
+    static std::string permissionDescriptor;
+    if (!files.empty()) {
+        permissionDescriptor = files.front();
+        group([] { testPermissionProblem(permissionDescriptor); });
+    }
+    group(testKeyboardIsNotListed);
+    group(testForceFeedback);
+    const auto seconds =
+        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - started)
+            .count() /
+        1000.0;
+    std::printf("vmtest: %zu descriptors checked in %.1f s\n", files.size(), seconds);
+    exitVm(g_failed == 0 ? 0 : 1);
+}
