@@ -22,6 +22,7 @@ Card::Card(const QString &title, QWidget *parent)
     m_header = new QWidget(this);
     m_header->setObjectName(QStringLiteral("cardHeader"));
     m_header->installEventFilter(this);
+    m_header->setMinimumHeight(24); // room for a status pill, so titles line up across cards
     m_headerLayout = new QHBoxLayout(m_header);
     m_headerLayout->setContentsMargins(0, 0, 0, 0);
     m_headerLayout->setSpacing(10);

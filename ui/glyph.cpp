@@ -67,11 +67,13 @@ QPainterPath glyphPath(Glyph glyph)
         p.addPath(polyline({{8.5, 20.5}, {12, 18.5}, {15.5, 20.5}}));
         break;
     case Glyph::Motion:
-        p.addPath(polyline({{3, 9}, {12, 5.5}, {21, 9}, {12, 12.5}, {3, 9}}));
-        p.addPath(polyline({{6, 10.2}, {6, 19}}));
-        p.addPath(polyline({{18, 10.2}, {18, 19}}));
-        p.addPath(polyline({{12, 12.5}, {12, 20.5}}));
-        p.addPath(polyline({{3.5, 20.5}, {20.5, 20.5}}));
+        // Three axes from one origin: the degrees of freedom of a motion platform.
+        p.addPath(polyline({{9, 15}, {9, 3.5}}));
+        p.addPath(polyline({{6.5, 6}, {9, 3.5}, {11.5, 6}}));
+        p.addPath(polyline({{9, 15}, {20.5, 15}}));
+        p.addPath(polyline({{18, 12.5}, {20.5, 15}, {18, 17.5}}));
+        p.addPath(polyline({{9, 15}, {3.5, 20.5}}));
+        p.addPath(polyline({{3.5, 17}, {3.5, 20.5}, {7, 20.5}}));
         break;
     case Glyph::Info:
         p.addPath(circle({12, 12}, 9));

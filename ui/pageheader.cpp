@@ -36,6 +36,7 @@ PageHeader::PageHeader(const QString &title, const QString &subtitle, QWidget *p
     m_actions = new QHBoxLayout;
     m_actions->setSpacing(10);
     row->addLayout(m_actions);
+    row->setAlignment(m_actions, Qt::AlignBottom);
 }
 
 void PageHeader::setTitle(const QString &title)
@@ -68,7 +69,7 @@ void PageHeader::setBackLink(const QString &text)
 void PageHeader::addAction(QWidget *widget)
 {
     widget->setParent(this);
-    m_actions->addWidget(widget, 0, Qt::AlignBottom);
+    m_actions->addWidget(widget, 0, Qt::AlignVCenter);
 }
 
 } // namespace hub

@@ -1,7 +1,7 @@
 #include "devicepickercard.h"
 
 #include <QComboBox>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QLabel>
 #include <QSignalBlocker>
 
@@ -10,17 +10,19 @@ namespace tavrix {
 DevicePickerCard::DevicePickerCard(const QString &title, const QList<Role> &roles, QWidget *parent)
     : hub::Card(title, parent)
 {
-    auto *form = new QFormLayout;
+    auto *form = new QGridLayout;
     form->setContentsMargins(0, 0, 0, 0);
     form->setHorizontalSpacing(14);
     form->setVerticalSpacing(10);
-    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->setColumnStretch(1, 1);
+    int row = 0;
     for (const Role &role : roles) {
         auto *box = new QComboBox(this);
         box->setMinimumContentsLength(8);
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        form->addRow(role.label, box);
+        form->addWidget(new QLabel(role.label, this), row, 0, Qt::AlignVCenter);
+        form->addWidget(box, row, 1);
+        ++row;
         m_pickers.insert(role.key, box);
         const QString key = role.key;
         connect(box, &QComboBox::activated, this, [this, key, box](int index) {

@@ -7,6 +7,7 @@
 #include "stattile.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QVBoxLayout>
 
 namespace tavrix {
@@ -27,10 +28,14 @@ MotionPanelPage::MotionPanelPage(QWidget *parent)
     auto *tiles = new QHBoxLayout;
     tiles->setSpacing(8);
     m_dofTile = new hub::StatTile(tr("Degrees of freedom"), platform);
-    m_axesTile = new hub::StatTile(tr("Motion axes"), platform);
+    m_actuatorsTile = new hub::StatTile(tr("Actuators"), platform);
     tiles->addWidget(m_dofTile);
-    tiles->addWidget(m_axesTile);
+    tiles->addWidget(m_actuatorsTile);
     platform->body()->addLayout(tiles);
+    m_axes = new QLabel(platform);
+    m_axes->setObjectName(QStringLiteral("mutedText"));
+    m_axes->setWordWrap(true);
+    platform->body()->addWidget(m_axes);
     platform->body()->addStretch(1);
 
     auto *controller = new hub::Card(tr("Motion controller"), this);
@@ -53,15 +58,16 @@ void MotionPanelPage::setPlatform(int degreesOfFreedom)
     header()->setTitle(tr("%1DOF motion platform").arg(degreesOfFreedom));
     header()->setSubtitle(tr("What this platform will do once motion support arrives."));
     m_dofTile->setValue(QString::number(degreesOfFreedom));
+    m_actuatorsTile->setValue(QString::number(degreesOfFreedom));
     switch (degreesOfFreedom) {
     case 2:
-        m_axesTile->setValue(tr("Pitch, roll"));
+        m_axes->setText(tr("Moves the seat in pitch and roll."));
         break;
     case 3:
-        m_axesTile->setValue(tr("Pitch, roll, heave"));
+        m_axes->setText(tr("Moves the seat in pitch, roll and heave."));
         break;
     default:
-        m_axesTile->setValue(tr("Pitch, roll, heave, surge, sway"));
+        m_axes->setText(tr("Moves the seat in pitch, roll, heave, surge and sway."));
         break;
     }
 }

@@ -2,6 +2,8 @@
 
 #include "page.h"
 
+class QLabel;
+
 namespace hub {
 class EmptyState;
 class StatTile;
@@ -25,7 +27,8 @@ signals:
 
 private:
     hub::StatTile *m_dofTile = nullptr;
-    hub::StatTile *m_axesTile = nullptr;
+    hub::StatTile *m_actuatorsTile = nullptr;
+    QLabel *m_axes = nullptr;
     hub::EmptyState *m_controller = nullptr;
     int m_dof = 0;
 };
