@@ -1,6 +1,37 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<TS version="2.1" language="en_US">
+<TS version="2.1" language="en">
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>OrvaneLabs HUB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dashboard</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vehicles</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dark mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
 <context>
     <name>hub::Card</name>
     <message>
@@ -266,6 +297,25 @@
     </message>
 </context>
 <context>
+    <name>tavrix::DebugConsole</name>
+    <message>
+        <source>Debug console</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy all</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::DevicePickerCard</name>
     <message>
         <source>No game controllers found. Connect a controller over USB and it appears in these lists.</source>
@@ -496,10 +546,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Motion axes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Motion controller</source>
         <translation type="unfinished"></translation>
     </message>
@@ -520,15 +566,54 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Pitch, roll</source>
+        <source>Actuators</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Pitch, roll, heave</source>
+        <source>Moves the seat in pitch and roll.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Pitch, roll, heave, surge, sway</source>
+        <source>Moves the seat in pitch, roll and heave.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Moves the seat in pitch, roll, heave, surge and sway.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ThemeSwitcher</name>
+    <message>
+        <source>The HUB restarts to change its colours.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmission is running and will stop.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dark mode from the next start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light mode from the next start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dark mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Light mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Restart now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next time</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
