@@ -1,0 +1,140 @@
+#include "mainwindow.h"
+
+#include "carpage.h"
+#include "dashboardpage.h"
+#include "debugconsole.h"
+#include "helipage.h"
+#include "infopage.h"
+#include "motionchooserpage.h"
+#include "motionpanelpage.h"
+#include "pagestack.h"
+#include "shellsettings.h"
+#include "sidebar.h"
+#include "themeswitcher.h"
+#include "toast.h"
+#include "vehiclespage.h"
+
+#include <QHBoxLayout>
+#include <QMessageBox>
+
+using namespace tavrix;
+
+MainWindow::MainWindow(const QString &activeTheme, LogRouter *log, QWidget *parent)
+    : QMainWindow(parent)
+    , m_log(log)
+{
+    setWindowTitle(tr("OrvaneLabs HUB"));
+    setMinimumSize(880, 560);
+    resize(1280, 800);
+
+    auto *root = new QWidget(this);
+    root->setObjectName(QStringLiteral("hubRoot"));
+    auto *row = new QHBoxLayout(root);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    m_sidebar = new hub::Sidebar(root);
+    m_sidebar->setBrand(QPixmap(QStringLiteral(":/images/orvanelabs-logo.png")), tr("OrvaneLabs HUB"));
+    m_sidebar->addEntry(QStringLiteral("dashboard"), hub::Glyph::Dashboard, tr("Dashboard"));
+    m_sidebar->addEntry(QStringLiteral("vehicles"), hub::Glyph::Car, tr("Vehicles"),
+                        {QStringLiteral("rc-car"), QStringLiteral("rc-heli")});
+    m_sidebar->addEntry(QStringLiteral("motion-chooser"), hub::Glyph::Motion, tr("Motion"),
+                        {QStringLiteral("motion-panel")});
+    m_sidebar->addEntry(QStringLiteral("info"), hub::Glyph::Info, tr("About"));
+    m_sidebar->setReduceMotion(hub::ShellSettings::reduceMotion());
+    m_pages = new hub::PageStack(root);
+    row->addWidget(m_sidebar);
+    row->addWidget(m_pages, 1);
+    setCentralWidget(root);
+    m_toast = new hub::Toast(root);
+
+    createPages();
+
+    m_themeSwitcher = new ThemeSwitcher(activeTheme, this);
+    const bool dark = m_themeSwitcher->activeTheme() == hub::ShellSettings::darkTheme();
+    m_sidebar->setThemeButton(dark ? hub::Glyph::Sun : hub::Glyph::Moon,
+                              dark ? tr("Light mode") : tr("Dark mode"));
+    connect(m_sidebar, &hub::Sidebar::themeButtonClicked, this, [this] { m_themeSwitcher->ask(this); });
+    connect(m_themeSwitcher, &ThemeSwitcher::choiceStored, m_toast, &hub::Toast::showMessage);
+    connect(m_themeSwitcher, &ThemeSwitcher::restartRequested, this, [this] {
+        m_restartRequested = true;
+        close();
+    });
+    connect(m_sidebar, &hub::Sidebar::entryActivated, this, &MainWindow::showPage);
+    connect(m_pages, &hub::PageStack::currentKeyChanged, this, [this](const QString &key) {
+        m_sidebar->setCurrentPage(key);
+        emit pageChanged(key);
+    });
+
+    m_dialogs.add(QStringLiteral("msgbox"),
+                  [this](QWidget *parent) { return m_themeSwitcher->createQuestion(parent); });
+
+    showPage(QStringLiteral("dashboard"));
+    m_sidebar->setCurrentPage(QStringLiteral("dashboard"));
+}
+
+void MainWindow::createPages()
+{
+    m_dashboard = new DashboardPage(m_pages);
+    m_vehicles = new VehiclesPage(m_pages);
+    m_car = new CarPage(m_pages);
+    m_heli = new HeliPage(m_pages);
+    m_motionChooser = new MotionChooserPage(m_pages);
+    m_motionPanel = new MotionPanelPage(m_pages);
+    m_info = new InfoPage(m_pages);
+    m_pages->addPage(QStringLiteral("dashboard"), m_dashboard);
+    m_pages->addPage(QStringLiteral("vehicles"), m_vehicles);
+    m_pages->addPage(QStringLiteral("rc-car"), m_car);
+    m_pages->addPage(QStringLiteral("rc-heli"), m_heli);
+    m_pages->addPage(QStringLiteral("motion-chooser"), m_motionChooser);
+    m_pages->addPage(QStringLiteral("motion-panel"), m_motionPanel);
+    m_pages->addPage(QStringLiteral("info"), m_info);
+
+    const auto goTo = [this](const QString &key) { return [this, key] { showPage(key); }; };
+    connect(m_dashboard, &DashboardPage::pageRequested, this, &MainWindow::showPage);
+    connect(m_vehicles, &VehiclesPage::vehicleChosen, this, &MainWindow::showPage);
+    connect(m_car, &CarPage::backRequested, this, goTo(QStringLiteral("vehicles")));
+    connect(m_heli, &HeliPage::backRequested, this, goTo(QStringLiteral("vehicles")));
+    connect(m_motionChooser, &MotionChooserPage::platformChosen, this, [this](int dof) {
+        m_motionPanel->setPlatform(dof);
+        showPage(QStringLiteral("motion-panel"));
+    });
+    connect(m_motionPanel, &MotionPanelPage::backRequested, this, goTo(QStringLiteral("motion-chooser")));
+    connect(m_info, &InfoPage::debugConsoleRequested, this, &MainWindow::openDebugConsole);
+    connect(m_info, &InfoPage::reduceMotionChanged, m_sidebar, &hub::Sidebar::setReduceMotion);
+}
+
+QStringList MainWindow::pageKeys() const
+{
+    return m_pages->keys();
+}
+
+bool MainWindow::showPage(const QString &key)
+{
+    return m_pages->setCurrentKey(key);
+}
+
+QString MainWindow::currentPage() const
+{
+    return m_pages->currentKey();
+}
+
+QWidget *MainWindow::page(const QString &key) const
+{
+    return m_pages->page(key);
+}
+
+void MainWindow::setTransmissionProbe(std::function<bool()> isTransmitting)
+{
+    m_themeSwitcher->setTransmissionProbe(std::move(isTransmitting));
+}
+
+void MainWindow::openDebugConsole()
+{
+    if (!m_console) {
+        m_console = new DebugConsole(m_log, this);
+        m_console->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_console->show();
+    m_console->raise();
+    m_console->activateWindow();
+}

@@ -1,0 +1,39 @@
+#include "startup.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLocale>
+#include <QProcess>
+#include <QTranslator>
+
+namespace tavrix {
+
+void applyIdentity(QApplication &app)
+{
+    QApplication::setOrganizationName(QStringLiteral("OrvaneLabs"));
+    QApplication::setApplicationName(QStringLiteral("OrvaneLabs HUB"));
+    QApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
+    app.setWindowIcon(QIcon(QStringLiteral(":/images/orvanelabs-logo.png")));
+}
+
+QString installTranslation(QApplication &app, QTranslator &translator, const QStringList &uiLanguages,
+                           const QString &directory)
+{
+    for (const QString &language : uiLanguages) {
+        const QString name = QLocale(language).name();
+        if (translator.load(QStringLiteral("sim-to-rc_") + name, directory)) {
+            app.installTranslator(&translator);
+            return name;
+        }
+    }
+    qInfo("hub: no translation for %s, using English", qUtf8Printable(uiLanguages.join(QLatin1Char(','))));
+    return {};
+}
+
+bool startNewInstance()
+{
+    return QProcess::startDetached(QCoreApplication::applicationFilePath(),
+                                   QCoreApplication::arguments().mid(1));
+}
+
+} // namespace tavrix

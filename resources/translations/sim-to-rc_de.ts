@@ -1,0 +1,729 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>OrvaneLabs HUB</source>
+        <translation>OrvaneLabs HUB</translation>
+    </message>
+    <message>
+        <source>Dashboard</source>
+        <translation>Übersicht</translation>
+    </message>
+    <message>
+        <source>Vehicles</source>
+        <translation>Fahrzeuge</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>Bewegung</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Light mode</source>
+        <translation>Helles Design</translation>
+    </message>
+    <message>
+        <source>Dark mode</source>
+        <translation>Dunkles Design</translation>
+    </message>
+</context>
+<context>
+    <name>hub::Card</name>
+    <message>
+        <source>Show or hide</source>
+        <translation>Ein- oder ausblenden</translation>
+    </message>
+</context>
+<context>
+    <name>hub::Sidebar</name>
+    <message>
+        <source>Collapse</source>
+        <translation>Einklappen</translation>
+    </message>
+    <message>
+        <source>Expand</source>
+        <translation>Ausklappen</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::CarPage</name>
+    <message>
+        <source>RC Car</source>
+        <translation>RC-Auto</translation>
+    </message>
+    <message>
+        <source>Drive a real RC car with your wheel, pedals and shifter.</source>
+        <translation>Fahre ein echtes RC-Auto mit Lenkrad, Pedalen und Schaltknauf.</translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation>Geräte</translation>
+    </message>
+    <message>
+        <source>Wheel</source>
+        <translation>Lenkrad</translation>
+    </message>
+    <message>
+        <source>Pedals</source>
+        <translation>Pedale</translation>
+    </message>
+    <message>
+        <source>Shifter</source>
+        <translation>Schaltknauf</translation>
+    </message>
+    <message>
+        <source>Game controllers for each role</source>
+        <translation>Gamecontroller für jede Rolle</translation>
+    </message>
+    <message>
+        <source>Configure</source>
+        <translation>Konfigurieren</translation>
+    </message>
+    <message>
+        <source>Settings of the active car profile</source>
+        <translation>Einstellungen des aktiven Fahrzeugprofils</translation>
+    </message>
+    <message>
+        <source>Axes</source>
+        <translation>Achsen</translation>
+    </message>
+    <message>
+        <source>Drive</source>
+        <translation>Antrieb</translation>
+    </message>
+    <message>
+        <source>Buttons</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>LED</source>
+        <translation>LED</translation>
+    </message>
+    <message>
+        <source>Transmission</source>
+        <translation>Übertragung</translation>
+    </message>
+    <message>
+        <source>Force feedback</source>
+        <translation>Force Feedback</translation>
+    </message>
+    <message>
+        <source>Motion output</source>
+        <translation>Bewegungsausgabe</translation>
+    </message>
+    <message>
+        <source>These settings open once a car profile is loaded.</source>
+        <translation>Diese Einstellungen öffnen sich, sobald ein Fahrzeugprofil geladen ist.</translation>
+    </message>
+    <message>
+        <source>Live input</source>
+        <translation>Live-Eingabe</translation>
+    </message>
+    <message>
+        <source>Steering, throttle and brake as the car receives them</source>
+        <translation>Lenkung, Gas und Bremse, wie das Auto sie empfängt</translation>
+    </message>
+    <message>
+        <source>Steering</source>
+        <translation>Lenkung</translation>
+    </message>
+    <message>
+        <source>Throttle</source>
+        <translation>Gas</translation>
+    </message>
+    <message>
+        <source>Brake</source>
+        <translation>Bremse</translation>
+    </message>
+    <message>
+        <source>Car link</source>
+        <translation>Fahrzeugverbindung</translation>
+    </message>
+    <message>
+        <source>Telemetry from the car&apos;s receiver</source>
+        <translation>Telemetrie vom Empfänger des Autos</translation>
+    </message>
+    <message>
+        <source>Link quality</source>
+        <translation>Verbindungsqualität</translation>
+    </message>
+    <message>
+        <source>RSSI</source>
+        <translation>RSSI</translation>
+    </message>
+    <message>
+        <source>Battery</source>
+        <translation>Akku</translation>
+    </message>
+    <message>
+        <source>GPS</source>
+        <translation>GPS</translation>
+    </message>
+    <message>
+        <source>The car reports here while transmission runs.</source>
+        <translation>Das Auto meldet sich hier, während die Übertragung läuft.</translation>
+    </message>
+    <message>
+        <source>Linked</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>No link</source>
+        <translation>Keine Verbindung</translation>
+    </message>
+    <message>
+        <source>sats</source>
+        <translation>Sat.</translation>
+    </message>
+    <message>
+        <source>No fix</source>
+        <translation>Kein Fix</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DashboardPage</name>
+    <message>
+        <source>Dashboard</source>
+        <translation>Übersicht</translation>
+    </message>
+    <message>
+        <source>Connections, transmission and telemetry at a glance.</source>
+        <translation>Verbindungen, Übertragung und Telemetrie auf einen Blick.</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Companion app on the local network</source>
+        <translation>Begleit-App im lokalen Netzwerk</translation>
+    </message>
+    <message>
+        <source>Connections</source>
+        <translation>Verbindungen</translation>
+    </message>
+    <message>
+        <source>Transmitter</source>
+        <translation>Sender</translation>
+    </message>
+    <message>
+        <source>Car link</source>
+        <translation>Fahrzeugverbindung</translation>
+    </message>
+    <message>
+        <source>Mobile app</source>
+        <translation>Mobile App</translation>
+    </message>
+    <message>
+        <source>Transmission</source>
+        <translation>Übertragung</translation>
+    </message>
+    <message>
+        <source>Vehicle</source>
+        <translation>Fahrzeug</translation>
+    </message>
+    <message>
+        <source>Frame rate</source>
+        <translation>Bildrate</translation>
+    </message>
+    <message>
+        <source>Drive a car</source>
+        <translation>Auto fahren</translation>
+    </message>
+    <message>
+        <source>Fly a helicopter</source>
+        <translation>Hubschrauber fliegen</translation>
+    </message>
+    <message>
+        <source>Telemetry</source>
+        <translation>Telemetrie</translation>
+    </message>
+    <message>
+        <source>The sensors you chose, with how fresh each reading is</source>
+        <translation>Die gewählten Sensoren und wie aktuell jeder Messwert ist</translation>
+    </message>
+    <message>
+        <source>No telemetry yet</source>
+        <translation>Noch keine Telemetrie</translation>
+    </message>
+    <message>
+        <source>Readings from the car&apos;s sensors appear here while transmission runs and the car is linked.</source>
+        <translation>Messwerte der Sensoren des Autos erscheinen hier, während die Übertragung läuft und das Auto verbunden ist.</translation>
+    </message>
+    <message>
+        <source>Orvane Transmitter on %1</source>
+        <translation>Orvane Transmitter an %1</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>Plug the Orvane Transmitter in over USB</source>
+        <translation>Schließe den Orvane Transmitter per USB an</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Radio link to the car&apos;s receiver</source>
+        <translation>Funkverbindung zum Empfänger des Autos</translation>
+    </message>
+    <message>
+        <source>Linked</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>No link</source>
+        <translation>Keine Verbindung</translation>
+    </message>
+    <message>
+        <source>Transmitting</source>
+        <translation>Sendet</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Gestoppt</translation>
+    </message>
+    <message>
+        <source>Hz</source>
+        <translation>Hz</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DebugConsole</name>
+    <message>
+        <source>Debug console</source>
+        <translation>Debug-Konsole</translation>
+    </message>
+    <message>
+        <source>Copy all</source>
+        <translation>Alles kopieren</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DevicePickerCard</name>
+    <message>
+        <source>No game controllers found. Connect a controller over USB and it appears in these lists.</source>
+        <translation>Keine Gamecontroller gefunden. Schließe einen Controller per USB an, dann erscheint er in diesen Listen.</translation>
+    </message>
+    <message>
+        <source>No device found</source>
+        <translation>Kein Gerät gefunden</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keins</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliPage</name>
+    <message>
+        <source>RC Helicopter</source>
+        <translation>RC-Hubschrauber</translation>
+    </message>
+    <message>
+        <source>Fly an RC helicopter with a joystick, throttle and pedals.</source>
+        <translation>Fliege einen RC-Hubschrauber mit Joystick, Gashebel und Pedalen.</translation>
+    </message>
+    <message>
+        <source>Controls</source>
+        <translation>Steuerung</translation>
+    </message>
+    <message>
+        <source>Joystick</source>
+        <translation>Joystick</translation>
+    </message>
+    <message>
+        <source>Throttle</source>
+        <translation>Gashebel</translation>
+    </message>
+    <message>
+        <source>Pedals</source>
+        <translation>Pedale</translation>
+    </message>
+    <message>
+        <source>Game controllers for each role</source>
+        <translation>Gamecontroller für jede Rolle</translation>
+    </message>
+    <message>
+        <source>Start transmission before arming.</source>
+        <translation>Starte die Übertragung vor dem Scharfschalten.</translation>
+    </message>
+    <message>
+        <source>Flight</source>
+        <translation>Flug</translation>
+    </message>
+    <message>
+        <source>The motor runs only while armed</source>
+        <translation>Der Motor läuft nur im scharfen Zustand</translation>
+    </message>
+    <message>
+        <source>Rate mode</source>
+        <translation>Raten-Modus</translation>
+    </message>
+    <message>
+        <source>Live controls</source>
+        <translation>Live-Steuerung</translation>
+    </message>
+    <message>
+        <source>Cyclic, collective and yaw as the helicopter receives them</source>
+        <translation>Zyklisch, Kollektiv und Gier, wie der Hubschrauber sie empfängt</translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation>Rollen</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>Nicken</translation>
+    </message>
+    <message>
+        <source>Collective</source>
+        <translation>Kollektiv</translation>
+    </message>
+    <message>
+        <source>Yaw</source>
+        <translation>Gier</translation>
+    </message>
+    <message>
+        <source>Disarm</source>
+        <translation>Entschärfen</translation>
+    </message>
+    <message>
+        <source>Arm</source>
+        <translation>Scharf schalten</translation>
+    </message>
+    <message>
+        <source>Armed</source>
+        <translation>Scharf</translation>
+    </message>
+    <message>
+        <source>Disarmed</source>
+        <translation>Entschärft</translation>
+    </message>
+    <message>
+        <source>Mode %1</source>
+        <translation>Modus %1</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::InfoPage</name>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Version, preferences and licences.</source>
+        <translation>Version, Einstellungen und Lizenzen.</translation>
+    </message>
+    <message>
+        <source>OrvaneLabs HUB</source>
+        <translation>OrvaneLabs HUB</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Drive a real RC car or fly an RC helicopter with your sim-racing wheel, pedals, shifter or joystick. Built with Qt %1.</source>
+        <translation>Fahre ein echtes RC-Auto oder fliege einen RC-Hubschrauber mit deinem Sim-Racing-Lenkrad, Pedalen, Schaltknauf oder Joystick. Erstellt mit Qt %1.</translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Reduce motion</source>
+        <translation>Bewegung reduzieren</translation>
+    </message>
+    <message>
+        <source>Turns off animations such as the sliding sidebar.</source>
+        <translation>Schaltet Animationen wie die gleitende Seitenleiste ab.</translation>
+    </message>
+    <message>
+        <source>Open debug console</source>
+        <translation>Debug-Konsole öffnen</translation>
+    </message>
+    <message>
+        <source>Licences</source>
+        <translation>Lizenzen</translation>
+    </message>
+    <message>
+        <source>OrvaneLabs HUB is built with these components.</source>
+        <translation>OrvaneLabs HUB ist mit diesen Komponenten gebaut.</translation>
+    </message>
+    <message>
+        <source>Qt %1</source>
+        <translation>Qt %1</translation>
+    </message>
+    <message>
+        <source>The Qt Company Ltd and contributors. Used under the GNU Lesser General Public License version 3 (LGPL-3.0), linked dynamically so it can be replaced.</source>
+        <translation>The Qt Company Ltd und Mitwirkende. Verwendet unter der GNU Lesser General Public License Version 3 (LGPL-3.0), dynamisch gelinkt, damit es ersetzt werden kann.</translation>
+    </message>
+    <message>
+        <source>Geist and Geist Mono</source>
+        <translation>Geist und Geist Mono</translation>
+    </message>
+    <message>
+        <source>Vercel, in collaboration with basement.studio. Used under the SIL Open Font License 1.1.</source>
+        <translation>Vercel in Zusammenarbeit mit basement.studio. Verwendet unter der SIL Open Font License 1.1.</translation>
+    </message>
+    <message>
+        <source>SIL Open Font License 1.1</source>
+        <translation>SIL Open Font License 1.1</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionChooserPage</name>
+    <message>
+        <source>Motion</source>
+        <translation>Bewegung</translation>
+    </message>
+    <message>
+        <source>Motion platforms that move your seat with the car.</source>
+        <translation>Bewegungsplattformen, die deinen Sitz mit dem Auto bewegen.</translation>
+    </message>
+    <message>
+        <source>Motion platforms come in a later version of the HUB. You can look at the platforms here; none of them can be connected or driven yet.</source>
+        <translation>Bewegungsplattformen kommen in einer späteren Version des HUB. Du kannst dir die Plattformen hier ansehen; noch keine davon lässt sich verbinden oder ansteuern.</translation>
+    </message>
+    <message>
+        <source>Two actuators for pitch and roll. A compact start for a seat or a cockpit.</source>
+        <translation>Zwei Aktuatoren für Nicken und Rollen. Ein kompakter Einstieg für einen Sitz oder ein Cockpit.</translation>
+    </message>
+    <message>
+        <source>Three actuators for pitch, roll and heave.</source>
+        <translation>Drei Aktuatoren für Nicken, Rollen und Heben.</translation>
+    </message>
+    <message>
+        <source>Five axes for full rigs: pitch, roll, heave, surge and sway.</source>
+        <translation>Fünf Achsen für komplette Rigs: Nicken, Rollen, Heben, Längs- und Querbewegung.</translation>
+    </message>
+    <message>
+        <source>%1DOF</source>
+        <translation>%1DOF</translation>
+    </message>
+    <message>
+        <source>Later version</source>
+        <translation>Spätere Version</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionPanelPage</name>
+    <message>
+        <source>Motion platform</source>
+        <translation>Bewegungsplattform</translation>
+    </message>
+    <message>
+        <source>Motion</source>
+        <translation>Bewegung</translation>
+    </message>
+    <message>
+        <source>Motion platforms come in a later version of the HUB. This page shows no live controls.</source>
+        <translation>Bewegungsplattformen kommen in einer späteren Version des HUB. Diese Seite zeigt keine Live-Steuerung.</translation>
+    </message>
+    <message>
+        <source>Platform</source>
+        <translation>Plattform</translation>
+    </message>
+    <message>
+        <source>Degrees of freedom</source>
+        <translation>Freiheitsgrade</translation>
+    </message>
+    <message>
+        <source>Motion controller</source>
+        <translation>Bewegungscontroller</translation>
+    </message>
+    <message>
+        <source>Not available yet</source>
+        <translation>Noch nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Connecting the USB motion controller, testing the actuators and the phone web panel come with motion platform support.</source>
+        <translation>Das Verbinden des USB-Bewegungscontrollers, der Aktuatortest und das Web-Panel fürs Telefon kommen mit der Unterstützung für Bewegungsplattformen.</translation>
+    </message>
+    <message>
+        <source>%1DOF motion platform</source>
+        <translation>%1DOF-Bewegungsplattform</translation>
+    </message>
+    <message>
+        <source>What this platform will do once motion support arrives.</source>
+        <translation>Was diese Plattform können wird, sobald Bewegung unterstützt wird.</translation>
+    </message>
+    <message>
+        <source>Actuators</source>
+        <translation>Aktuatoren</translation>
+    </message>
+    <message>
+        <source>Moves the seat in pitch and roll.</source>
+        <translation>Bewegt den Sitz in Nicken und Rollen.</translation>
+    </message>
+    <message>
+        <source>Moves the seat in pitch, roll and heave.</source>
+        <translation>Bewegt den Sitz in Nicken, Rollen und Heben.</translation>
+    </message>
+    <message>
+        <source>Moves the seat in pitch, roll, heave, surge and sway.</source>
+        <translation>Bewegt den Sitz in Nicken, Rollen, Heben, Längs- und Querbewegung.</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ThemeSwitcher</name>
+    <message>
+        <source>The HUB restarts to change its colours.</source>
+        <translation>Der HUB startet neu, um seine Farben zu ändern.</translation>
+    </message>
+    <message>
+        <source>Transmission is running and will stop.</source>
+        <translation>Die Übertragung läuft und wird gestoppt.</translation>
+    </message>
+    <message>
+        <source>Dark mode from the next start</source>
+        <translation>Dunkles Design ab dem nächsten Start</translation>
+    </message>
+    <message>
+        <source>Light mode from the next start</source>
+        <translation>Helles Design ab dem nächsten Start</translation>
+    </message>
+    <message>
+        <source>Dark mode</source>
+        <translation>Dunkles Design</translation>
+    </message>
+    <message>
+        <source>Light mode</source>
+        <translation>Helles Design</translation>
+    </message>
+    <message>
+        <source>Restart now</source>
+        <translation>Jetzt neu starten</translation>
+    </message>
+    <message>
+        <source>Next time</source>
+        <translation>Beim nächsten Mal</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::TransmitterCard</name>
+    <message>
+        <source>Transmitter</source>
+        <translation>Sender</translation>
+    </message>
+    <message>
+        <source>Orvane Transmitter over USB</source>
+        <translation>Orvane Transmitter über USB</translation>
+    </message>
+    <message>
+        <source>Plug the Orvane Transmitter in over USB; its port appears here.</source>
+        <translation>Schließe den Orvane Transmitter per USB an; sein Anschluss erscheint hier.</translation>
+    </message>
+    <message>
+        <source>No transmitter found</source>
+        <translation>Kein Sender gefunden</translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation>Trennen</translation>
+    </message>
+    <message>
+        <source>Connect</source>
+        <translation>Verbinden</translation>
+    </message>
+    <message>
+        <source>Connected</source>
+        <translation>Verbunden</translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::VehiclePage</name>
+    <message>
+        <source>Vehicles</source>
+        <translation>Fahrzeuge</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Kanäle</translation>
+    </message>
+    <message>
+        <source>The sixteen RC channels, sent every 7 ms while transmission runs</source>
+        <translation>Die sechzehn RC-Kanäle, alle 7 ms gesendet, während die Übertragung läuft</translation>
+    </message>
+    <message>
+        <source>Connect the transmitter first.</source>
+        <translation>Verbinde zuerst den Sender.</translation>
+    </message>
+    <message>
+        <source>Stop transmission</source>
+        <translation>Übertragung stoppen</translation>
+    </message>
+    <message>
+        <source>Start transmission</source>
+        <translation>Übertragung starten</translation>
+    </message>
+    <message>
+        <source>Transmitting</source>
+        <translation>Sendet</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Gestoppt</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::VehiclesPage</name>
+    <message>
+        <source>Vehicles</source>
+        <translation>Fahrzeuge</translation>
+    </message>
+    <message>
+        <source>Choose what you want to drive or fly.</source>
+        <translation>Wähle, was du fahren oder fliegen möchtest.</translation>
+    </message>
+    <message>
+        <source>RC Car</source>
+        <translation>RC-Auto</translation>
+    </message>
+    <message>
+        <source>Drive with a sim-racing wheel, pedals and shifter, with force feedback from the car&apos;s motion.</source>
+        <translation>Fahren mit Sim-Racing-Lenkrad, Pedalen und Schaltknauf, mit Force Feedback aus der Bewegung des Autos.</translation>
+    </message>
+    <message>
+        <source>RC Helicopter</source>
+        <translation>RC-Hubschrauber</translation>
+    </message>
+    <message>
+        <source>Fly with a joystick, a throttle and pedals, with arming and rate modes.</source>
+        <translation>Fliegen mit Joystick, Gashebel und Pedalen, mit Scharfschalten und Raten-Modi.</translation>
+    </message>
+    <message>
+        <source>RC Airplane</source>
+        <translation>RC-Flugzeug</translation>
+    </message>
+    <message>
+        <source>Fixed-wing models with a joystick and throttle.</source>
+        <translation>Flächenmodelle mit Joystick und Gashebel.</translation>
+    </message>
+    <message>
+        <source>Coming soon</source>
+        <translation>Demnächst</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,208 @@
+#include "carpage.h"
+#include "choicetile.h"
+#include "devicepickercard.h"
+#include "infopage.h"
+#include "logrouter.h"
+#include "mainwindow.h"
+#include "motionchooserpage.h"
+#include "motionpanelpage.h"
+#include "shellsettings.h"
+#include "sidebar.h"
+#include "sidebarbutton.h"
+#include "themeswitcher.h"
+#include "toast.h"
+#include "vehiclespage.h"
+
+#include <QCheckBox>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTest>
+
+class TestMainWindow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("OrvaneLabs"));
+        QCoreApplication::setApplicationName(QStringLiteral("OrvaneLabs HUB window test"));
+    }
+
+    void init() { QSettings().clear(); }
+
+    void offersTheSevenPagesByKey()
+    {
+        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        const QStringList expected = {
+            QStringLiteral("dashboard"), QStringLiteral("vehicles"),       QStringLiteral("rc-car"),
+            QStringLiteral("rc-heli"),   QStringLiteral("motion-chooser"), QStringLiteral("motion-panel"),
+            QStringLiteral("info")};
+        QCOMPARE(window.pageKeys(), expected);
+        QCOMPARE(window.currentPage(), QStringLiteral("dashboard"));
+        QCOMPARE(window.sidebar()->activeEntry(), QStringLiteral("dashboard"));
+    }
+
+    void switchesPagesByKey_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("entry");
+        QTest::newRow("vehicles") << QStringLiteral("vehicles") << QStringLiteral("vehicles");
+        QTest::newRow("rc-car") << QStringLiteral("rc-car") << QStringLiteral("vehicles");
+        QTest::newRow("rc-heli") << QStringLiteral("rc-heli") << QStringLiteral("vehicles");
+        QTest::newRow("motion-chooser")
+            << QStringLiteral("motion-chooser") << QStringLiteral("motion-chooser");
+        QTest::newRow("motion-panel") << QStringLiteral("motion-panel") << QStringLiteral("motion-chooser");
+        QTest::newRow("info") << QStringLiteral("info") << QStringLiteral("info");
+    }
+
+    void switchesPagesByKey()
+    {
+        QFETCH(QString, key);
+        QFETCH(QString, entry);
+        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        QSignalSpy changed(&window, &MainWindow::pageChanged);
+        QVERIFY(window.showPage(key));
+        QCOMPARE(window.currentPage(), key);
+        QCOMPARE(changed.size(), 1);
+        QCOMPARE(changed.first().first().toString(), key);
+        QCOMPARE(window.sidebar()->activeEntry(), entry);
+        QVERIFY(window.page(key)->isVisibleTo(&window));
+    }
+
+    void unknownPageKeyChangesNothing()
+    {
+        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        window.showPage(QStringLiteral("info"));
+        QVERIFY(!window.showPage(QStringLiteral("rc-airplane")));
+        QCOMPARE(window.currentPage(), QStringLiteral("info"));
+    }
+
+    void sidebarAndPagesNavigate()
+    {
+        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        window.sidebar()->entryButton(QStringLiteral("vehicles"))->click();
+        QCOMPARE(window.currentPage(), QStringLiteral("vehicles"));
+
+        auto *vehicles = qobject_cast<tavrix::VehiclesPage *>(window.page(QStringLiteral("vehicles")));
+        QVERIFY(!vehicles->tile(QStringLiteral("rc-airplane"))->isEnabled());
+        QCOMPARE(vehicles->tile(QStringLiteral("rc-airplane"))->badge(), QStringLiteral("Coming soon"));
+        vehicles->tile(QStringLiteral("rc-heli"))->click();
+        QCOMPARE(window.currentPage(), QStringLiteral("rc-heli"));
+
+        auto *chooser =
+            qobject_cast<tavrix::MotionChooserPage *>(window.page(QStringLiteral("motion-chooser")));
+        chooser->tile(5)->click();
+        QCOMPARE(window.currentPage(), QStringLiteral("motion-panel"));
+        auto *panel = qobject_cast<tavrix::MotionPanelPage *>(window.page(QStringLiteral("motion-panel")));
+        QCOMPARE(panel->platform(), 5);
+        emit panel->backRequested();
+        QCOMPARE(window.currentPage(), QStringLiteral("motion-chooser"));
+    }
+
+    void themeQuestionWarnsWhenTransmissionRuns_data()
+    {
+        QTest::addColumn<bool>("running");
+        QTest::addColumn<QString>("informative");
+        QTest::newRow("stopped") << false << QString();
+        QTest::newRow("running") << true << QStringLiteral("Transmission is running and will stop.");
+    }
+
+    void themeQuestionWarnsWhenTransmissionRuns()
+    {
+        QFETCH(bool, running);
+        QFETCH(QString, informative);
+        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        window.setTransmissionProbe([running] { return running; });
+        std::unique_ptr<QMessageBox> box(window.themeSwitcher()->createQuestion(&window));
+        QCOMPARE(box->text(), QStringLiteral("The HUB restarts to change its colours."));
+        QCOMPARE(box->informativeText(), informative);
+        QStringList answers;
+        for (QAbstractButton *button : box->buttons())
+            answers.append(button->text());
+        answers.sort();
+        QCOMPARE(answers, (QStringList{QStringLiteral("Next time"), QStringLiteral("Restart now")}));
+    }
+
+    void nextTimeStoresTheOtherThemeAndSaysWhen()
+    {
+        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(window.sidebar()->themeButton()->text(), QStringLiteral("Dark mode"));
+        tavrix::ThemeSwitcher *switcher = window.themeSwitcher();
+        QSignalSpy restart(switcher, &tavrix::ThemeSwitcher::restartRequested);
+
+        switcher->answer(tavrix::ThemeSwitcher::Answer::NextTime);
+        QCOMPARE(QSettings().value(QStringLiteral("ui/theme")).toString(), QStringLiteral("dark"));
+        QVERIFY(window.toast()->isVisible());
+        QCOMPARE(window.toast()->text(), QStringLiteral("Dark mode from the next start"));
+
+        // Asking again offers the other theme than the stored choice.
+        switcher->answer(tavrix::ThemeSwitcher::Answer::NextTime);
+        QCOMPARE(QSettings().value(QStringLiteral("ui/theme")).toString(), QStringLiteral("light"));
+        QCOMPARE(window.toast()->text(), QStringLiteral("Light mode from the next start"));
+        QCOMPARE(restart.size(), 0);
+        QVERIFY(!window.restartRequested());
+    }
+
+    void restartNowFromTheSidebarClosesTheWindowForARestart()
+    {
+        MainWindow window(QStringLiteral("dark"), tavrix::LogRouter::instance());
+        hub::ShellSettings::setTheme(QStringLiteral("dark"));
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(window.sidebar()->themeButton()->text(), QStringLiteral("Light mode"));
+        window.sidebar()->themeButton()->click();
+        QMessageBox *box = nullptr;
+        QTRY_VERIFY((box = window.findChild<QMessageBox *>()) && box->isVisible());
+        QAbstractButton *restart = nullptr;
+        for (QAbstractButton *button : box->buttons()) {
+            if (button->text() == QStringLiteral("Restart now"))
+                restart = button;
+        }
+        QVERIFY(restart);
+        restart->click();
+        QVERIFY(window.restartRequested());
+        QTRY_VERIFY(!window.isVisible());
+        QCOMPARE(hub::ShellSettings::theme(), QStringLiteral("light"));
+    }
+
+    void carCardsUseTheirSettingsKeys()
+    {
+        {
+            MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+            auto *car = qobject_cast<tavrix::CarPage *>(window.page(QStringLiteral("rc-car")));
+            QVERIFY(car->deviceCard()->isExpanded());
+            QVERIFY(!car->configureCard()->isExpanded());
+            car->deviceCard()->setExpanded(false);
+            car->configureCard()->setExpanded(true);
+        }
+        QCOMPARE(QSettings().value(QStringLiteral("ui/carDevicesOpen")).toBool(), false);
+        QCOMPARE(QSettings().value(QStringLiteral("ui/carConfigureOpen")).toBool(), true);
+        MainWindow again(QStringLiteral("light"), tavrix::LogRouter::instance());
+        auto *car = qobject_cast<tavrix::CarPage *>(again.page(QStringLiteral("rc-car")));
+        QVERIFY(!car->deviceCard()->isExpanded());
+        QVERIFY(car->configureCard()->isExpanded());
+    }
+
+    void reduceMotionIsStoredAndReachesTheSidebar()
+    {
+        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        auto *info = qobject_cast<tavrix::InfoPage *>(window.page(QStringLiteral("info")));
+        info->reduceMotionBox()->setChecked(true);
+        QCOMPARE(QSettings().value(QStringLiteral("ui/reduceMotion")).toBool(), true);
+        // With reduced motion the sidebar jumps to its new width at once.
+        window.sidebar()->setCollapsed(true);
+        QCOMPARE(window.sidebar()->width(), hub::Sidebar::kCollapsedWidth);
+    }
+
+    void versionIsShown() { QCOMPARE(tavrix::InfoPage::version(), QStringLiteral("1.3.2")); }
+};
+
+QTEST_MAIN(TestMainWindow)
+#include "tst_mainwindow.moc"

@@ -1,0 +1,73 @@
+#include "startup.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QTranslator>
+
+class TestStartup : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void identityNamesTheSettingsStoreAndSetsTheIcon()
+    {
+        tavrix::applyIdentity(*qApp);
+        QCOMPARE(QCoreApplication::organizationName(), QStringLiteral("OrvaneLabs"));
+        QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("OrvaneLabs HUB"));
+        QCOMPARE(QCoreApplication::applicationVersion(), QStringLiteral("1.3.2"));
+        QVERIFY(!QApplication::windowIcon().isNull());
+    }
+
+    void installsTheFirstLanguageThatLoads_data()
+    {
+        QTest::addColumn<QStringList>("languages");
+        QTest::addColumn<QString>("installed");
+        QTest::newRow("german") << QStringList{QStringLiteral("de-DE")} << QStringLiteral("de_DE");
+        QTest::newRow("austrian falls back to german")
+            << QStringList{QStringLiteral("de-AT")} << QStringLiteral("de_AT");
+        QTest::newRow("unknown first, german second")
+            << QStringList{QStringLiteral("fr-FR"), QStringLiteral("de-DE")} << QStringLiteral("de_DE");
+        QTest::newRow("english first stops the search")
+            << QStringList{QStringLiteral("en-GB"), QStringLiteral("de-DE")} << QStringLiteral("en_GB");
+        QTest::newRow("no translation")
+            << QStringList{QStringLiteral("fr-FR"), QStringLiteral("ja-JP")} << QString();
+        QTest::newRow("no languages") << QStringList{} << QString();
+    }
+
+    void installsTheFirstLanguageThatLoads()
+    {
+        QFETCH(QStringList, languages);
+        QFETCH(QString, installed);
+        QTranslator translator;
+        if (installed.isEmpty())
+            QTest::ignoreMessage(QtInfoMsg, QRegularExpression(QStringLiteral("^hub: no translation for")));
+        QCOMPARE(tavrix::installTranslation(*qApp, translator, languages), installed);
+        QCOMPARE(translator.isEmpty(), installed.isEmpty() || installed.startsWith(QLatin1String("en")));
+        QCoreApplication::removeTranslator(&translator);
+    }
+
+    void germanTranslationCoversTheThemeQuestion()
+    {
+        QTranslator translator;
+        QCOMPARE(tavrix::installTranslation(*qApp, translator, {QStringLiteral("de-DE")}),
+                 QStringLiteral("de_DE"));
+        QCOMPARE(QCoreApplication::translate("tavrix::ThemeSwitcher", "Restart now"),
+                 QStringLiteral("Jetzt neu starten"));
+        QCOMPARE(QCoreApplication::translate("hub::Sidebar", "Collapse"), QStringLiteral("Einklappen"));
+        QCoreApplication::removeTranslator(&translator);
+        QCOMPARE(QCoreApplication::translate("tavrix::ThemeSwitcher", "Restart now"),
+                 QStringLiteral("Restart now"));
+    }
+
+    void missingTranslationDirectoryIsLoggedAndStartupGoesOn()
+    {
+        QTranslator translator;
+        QTest::ignoreMessage(QtInfoMsg, "hub: no translation for de-DE, using English");
+        QCOMPARE(tavrix::installTranslation(*qApp, translator, {QStringLiteral("de-DE")},
+                                            QStringLiteral("/nonexistent/i18n")),
+                 QString());
+    }
+};
+
+QTEST_MAIN(TestStartup)
+#include "tst_startup.moc"

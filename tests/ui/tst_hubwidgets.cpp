@@ -1,0 +1,208 @@
+#include "card.h"
+#include "channelbar.h"
+#include "levelbar.h"
+#include "pagestack.h"
+#include "sidebar.h"
+#include "sidebarbutton.h"
+#include "stattile.h"
+
+#include <QLabel>
+#include <QSettings>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <array>
+
+class TestHubWidgets : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("OrvaneLabs"));
+        QCoreApplication::setApplicationName(QStringLiteral("OrvaneLabs HUB widget test"));
+    }
+
+    void init() { QSettings().clear(); }
+
+    void cardRemembersItsExpandedState()
+    {
+        const QString key = QStringLiteral("ui/carDevicesOpen");
+        {
+            hub::Card card(QStringLiteral("Devices"));
+            card.persistExpanded(key, true);
+            QVERIFY(card.isExpanded());
+            QVERIFY2(!QSettings().contains(key), "reading the default must not write it");
+            QSignalSpy changed(&card, &hub::Card::expandedChanged);
+            card.setExpanded(false);
+            QCOMPARE(changed.size(), 1);
+            QCOMPARE(QSettings().value(key).toBool(), false);
+        }
+        hub::Card again(QStringLiteral("Devices"));
+        again.persistExpanded(key, true);
+        QVERIFY(!again.isExpanded());
+        QVERIFY(again.body()->parentWidget()->isHidden());
+    }
+
+    void clickingTheHeaderFoldsACollapsibleCard()
+    {
+        hub::Card card(QStringLiteral("Configure"));
+        card.persistExpanded(QStringLiteral("ui/carConfigureOpen"), false);
+        card.resize(400, 300);
+        card.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&card));
+        auto *header = card.findChild<QWidget *>(QStringLiteral("cardHeader"));
+        QVERIFY(header);
+        QTest::mouseClick(header, Qt::LeftButton, {}, QPoint(10, 10));
+        QVERIFY(card.isExpanded());
+        QCOMPARE(QSettings().value(QStringLiteral("ui/carConfigureOpen")).toBool(), true);
+    }
+
+    void plainCardCannotBeCollapsed()
+    {
+        hub::Card card(QStringLiteral("Channels"));
+        card.setExpanded(false);
+        QVERIFY(card.isExpanded());
+    }
+
+    void levelBarFillsFromItsOrigin_data()
+    {
+        QTest::addColumn<double>("minimum");
+        QTest::addColumn<double>("maximum");
+        QTest::addColumn<double>("origin");
+        QTest::addColumn<double>("value");
+        QTest::addColumn<double>("start");
+        QTest::addColumn<double>("end");
+        QTest::newRow("steering left") << -1.0 << 1.0 << 0.0 << -0.5 << 0.25 << 0.5;
+        QTest::newRow("steering right") << -1.0 << 1.0 << 0.0 << 1.0 << 0.5 << 1.0;
+        QTest::newRow("steering beyond range clamps") << -1.0 << 1.0 << 0.0 << 3.0 << 0.5 << 1.0;
+        QTest::newRow("pedal half") << 0.0 << 1.0 << 0.0 << 0.5 << 0.0 << 0.5;
+        QTest::newRow("pedal below range is empty") << 0.0 << 1.0 << 0.0 << -0.2 << 0.0 << 0.0;
+        QTest::newRow("channel at centre is empty") << 172.0 << 1811.0 << 992.0 << 992.0 << 0.5003 << 0.5003;
+        QTest::newRow("channel 0 clamps to low") << 172.0 << 1811.0 << 992.0 << 0.0 << 0.0 << 0.5003;
+    }
+
+    void levelBarFillsFromItsOrigin()
+    {
+        QFETCH(double, minimum);
+        QFETCH(double, maximum);
+        QFETCH(double, origin);
+        QFETCH(double, value);
+        QFETCH(double, start);
+        QFETCH(double, end);
+        hub::LevelBar bar(QStringLiteral("x"), minimum, maximum, origin);
+        QCOMPARE(bar.filledSpan(), std::make_pair(0.0, 0.0));
+        bar.setValue(value, QStringLiteral("v"));
+        const auto [s, e] = bar.filledSpan();
+        QVERIFY2(qAbs(s - start) < 1e-3 && qAbs(e - end) < 1e-3,
+                 qPrintable(QStringLiteral("%1..%2").arg(s).arg(e)));
+        bar.clear();
+        QVERIFY(!bar.value());
+        QCOMPARE(bar.valueText(), hub::StatTile::noValueText());
+    }
+
+    void channelBarShowsSixteenValuesAndClearsMissingOnes()
+    {
+        hub::ChannelBar channels;
+        std::array<int32_t, 16> values{};
+        for (int i = 0; i < 16; ++i)
+            values[i] = 172 + i * 100;
+        channels.setValues(values);
+        QCOMPARE(channels.bar(0)->label(), QStringLiteral("CH1"));
+        QCOMPARE(channels.bar(15)->label(), QStringLiteral("CH16"));
+        QCOMPARE(channels.bar(15)->valueText(), QStringLiteral("1672"));
+        QVERIFY(!channels.bar(16));
+
+        const std::array<int32_t, 3> few{992, 2047, 0};
+        channels.setValues(few);
+        QCOMPARE(channels.bar(1)->valueText(), QStringLiteral("2047"));
+        QCOMPARE(channels.bar(1)->filledSpan().second, 1.0);
+        QVERIFY(!channels.bar(3)->value());
+    }
+
+    void statTileShowsADashWithoutAValue()
+    {
+        hub::StatTile tile(QStringLiteral("RSSI"));
+        QVERIFY(!tile.hasValue());
+        QCOMPARE(tile.value(), hub::StatTile::noValueText());
+        tile.setValue(QStringLiteral("-67"), QStringLiteral("dBm"));
+        QCOMPARE(tile.value(), QStringLiteral("-67"));
+        QCOMPARE(tile.unit(), QStringLiteral("dBm"));
+        QCOMPARE(tile.property("tone").toString(), QStringLiteral("neutral"));
+        tile.clear();
+        QCOMPARE(tile.property("tone").toString(), QStringLiteral("muted"));
+    }
+
+    void sidebarHighlightsTheEntryThatOwnsAPage_data()
+    {
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("entry");
+        QTest::newRow("own page") << QStringLiteral("dashboard") << QStringLiteral("dashboard");
+        QTest::newRow("car under vehicles") << QStringLiteral("rc-car") << QStringLiteral("vehicles");
+        QTest::newRow("heli under vehicles") << QStringLiteral("rc-heli") << QStringLiteral("vehicles");
+        QTest::newRow("unknown page") << QStringLiteral("nowhere") << QString();
+    }
+
+    void sidebarHighlightsTheEntryThatOwnsAPage()
+    {
+        QFETCH(QString, page);
+        QFETCH(QString, entry);
+        hub::Sidebar sidebar;
+        sidebar.addEntry(QStringLiteral("dashboard"), hub::Glyph::Dashboard, QStringLiteral("Dashboard"));
+        sidebar.addEntry(QStringLiteral("vehicles"), hub::Glyph::Car, QStringLiteral("Vehicles"),
+                         {QStringLiteral("rc-car"), QStringLiteral("rc-heli")});
+        QCOMPARE(sidebar.setCurrentPage(page), !entry.isEmpty());
+        QCOMPARE(sidebar.activeEntry(), entry);
+        for (const QString &key : {QStringLiteral("dashboard"), QStringLiteral("vehicles")})
+            QCOMPARE(sidebar.entryButton(key)->isActive(), key == entry);
+    }
+
+    void sidebarCollapsesToGlyphsWithToolTips()
+    {
+        hub::Sidebar sidebar;
+        sidebar.addEntry(QStringLiteral("info"), hub::Glyph::Info, QStringLiteral("About"));
+        QSignalSpy collapsed(&sidebar, &hub::Sidebar::collapsedChanged);
+        QCOMPARE(sidebar.width(), hub::Sidebar::kExpandedWidth);
+        sidebar.setCollapsed(true, false);
+        QCOMPARE(sidebar.width(), hub::Sidebar::kCollapsedWidth);
+        QCOMPARE(collapsed.size(), 1);
+        QCOMPARE(sidebar.entryButton(QStringLiteral("info"))->toolTip(), QStringLiteral("About"));
+        sidebar.setCollapsed(true, false);
+        QCOMPARE(collapsed.size(), 1);
+        sidebar.setCollapsed(false, false);
+        QCOMPARE(sidebar.width(), hub::Sidebar::kExpandedWidth);
+        QVERIFY(sidebar.entryButton(QStringLiteral("info"))->toolTip().isEmpty());
+    }
+
+    void sidebarAnimationEndsAtTheCollapsedWidth()
+    {
+        hub::Sidebar sidebar;
+        sidebar.setCollapsed(true);
+        QTRY_COMPARE(sidebar.width(), hub::Sidebar::kCollapsedWidth);
+    }
+
+    void pageStackAddressesPagesByKey()
+    {
+        hub::PageStack stack;
+        QWidget a;
+        QWidget b;
+        QVERIFY(stack.addPage(QStringLiteral("a"), &a));
+        QVERIFY(stack.addPage(QStringLiteral("b"), &b));
+        QVERIFY(!stack.addPage(QStringLiteral("a"), new QWidget(&stack)));
+        QVERIFY(!stack.addPage(QString(), new QWidget(&stack)));
+        QSignalSpy changed(&stack, &hub::PageStack::currentKeyChanged);
+        QVERIFY(stack.setCurrentKey(QStringLiteral("b")));
+        QCOMPARE(stack.currentKey(), QStringLiteral("b"));
+        QCOMPARE(changed.size(), 1);
+        QVERIFY(!stack.setCurrentKey(QStringLiteral("c")));
+        QCOMPARE(stack.currentKey(), QStringLiteral("b"));
+        QCOMPARE(stack.page(QStringLiteral("a")), &a);
+        stack.removeWidget(&a);
+        stack.removeWidget(&b);
+    }
+};
+
+QTEST_MAIN(TestHubWidgets)
+#include "tst_hubwidgets.moc"

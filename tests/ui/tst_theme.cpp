@@ -1,0 +1,153 @@
+#include "theme.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFontDatabase>
+#include <QRegularExpression>
+#include <QStyle>
+#include <QTemporaryDir>
+#include <QTest>
+
+class TestTheme : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void missingFontIsLoggedAndTheOthersRegister()
+    {
+        QTest::ignoreMessage(QtWarningMsg, "hub theme: failed to load font /nonexistent/Geist-Bold.ttf");
+        const int registered = hub::registerThemeFonts(
+            {QStringLiteral("/nonexistent/Geist-Bold.ttf"), QStringLiteral(":/fonts/GeistMono-Regular.ttf")});
+        QCOMPARE(registered, 1);
+        QVERIFY(QFontDatabase::families().contains(QStringLiteral("Geist Mono")));
+    }
+
+    void allFiveFontsRegisterAsGeist()
+    {
+        QCOMPARE(hub::registerThemeFonts(hub::ThemePaths::resources().fonts), 5);
+        QVERIFY(QFontDatabase::families().contains(QStringLiteral("Geist")));
+    }
+
+    void missingStyleSheetIsLoggedAndStartupGoesOnUnstyled()
+    {
+        hub::ThemePaths paths = hub::ThemePaths::resources();
+        paths.styleSheet = QStringLiteral(":/theme/missing.qss");
+        paths.fonts.prepend(QStringLiteral("/nonexistent/font.ttf"));
+        QTest::ignoreMessage(QtWarningMsg, "hub theme: failed to load font /nonexistent/font.ttf");
+        QTest::ignoreMessage(QtWarningMsg, "hub theme: stylesheet missing from resources");
+        hub::applyTheme(*qApp, QStringLiteral("dark"), paths);
+
+        QVERIFY(qApp->styleSheet().isEmpty());
+        QCOMPARE(QApplication::style()->name(), QStringLiteral("fusion"));
+        QCOMPARE(QApplication::font().family(), QStringLiteral("Geist"));
+        // The palette still applies without the sheet.
+        const hub::ThemeColours dark = hub::loadThemeColours(paths.palettes, QStringLiteral("dark"));
+        QCOMPARE(QApplication::palette().color(QPalette::Window), dark.value(QStringLiteral("bg")));
+    }
+
+    void fullThemeSubstitutesTheChosenPalette_data()
+    {
+        QTest::addColumn<QString>("theme");
+        QTest::newRow("light") << QStringLiteral("light");
+        QTest::newRow("dark") << QStringLiteral("dark");
+    }
+
+    void fullThemeSubstitutesTheChosenPalette()
+    {
+        QFETCH(QString, theme);
+        // Every colour the sheet names exists in both palettes.
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("hub theme")));
+        hub::applyTheme(*qApp, theme);
+        const QString sheet = qApp->styleSheet();
+        QVERIFY(!sheet.isEmpty());
+        QVERIFY(!sheet.contains(QLatin1String("{{")));
+        const hub::ThemeColours colours =
+            hub::loadThemeColours(QStringLiteral(":/theme/palettes.json"), theme);
+        QVERIFY(sheet.contains(colours.value(QStringLiteral("accent")).name()));
+        QCOMPARE(QApplication::palette().color(QPalette::Highlight), colours.value(QStringLiteral("accent")));
+        qApp->setStyleSheet(QString());
+    }
+
+    void substitutesKnownNamesAndLeavesUnknownOnes_data()
+    {
+        QTest::addColumn<QString>("sheet");
+        QTest::addColumn<QString>("expected");
+        QTest::addColumn<QString>("warning");
+        QTest::newRow("one") << QStringLiteral("a { color: {{text}}; }")
+                             << QStringLiteral("a { color: #102030; }") << QString();
+        QTest::newRow("spaces inside braces")
+            << QStringLiteral("{{ text }}{{accent}}") << QStringLiteral("#102030#ff0000") << QString();
+        QTest::newRow("prefix of another name")
+            << QStringLiteral("{{accentHover}}") << QStringLiteral("{{accentHover}}")
+            << QStringLiteral("hub theme: style sheet names unknown colour accentHover");
+        QTest::newRow("translucent") << QStringLiteral("{{veil}}") << QStringLiteral("#80000000")
+                                     << QString();
+        QTest::newRow("single braces untouched")
+            << QStringLiteral("QWidget { }") << QStringLiteral("QWidget { }") << QString();
+    }
+
+    void substitutesKnownNamesAndLeavesUnknownOnes()
+    {
+        QFETCH(QString, sheet);
+        QFETCH(QString, expected);
+        QFETCH(QString, warning);
+        const hub::ThemeColours colours = {{QStringLiteral("text"), QColor(0x10, 0x20, 0x30)},
+                                           {QStringLiteral("accent"), QColor(Qt::red)},
+                                           {QStringLiteral("veil"), QColor(0, 0, 0, 128)}};
+        if (!warning.isEmpty())
+            QTest::ignoreMessage(QtWarningMsg, qPrintable(warning));
+        QCOMPARE(hub::substituteThemeColours(sheet, colours), expected);
+    }
+
+    void badPaletteFilesAreLoggedAndGiveNoColours_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("warning");
+        QTest::newRow("not json") << QByteArray("{ light: ") << QStringLiteral("is not valid JSON");
+        QTest::newRow("array") << QByteArray("[1, 2]") << QStringLiteral("is not valid JSON");
+        QTest::newRow("no such palette")
+            << QByteArray("{\"dark\": {\"bg\": \"#000000\"}}") << QStringLiteral("no palette named light");
+    }
+
+    void badPaletteFilesAreLoggedAndGiveNoColours()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, warning);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("palettes.json"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        file.close();
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QRegularExpression::escape(warning)));
+        QVERIFY(hub::loadThemeColours(path, QStringLiteral("light")).isEmpty());
+    }
+
+    void entriesThatAreNotColoursAreDropped()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("palettes.json"));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("{\"light\": {\"bg\": \"#ffffff\", \"text\": \"not a colour\", \"accent\": 12}}");
+        file.close();
+        QTest::ignoreMessage(QtWarningMsg, "hub theme: palette light has no colour for accent");
+        QTest::ignoreMessage(QtWarningMsg, "hub theme: palette light has no colour for text");
+        const hub::ThemeColours colours = hub::loadThemeColours(path, QStringLiteral("light"));
+        QCOMPARE(colours.keys(), QList<QString>{QStringLiteral("bg")});
+    }
+
+    void missingPaletteLeavesTheAppUnstyled()
+    {
+        qApp->setStyleSheet(QString());
+        hub::ThemePaths paths = hub::ThemePaths::resources();
+        paths.palettes = QStringLiteral("/nonexistent/palettes.json");
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("^hub theme: palettes missing")));
+        hub::applyTheme(*qApp, QStringLiteral("light"), paths);
+        QVERIFY(qApp->styleSheet().isEmpty());
+    }
+};
+
+QTEST_MAIN(TestTheme)
+#include "tst_theme.moc"

@@ -1,0 +1,34 @@
+#include "notice.h"
+
+#include "glyphview.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace hub {
+
+Notice::Notice(Glyph glyph, const QString &text, QWidget *parent)
+    : QFrame(parent)
+{
+    setAttribute(Qt::WA_StyledBackground);
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(12, 10, 16, 10);
+    row->setSpacing(10);
+    auto *icon = new GlyphView(glyph, 32, this);
+    row->addWidget(icon, 0, Qt::AlignVCenter);
+    m_text = new QLabel(text, this);
+    m_text->setWordWrap(true);
+    row->addWidget(m_text, 1);
+}
+
+void Notice::setText(const QString &text)
+{
+    m_text->setText(text);
+}
+
+QString Notice::text() const
+{
+    return m_text->text();
+}
+
+} // namespace hub

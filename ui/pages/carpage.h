@@ -1,0 +1,65 @@
+#pragma once
+
+#include "vehiclepage.h"
+
+#include <QHash>
+
+namespace hub {
+class Card;
+class LevelBar;
+class StatTile;
+class StatusPill;
+} // namespace hub
+
+namespace tavrix {
+
+class DevicePickerCard;
+
+// The "rc-car" page: transmitter, game controllers per role, the configuration dialogs,
+// live input, the car link and the channels. It presents and asks; whoever owns the
+// transmission binds its signals to the slots here and acts on the requests it emits.
+class CarPage : public VehiclePage
+{
+    Q_OBJECT
+public:
+    explicit CarPage(QWidget *parent = nullptr);
+
+    DevicePickerCard *deviceCard() const { return m_devices; }
+    hub::Card *configureCard() const { return m_configure; }
+
+    // The dialog keys the Configure card offers, in its order.
+    static QStringList configureKeys();
+
+public slots:
+    void showInput(double steering, double throttle, double brake);
+    void clearInput();
+    void setCarLinked(bool linked);
+    void showLinkQuality(int percent, int rssiDbm);
+    void showBattery(double volts, int remainingPercent);
+    void showGps(bool valid, int satellites);
+    void clearTelemetry();
+    // Dialogs the owner can open; the others stay disabled.
+    void setConfigureAvailable(const QString &key, bool available);
+
+signals:
+    void configureRequested(const QString &dialogKey);
+
+private:
+    QWidget *buildLiveInputCard();
+    QWidget *buildCarLinkCard();
+    QWidget *buildConfigureCard();
+
+    DevicePickerCard *m_devices = nullptr;
+    hub::Card *m_configure = nullptr;
+    QHash<QString, QPushButton *> m_configureButtons;
+    hub::LevelBar *m_steering = nullptr;
+    hub::LevelBar *m_throttle = nullptr;
+    hub::LevelBar *m_brake = nullptr;
+    hub::StatusPill *m_linkPill = nullptr;
+    hub::StatTile *m_linkQuality = nullptr;
+    hub::StatTile *m_rssi = nullptr;
+    hub::StatTile *m_battery = nullptr;
+    hub::StatTile *m_gps = nullptr;
+};
+
+} // namespace tavrix

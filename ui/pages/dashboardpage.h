@@ -1,0 +1,53 @@
+#pragma once
+
+#include "page.h"
+#include "tone.h"
+
+namespace hub {
+class EmptyState;
+class StatTile;
+class StatusPill;
+class StatusRow;
+} // namespace hub
+
+namespace tavrix {
+
+// The "dashboard" page: the connections, the transmission and the chosen telemetry sensors
+// at a glance. It presents only; the owner feeds it through the slots.
+class DashboardPage : public hub::Page
+{
+    Q_OBJECT
+public:
+    explicit DashboardPage(QWidget *parent = nullptr);
+
+    hub::StatusRow *transmitterRow() const { return m_transmitter; }
+    hub::StatusRow *carLinkRow() const { return m_carLink; }
+    hub::StatusRow *remoteRow() const { return m_remote; }
+    hub::EmptyState *telemetryEmptyState() const { return m_telemetryEmpty; }
+
+public slots:
+    void setTransmitterState(bool connected, const QString &port = {});
+    void setCarLinked(bool linked);
+    // The mobile app server: not listening, listening (with its address) or with clients.
+    void setRemoteState(hub::Tone tone, const QString &status, const QString &detail = {});
+    void setTransmission(bool running, const QString &vehicle = {});
+    void showFrameRate(double framesPerSecond);
+
+signals:
+    void pageRequested(const QString &pageKey);
+
+private:
+    QWidget *buildConnectionsCard();
+    QWidget *buildTransmissionCard();
+    QWidget *buildTelemetryCard();
+
+    hub::StatusRow *m_transmitter = nullptr;
+    hub::StatusRow *m_carLink = nullptr;
+    hub::StatusRow *m_remote = nullptr;
+    hub::StatusPill *m_transmissionPill = nullptr;
+    hub::StatTile *m_vehicle = nullptr;
+    hub::StatTile *m_frameRate = nullptr;
+    hub::EmptyState *m_telemetryEmpty = nullptr;
+};
+
+} // namespace tavrix

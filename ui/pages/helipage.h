@@ -1,0 +1,54 @@
+#pragma once
+
+#include "vehiclepage.h"
+
+namespace hub {
+class LevelBar;
+class StatTile;
+class StatusPill;
+} // namespace hub
+
+namespace tavrix {
+
+class DevicePickerCard;
+
+// The "rc-heli" page: transmitter, joystick/throttle/pedals, arming, rate mode, live
+// controls and channels. Like the car page it presents and asks; the owner binds it.
+class HeliPage : public VehiclePage
+{
+    Q_OBJECT
+public:
+    explicit HeliPage(QWidget *parent = nullptr);
+
+    DevicePickerCard *controlsCard() const { return m_controls; }
+    QPushButton *armButton() const { return m_arm; }
+
+public slots:
+    void setArmed(bool armed);
+    // Arming is offered only when it can work; the reason shows as the button's tool tip.
+    void setArmAvailable(bool available, const QString &reason = {});
+    void showRateMode(int mode);
+    void showControls(double roll, double pitch, double collective, double yaw);
+    void clearControls();
+
+signals:
+    void armRequested();
+    void disarmRequested();
+
+private:
+    QWidget *buildFlightCard();
+    QWidget *buildLiveControlsCard();
+
+    DevicePickerCard *m_controls = nullptr;
+    hub::StatusPill *m_armedPill = nullptr;
+    QPushButton *m_arm = nullptr;
+    hub::StatTile *m_rateMode = nullptr;
+    hub::LevelBar *m_roll = nullptr;
+    hub::LevelBar *m_pitch = nullptr;
+    hub::LevelBar *m_collective = nullptr;
+    hub::LevelBar *m_yaw = nullptr;
+    bool m_armed = false;
+    bool m_armAvailable = false;
+};
+
+} // namespace tavrix

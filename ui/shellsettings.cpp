@@ -1,0 +1,32 @@
+#include "shellsettings.h"
+
+#include <QSettings>
+
+namespace hub {
+
+QString ShellSettings::theme()
+{
+    return normalizedTheme(QSettings().value(themeKey()).toString());
+}
+
+void ShellSettings::setTheme(const QString &theme)
+{
+    QSettings().setValue(themeKey(), normalizedTheme(theme));
+}
+
+QString ShellSettings::normalizedTheme(const QString &theme)
+{
+    return theme.trimmed().compare(darkTheme(), Qt::CaseInsensitive) == 0 ? darkTheme() : lightTheme();
+}
+
+bool ShellSettings::reduceMotion()
+{
+    return QSettings().value(reduceMotionKey(), false).toBool();
+}
+
+void ShellSettings::setReduceMotion(bool reduce)
+{
+    QSettings().setValue(reduceMotionKey(), reduce);
+}
+
+} // namespace hub
