@@ -3,6 +3,7 @@
 #include "controllertimings.h"
 #include "controllertypes.h"
 #include "crsfprotocol.h"
+#include "inputdevicesource.h"
 #include "profilemanager.h"
 #include "serialportdirectory.h"
 
@@ -19,6 +20,7 @@ class QTimer;
 namespace tavrix {
 
 class ButtonMappingEngine;
+class ButtonSource;
 class DeviceRoleSet;
 class DriveComputation;
 class HelicopterComputation;
@@ -26,6 +28,7 @@ class InputBackend;
 class InputDevice;
 class TelemetryMonitor;
 class TransmitterLink;
+struct HelicopterInputs;
 struct InputDeviceInfo;
 struct ProfileSettings;
 
@@ -74,8 +77,9 @@ public:
     [[nodiscard]] quint32 frameCount() const { return m_frameCount; }
     // CH1..CH16 as last computed; they keep their values while stopped.
     [[nodiscard]] const ChannelValues &channels() const { return m_channels; }
-    [[nodiscard]] VehicleType vehicleType() const;
-    [[nodiscard]] bool isHelicopter() const { return vehicleType() == VehicleType::Helicopter; }
+    // Follows the active profile; changes only while not transmitting.
+    [[nodiscard]] VehicleType vehicleType() const { return m_vehicle; }
+    [[nodiscard]] bool isHelicopter() const { return m_vehicle == VehicleType::Helicopter; }
     // Steering (-1..+1), throttle and brake (0..1) after calibration, as last read.
     [[nodiscard]] float steering() const { return m_steering; }
     [[nodiscard]] float throttle() const { return m_throttle; }
@@ -194,15 +198,19 @@ private:
     void onDeviceLost(DeviceRole role);
     void onActiveProfileChanged(const QString &profileId);
     void onProfileModified(const QString &profileId);
+    // Reads the active profile's settings; switches vehicle and devices only when idle.
     void applyProfile();
+    void switchToActiveProfile();
+    void switchVehicle();
     void tickCar();
     void tickHelicopter();
     void sendFrame();
     void safetyStop(const QString &reason);
     bool checkStartPreconditions();
     void readDriveControls();
-    void updateLedPowerButton();
+    void applyLedPower(const ButtonSource &wheelButtons);
     void publishInputs();
+    [[nodiscard]] HelicopterInputs helicopterInputs() const;
 
     InputBackend *m_inputBackend;
     ProfileManager *m_profiles;
@@ -220,9 +228,16 @@ private:
     std::unique_ptr<HelicopterComputation> m_helicopter;
     std::unique_ptr<ButtonMappingEngine> m_buttons;
 
+    // The computations read the role set's devices through these views.
+    InputDeviceSource m_wheelSource;
+    InputDeviceSource m_joystickSource;
+    InputDeviceSource m_heliThrottleSource;
+    InputDeviceSource m_heliPedalsSource;
+
     ChannelValues m_channels{};
     ChannelValues m_publishedChannels{};
     quint32 m_frameCount = 0;
+    VehicleType m_vehicle = VehicleType::Car;
     bool m_running = false;
     bool m_configMode = false;
     bool m_safetyStopQueued = false;
