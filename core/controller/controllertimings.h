@@ -1,0 +1,30 @@
+#pragma once
+
+#include "transmitterlink.h"
+
+#include <chrono>
+
+namespace tavrix {
+
+// Every interval the transmission controller runs on, with the real values as
+// defaults. Tests shorten the long waits instead of sleeping through them.
+struct ControllerTimings
+{
+    // One channel frame per tick, on a precise timer.
+    std::chrono::milliseconds transmitInterval{7};
+    // Car link and stale-sensor checks.
+    std::chrono::milliseconds monitorInterval{500};
+    // The car counts as unlinked once no link statistics came for this long.
+    std::chrono::milliseconds carLinkTimeout{1500};
+    // A telemetry sensor not updated for this long is stale.
+    std::chrono::milliseconds sensorStaleAfter{2000};
+    // Waiting for the receiver's first motion record after a start.
+    std::chrono::milliseconds motionWait{5000};
+    // Input polling while not transmitting, so the interface sees the controls move and
+    // the start checks read fresh pedal positions. The tick polls while transmitting.
+    std::chrono::milliseconds idleInputPollInterval{20};
+    // Keepalive, reconnect and port timings of the transmitter link.
+    TransmitterLink::Timings link;
+};
+
+} // namespace tavrix

@@ -1,0 +1,190 @@
+#include "deviceroleset.h"
+
+#include "deviceguid.h"
+#include "inputdevice.h"
+#include "savedaxismapping.h"
+
+#include <QDebug>
+
+namespace tavrix {
+
+int findSavedDevice(const DeviceIdentity &saved, const QList<InputDeviceInfo> &devices)
+{
+    if (!saved.instanceGuid.isEmpty()) {
+        for (int i = 0; i < devices.size(); ++i) {
+            const InputDeviceInfo &info = devices.at(i);
+            const bool sameGuid =
+                guidToString(info.instanceGuid).compare(saved.instanceGuid, Qt::CaseInsensitive) == 0;
+            const bool sameProduct = saved.productName.isEmpty() || info.productName == saved.productName;
+            if (sameGuid && sameProduct)
+                return i;
+        }
+    }
+    // GUIDs are not stable everywhere (another USB port, another machine): the product
+    // name alone then decides, exactly as it decides whether a saved mapping applies.
+    if (!saved.productName.isEmpty()) {
+        for (int i = 0; i < devices.size(); ++i) {
+            if (devices.at(i).productName == saved.productName)
+                return i;
+        }
+    }
+    return -1;
+}
+
+DeviceRoleSet::DeviceRoleSet(InputBackend *backend, ProfileManager *profiles, QObject *parent)
+    : QObject(parent)
+    , m_backend(backend)
+    , m_profiles(profiles)
+{
+    for (int i = 0; i < kRoleCount; ++i)
+        m_devices[i] = new InputDevice(backend, this);
+}
+
+DeviceRoleSet::~DeviceRoleSet()
+{
+    // Quietly: nobody listens any more while the owner is torn down.
+    blockSignals(true);
+    closeAll();
+}
+
+QList<DeviceRole> DeviceRoleSet::rolesFor(VehicleType vehicle)
+{
+    if (vehicle == VehicleType::Helicopter)
+        return {DeviceRole::HeliJoystick, DeviceRole::HeliThrottle, DeviceRole::HeliPedals};
+    return {DeviceRole::WheelBase, DeviceRole::Pedals, DeviceRole::Shifter};
+}
+
+QString DeviceRoleSet::openFailedMessage(DeviceRole role)
+{
+    switch (role) {
+    case DeviceRole::WheelBase:
+        return tr("Failed to open wheel base device");
+    case DeviceRole::Pedals:
+    case DeviceRole::HeliPedals:
+        return tr("Failed to open pedals device");
+    case DeviceRole::Shifter:
+        return tr("Failed to open shifter device");
+    case DeviceRole::HeliJoystick:
+        return tr("Failed to open joystick device");
+    case DeviceRole::HeliThrottle:
+        return tr("Failed to open throttle device");
+    }
+    return QString();
+}
+
+QString DeviceRoleSet::disconnectedMessage(DeviceRole role)
+{
+    switch (role) {
+    case DeviceRole::WheelBase:
+        return tr("Wheel base disconnected");
+    case DeviceRole::Pedals:
+    case DeviceRole::HeliPedals:
+        return tr("Pedals disconnected");
+    case DeviceRole::Shifter:
+        return tr("Shifter disconnected");
+    case DeviceRole::HeliJoystick:
+        return tr("Joystick disconnected");
+    case DeviceRole::HeliThrottle:
+        return tr("Throttle disconnected");
+    }
+    return QString();
+}
+
+InputDevice *DeviceRoleSet::device(DeviceRole role) const
+{
+    return m_devices[slot(role)];
+}
+
+bool DeviceRoleSet::isConnected(DeviceRole role) const
+{
+    const InputDevice *d = device(role);
+    return d->isOpen() && d->isConnected();
+}
+
+QList<InputDeviceInfo> DeviceRoleSet::availableDevices() const
+{
+    return m_backend ? InputDevice::enumerateDevices(*m_backend) : QList<InputDeviceInfo>();
+}
+
+bool DeviceRoleSet::open(DeviceRole role, int enumerationIndex)
+{
+    InputDevice *d = device(role);
+    if (!d->open(enumerationIndex)) {
+        qWarning().noquote()
+            << QStringLiteral("TavrixController: %1 (%2)").arg(openFailedMessage(role), d->lastOpenError());
+        emit errorOccurred(openFailedMessage(role));
+        updateConnected(role);
+        return false;
+    }
+    rememberInProfile(role);
+    updateConnected(role);
+    return true;
+}
+
+bool DeviceRoleSet::openSaved(DeviceRole role)
+{
+    const DeviceIdentity saved = m_profiles->deviceIdentity(role);
+    if (saved.isEmpty())
+        return false;
+    const int index = findSavedDevice(saved, availableDevices());
+    if (index < 0)
+        return false;
+    return open(role, index);
+}
+
+void DeviceRoleSet::close(DeviceRole role)
+{
+    device(role)->close();
+    updateConnected(role);
+}
+
+void DeviceRoleSet::closeAll()
+{
+    for (int i = 0; i < kRoleCount; ++i)
+        close(DeviceRole(i));
+}
+
+void DeviceRoleSet::pollAll()
+{
+    for (int i = 0; i < kRoleCount; ++i) {
+        InputDevice *d = m_devices[i];
+        if (!d->isOpen())
+            continue;
+        const bool wasConnected = m_connected[i];
+        d->poll();
+        updateConnected(DeviceRole(i));
+        if (wasConnected && !m_connected[i])
+            emit deviceLost(DeviceRole(i));
+    }
+}
+
+void DeviceRoleSet::rememberInProfile(DeviceRole role)
+{
+    InputDevice *d = device(role);
+    if (role == DeviceRole::WheelBase || role == DeviceRole::Pedals) {
+        QJsonObject connection = m_profiles->deviceConnection(role);
+        const AxisMappingRecord record = applySavedMapping(*d, AxisMappingRecord::fromConnection(connection));
+        if (record == AxisMappingRecord::fromConnection(connection))
+            return;
+        record.writeTo(connection);
+        m_profiles->setDeviceConnection(role, connection);
+        return;
+    }
+    DeviceIdentity identity = m_profiles->deviceIdentity(role);
+    if (identity.productName == d->productName() && identity.instanceGuid == d->instanceGuidString())
+        return;
+    identity.productName = d->productName();
+    identity.instanceGuid = d->instanceGuidString();
+    m_profiles->setDeviceIdentity(role, identity);
+}
+
+void DeviceRoleSet::updateConnected(DeviceRole role)
+{
+    const bool now = isConnected(role);
+    if (m_connected[slot(role)] == now)
+        return;
+    m_connected[slot(role)] = now;
+    emit connectedChanged(role, now);
+}
+
+} // namespace tavrix

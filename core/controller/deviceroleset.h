@@ -1,0 +1,76 @@
+#pragma once
+
+#include "controllertypes.h"
+#include "inputdeviceinfo.h"
+#include "profilemanager.h"
+
+#include <QList>
+#include <QObject>
+
+#include <array>
+
+namespace tavrix {
+
+class InputBackend;
+class InputDevice;
+
+// The entry of an enumeration that is the saved device: the same instance GUID (and,
+// when both are known, the same product name), else the first entry of exactly the
+// saved product name, as the saved-mapping rule matches devices. -1 when none fits.
+[[nodiscard]] int findSavedDevice(const DeviceIdentity &saved, const QList<InputDeviceInfo> &devices);
+
+// One InputDevice per game-controller role (wheel base, pedals, shifter; joystick,
+// throttle and rudder pedals of the helicopter). Opens them by enumeration index or by
+// the identity saved in the active profile, writes the identity (and, for the wheel base
+// and the pedals, the axis mapping in force) back into the profile, polls them and
+// reports each role's connection changing and its device going away.
+class DeviceRoleSet : public QObject
+{
+    Q_OBJECT
+public:
+    static constexpr int kRoleCount = 6;
+
+    DeviceRoleSet(InputBackend *backend, ProfileManager *profiles, QObject *parent = nullptr);
+    ~DeviceRoleSet() override;
+
+    [[nodiscard]] static QList<DeviceRole> rolesFor(VehicleType vehicle);
+    // "Failed to open wheel base device" and its siblings.
+    [[nodiscard]] static QString openFailedMessage(DeviceRole role);
+    // "Wheel base disconnected" and its siblings.
+    [[nodiscard]] static QString disconnectedMessage(DeviceRole role);
+
+    // Never null; closed while nothing is open in that role.
+    [[nodiscard]] InputDevice *device(DeviceRole role) const;
+    [[nodiscard]] bool isConnected(DeviceRole role) const;
+    [[nodiscard]] QList<InputDeviceInfo> availableDevices() const;
+
+    // Opens the device at that position in the role; emits errorOccurred with the role's
+    // "Failed to open ..." message when it cannot.
+    bool open(DeviceRole role, int enumerationIndex);
+    // Opens the device saved in the profile for the role; false without a message when
+    // none is saved or it is not attached.
+    bool openSaved(DeviceRole role);
+    void close(DeviceRole role);
+    void closeAll();
+
+    // Polls every open device once.
+    void pollAll();
+
+signals:
+    void connectedChanged(tavrix::DeviceRole role, bool connected);
+    // A connected device stopped answering (once per loss, not once per failing poll).
+    void deviceLost(tavrix::DeviceRole role);
+    void errorOccurred(const QString &error);
+
+private:
+    [[nodiscard]] static int slot(DeviceRole role) { return int(role); }
+    void rememberInProfile(DeviceRole role);
+    void updateConnected(DeviceRole role);
+
+    InputBackend *m_backend;
+    ProfileManager *m_profiles;
+    std::array<InputDevice *, kRoleCount> m_devices{};
+    std::array<bool, kRoleCount> m_connected{};
+};
+
+} // namespace tavrix

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "axissettings.h"
+#include "buttonmapping.h"
+#include "controllertypes.h"
+#include "drivesettings.h"
+#include "helicoptersettings.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QString>
+
+#include <array>
+#include <cstdint>
+
+namespace tavrix {
+
+class ButtonSource;
+
+// The LED strip settings the transmit loop needs (`ledSettings`); the rest of the
+// object belongs to the LED editor and is written back untouched.
+struct LedSettings
+{
+    int32_t ledCount = 8;
+    int32_t brightness = 99;
+    int32_t activePercentage = 100;
+    bool powerOn = true;
+    // Unified input index of the wheel button that flips the power; -1 for none.
+    int32_t powerButtonIndex = -1;
+};
+
+// The four driving inputs' axis settings (`axisSettings` "Steering", "Throttle", "Brake", "Clutch").
+struct DriveAxes
+{
+    AxisSettings steering;
+    AxisSettings throttle;
+    AxisSettings brake;
+    AxisSettings clutch;
+};
+
+// Which shifter input selects which gear (`shifterMapping.buttonIndex`): slot 0
+// neutral, 1 reverse, 2..8 gears 1 to 7; -1 for an unassigned slot.
+struct ShifterMapping
+{
+    static constexpr int kSlots = 9;
+    static constexpr int kReverseSlot = 1;
+    static constexpr int kFirstGearSlot = 2;
+    std::array<int32_t, kSlots> buttonIndex{-1, -1, -1, -1, -1, -1, -1, -1, -1};
+
+    // The engaged gear: -1 reverse, 1..7 forward, 0 when no gear input is pressed.
+    [[nodiscard]] int32_t gear(const ButtonSource &shifter) const;
+};
+
+// Everything the controller reads from the active profile, in the computations' own types.
+struct ProfileSettings
+{
+    VehicleType vehicleType = VehicleType::Car;
+    DriveSettings drive;
+    DriveAxes axes;
+    ButtonMappingList buttonMappings;
+    HelicopterSettings helicopter;
+    LedSettings led;
+    ShifterMapping shifter;
+    // What the telemetry catalogue needs to read a 0x08 frame (crsf::kReceiverGeneration*).
+    int receiverGeneration = 0;
+
+    // Missing or mistyped keys keep the defaults above.
+    [[nodiscard]] static ProfileSettings fromProfile(const QJsonObject &profile);
+};
+
+[[nodiscard]] VehicleType vehicleTypeFromName(const QString &vehicleType);
+[[nodiscard]] DriveSettings driveSettingsFromJson(const QJsonObject &axisSettings);
+[[nodiscard]] DriveAxes driveAxesFromJson(const QJsonObject &axisSettings);
+[[nodiscard]] ButtonMapping buttonMappingFromJson(const QJsonObject &object);
+[[nodiscard]] ButtonMappingList buttonMappingsFromJson(const QJsonArray &array);
+[[nodiscard]] HelicopterSettings helicopterSettingsFromJson(const QJsonObject &helicopterConfig);
+[[nodiscard]] LedSettings ledSettingsFromJson(const QJsonObject &ledSettings);
+[[nodiscard]] ShifterMapping shifterMappingFromJson(const QJsonObject &shifterConnection);
+// From `receiverCaps.firmware`: major version 4 or later is the newer generation, an
+// older version the classic one, no readable version unknown (0).
+[[nodiscard]] int receiverGenerationFromFirmware(const QString &firmware);
+
+// The stored objects with one value changed, every other key kept as it was.
+[[nodiscard]] QJsonObject ledSettingsWithPower(QJsonObject ledSettings, bool powerOn);
+[[nodiscard]] QJsonObject helicopterConfigWithRateMode(QJsonObject helicopterConfig, int32_t mode);
+
+} // namespace tavrix

@@ -1,0 +1,689 @@
+#include "tavrixcontroller.h"
+
+#include "buttonmappingengine.h"
+#include "deviceroleset.h"
+#include "drivecomputation.h"
+#include "drivecontrols.h"
+#include "helicoptercomputation.h"
+#include "inputdevice.h"
+#include "inputdevicesource.h"
+#include "profilesettings.h"
+#include "telemetrymonitor.h"
+#include "transmitterlink.h"
+
+#include <QDebug>
+#include <QTimer>
+
+#include <cmath>
+
+namespace tavrix {
+
+namespace {
+
+const QByteArray kStartCommand = QByteArrayLiteral("START\n");
+const QByteArray kStopCommand = QByteArrayLiteral("STOP\n");
+const QByteArray kConfigOnCommand = QByteArrayLiteral("CFGMODE ON\n");
+const QByteArray kConfigOffCommand = QByteArrayLiteral("CFGMODE OFF\n");
+
+constexpr int32_t kLedPowerOnValue = 2047;
+constexpr int32_t kLedPowerOffValue = 0;
+// Smaller moves of the controls are not worth a repaint.
+constexpr float kInputChangeEpsilon = 0.001f;
+
+bool movedBeyondEpsilon(float a, float b)
+{
+    return std::fabs(a - b) > kInputChangeEpsilon;
+}
+
+} // namespace
+
+TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *profiles,
+                                   std::shared_ptr<const SerialPortDirectory> ports, const Timings &timings,
+                                   QObject *parent)
+    : QObject(parent)
+    , m_inputBackend(inputBackend)
+    , m_profiles(profiles)
+    , m_timings(timings)
+    , m_link(new TransmitterLink(std::move(ports), timings.link, this))
+    , m_crsf(new CrsfProtocol(this))
+    , m_devices(new DeviceRoleSet(inputBackend, profiles, this))
+    , m_telemetry(new TelemetryMonitor(timings, this))
+    , m_transmitTimer(new QTimer(this))
+    , m_idleInputTimer(new QTimer(this))
+    , m_settings(std::make_unique<ProfileSettings>())
+    , m_drive(std::make_unique<DriveComputation>())
+    , m_helicopter(std::make_unique<HelicopterComputation>())
+    , m_buttons(std::make_unique<ButtonMappingEngine>())
+{
+    qRegisterMetaType<tavrix::LinkStatistics>();
+    qRegisterMetaType<tavrix::GpsFix>();
+    qRegisterMetaType<tavrix::ReceiverFfbState>();
+
+    // The 7 ms period must hold: a coarse timer would drift by several milliseconds.
+    m_transmitTimer->setTimerType(Qt::PreciseTimer);
+    m_transmitTimer->setInterval(m_timings.transmitInterval);
+    connect(m_transmitTimer, &QTimer::timeout, this, &TavrixController::onTransmitTimer);
+    m_idleInputTimer->setInterval(m_timings.idleInputPollInterval);
+    connect(m_idleInputTimer, &QTimer::timeout, this, &TavrixController::onIdleInputPoll);
+
+    // Link: raw chunks go up first, then through the codec; lines come from the link.
+    connect(m_link, &TransmitterLink::serialConnectedChanged, this,
+            &TavrixController::serialConnectedChanged);
+    connect(m_link, &TransmitterLink::serialPortNameChanged, this, &TavrixController::serialPortNameChanged);
+    connect(m_link, &TransmitterLink::telemetryReceived, this, [this](const QByteArray &data) {
+        emit telemetryReceived(data);
+        m_crsf->feed(data);
+    });
+    connect(m_link, &TransmitterLink::transmitterLineReceived, this,
+            &TavrixController::transmitterLineReceived);
+    connect(m_link, &TransmitterLink::errorOccurred, this, &TavrixController::errorOccurred);
+    connect(m_link, &TransmitterLink::connectionRemembered, this,
+            [this](const QString &portName, qint32 baudRate) {
+                m_profiles->setTransmitterPort(portName, int(baudRate));
+            });
+
+    connect(m_crsf, &CrsfProtocol::frameReceived, this, [this](uint8_t type, const QByteArray &payload) {
+        emit crsfFrameReceived(type, payload);
+        m_telemetry->handleFrame(type, payload);
+    });
+    connect(m_crsf, &CrsfProtocol::linkStatisticsReceived, m_telemetry,
+            &TelemetryMonitor::handleLinkStatistics);
+    connect(m_crsf, &CrsfProtocol::batterySensorReceived, m_telemetry, &TelemetryMonitor::handleBattery);
+
+    connect(m_telemetry, &TelemetryMonitor::linkStatisticsUpdated, this,
+            &TavrixController::linkStatisticsUpdated);
+    connect(m_telemetry, &TelemetryMonitor::carLinkChanged, this, &TavrixController::carLinkChanged);
+    connect(m_telemetry, &TelemetryMonitor::gpsUpdated, this, &TavrixController::gpsUpdated);
+    connect(m_telemetry, &TelemetryMonitor::telemetrySensorsUpdated, this,
+            &TavrixController::telemetrySensorsUpdated);
+    connect(m_telemetry, &TelemetryMonitor::telemetrySensorListChanged, this,
+            &TavrixController::telemetrySensorListChanged);
+    connect(m_telemetry, &TelemetryMonitor::telemetryDashboardChanged, this,
+            &TavrixController::telemetryDashboardChanged);
+    connect(m_telemetry, &TelemetryMonitor::receiverFfbStateChanged, this,
+            &TavrixController::receiverFfbStateChanged);
+    connect(m_telemetry, &TelemetryMonitor::carMotionReceived, this, &TavrixController::carMotionReceived);
+    connect(m_telemetry, &TelemetryMonitor::attitudeReceived, this,
+            [this](float pitch, float roll, float yaw) {
+                if (!isHelicopter()) {
+                    emit carAttitudeReceived(pitch, roll, yaw);
+                    return;
+                }
+                const HelicopterSettings::Attitude &invert = m_settings->helicopter.attitude;
+                emit heliAttitudeReceived(invert.invertPitch ? -pitch : pitch,
+                                          invert.invertRoll ? -roll : roll, invert.invertYaw ? -yaw : yaw);
+            });
+
+    connect(m_devices, &DeviceRoleSet::connectedChanged, this, &TavrixController::onDeviceConnectedChanged);
+    connect(m_devices, &DeviceRoleSet::deviceLost, this, &TavrixController::onDeviceLost);
+    connect(m_devices, &DeviceRoleSet::errorOccurred, this, &TavrixController::errorOccurred);
+
+    connect(m_profiles, &ProfileManager::activeProfileChanged, this,
+            &TavrixController::onActiveProfileChanged);
+    connect(m_profiles, &ProfileManager::profileModified, this, &TavrixController::onProfileModified);
+
+    const QString rememberedPort = m_profiles->transmitterPortName();
+    if (!rememberedPort.isEmpty())
+        m_link->setRememberedPort(rememberedPort, m_profiles->transmitterBaudRate());
+
+    m_wheelSource = InputDeviceSource(m_devices->device(DeviceRole::WheelBase));
+    m_joystickSource = InputDeviceSource(m_devices->device(DeviceRole::HeliJoystick));
+    m_heliThrottleSource = InputDeviceSource(m_devices->device(DeviceRole::HeliThrottle));
+    m_heliPedalsSource = InputDeviceSource(m_devices->device(DeviceRole::HeliPedals));
+
+    applyProfile();
+    reconnectSavedDevices();
+    m_idleInputTimer->start();
+}
+
+TavrixController::~TavrixController()
+{
+    // Closing the port on the way out is not a loss to recover from.
+    m_link->setAutoReconnectSuppressed(true);
+    m_profileSwitchPending = false;
+    const QSignalBlocker quiet(this);
+    stopTransmission();
+}
+
+// --- state ---
+
+bool TavrixController::isReverseModeActive() const
+{
+    return m_drive->isReverseModeActive();
+}
+
+bool TavrixController::isLedPowerOn() const
+{
+    return m_settings->led.powerOn;
+}
+
+InputDevice *TavrixController::device(DeviceRole role) const
+{
+    return m_devices->device(role);
+}
+
+bool TavrixController::isDeviceConnected(DeviceRole role) const
+{
+    return m_devices->isConnected(role);
+}
+
+QList<InputDeviceInfo> TavrixController::availableDevices() const
+{
+    return m_devices->availableDevices();
+}
+
+bool TavrixController::connectDevice(DeviceRole role, int enumerationIndex)
+{
+    if (m_running) {
+        emit errorOccurred(tr("Stop transmission before changing devices"));
+        return false;
+    }
+    return m_devices->open(role, enumerationIndex);
+}
+
+void TavrixController::disconnectDevice(DeviceRole role)
+{
+    // While transmitting, the tick notices a missing wheel base or joystick and stops.
+    m_devices->close(role);
+}
+
+void TavrixController::reconnectSavedDevices()
+{
+    for (DeviceRole role : DeviceRoleSet::rolesFor(m_vehicle)) {
+        if (!m_devices->device(role)->isOpen())
+            m_devices->openSaved(role);
+    }
+}
+
+bool TavrixController::isSerialConnected() const
+{
+    return m_link->isConnected();
+}
+
+QString TavrixController::serialPortName() const
+{
+    return m_link->portName();
+}
+
+QList<SerialPortDescription> TavrixController::availablePorts() const
+{
+    return m_link->availablePorts();
+}
+
+bool TavrixController::isReconnecting() const
+{
+    return m_link->isReconnecting();
+}
+
+LinkStatistics TavrixController::linkStatistics() const
+{
+    return m_telemetry->linkStatistics();
+}
+
+bool TavrixController::isCarLinked() const
+{
+    return m_telemetry->isCarLinked();
+}
+
+TelemetryCatalogue TavrixController::telemetrySensors() const
+{
+    return m_telemetry->catalogue();
+}
+
+int TavrixController::staleSensorCount() const
+{
+    return m_telemetry->staleSensorCount();
+}
+
+GpsFix TavrixController::gpsFix() const
+{
+    return m_telemetry->gpsFix();
+}
+
+BatterySensor TavrixController::battery() const
+{
+    return m_telemetry->battery();
+}
+
+ReceiverFfbState TavrixController::receiverFfbState() const
+{
+    return m_telemetry->receiverFfbState();
+}
+
+std::array<float, 3> TavrixController::carMotion() const
+{
+    return m_telemetry->carMotion();
+}
+
+bool TavrixController::isHeliArmed() const
+{
+    return m_helicopter->isArmed();
+}
+
+int TavrixController::heliRateMode() const
+{
+    return m_helicopter->settings().dualRates.activeMode;
+}
+
+bool TavrixController::autoStartEnabled() const
+{
+    return m_profiles->autoStartEnabled();
+}
+
+// --- transmission ---
+
+bool TavrixController::checkStartPreconditions()
+{
+    if (m_configMode) {
+        emit errorOccurred(tr("Stop configuring before starting transmission"));
+        return false;
+    }
+    if (!m_link->isConnected()) {
+        emit errorOccurred(tr("RP2040 Bridge not connected"));
+        return false;
+    }
+    // Judge the controls as they are now, not as the last idle poll saw them.
+    m_devices->pollAll();
+    if (isHelicopter()) {
+        if (!m_devices->isConnected(DeviceRole::HeliJoystick)) {
+            emit errorOccurred(tr("Joystick not connected"));
+            return false;
+        }
+        return true;
+    }
+    if (!m_devices->isConnected(DeviceRole::WheelBase)) {
+        emit errorOccurred(tr("Wheel base not connected"));
+        return false;
+    }
+    readDriveControls();
+    const QString held = DriveControls::pedalsHeldMessage(m_throttle, m_brake, kPedalReleasedLimit);
+    if (!held.isEmpty()) {
+        emit errorOccurred(held);
+        return false;
+    }
+    return true;
+}
+
+bool TavrixController::startTransmission()
+{
+    if (m_running)
+        return true;
+    if (!checkStartPreconditions())
+        return false;
+
+    m_running = true;
+    m_frameCount = 0;
+    m_safetyStopQueued = false;
+    m_buttons->reset(m_settings->buttonMappings);
+    m_drive->reset();
+    m_helicopter->reset();
+    // A power button held while starting is not a press.
+    m_ledPowerButtonWasPressed = m_wheelSource.isPressed(m_settings->led.powerButtonIndex);
+
+    m_idleInputTimer->stop();
+    m_transmitTimer->start();
+    m_link->serialWrite(kStartCommand);
+    m_telemetry->transmissionStarted();
+    qInfo().noquote() << QStringLiteral("TavrixController: transmission started");
+    emit frameCountChanged(m_frameCount);
+    emit runningChanged(true);
+    return true;
+}
+
+void TavrixController::stopTransmission()
+{
+    if (!m_running)
+        return;
+    m_transmitTimer->stop();
+    if (m_link->isConnected())
+        m_link->serialWrite(kStopCommand);
+    m_running = false;
+    m_telemetry->transmissionStopped();
+    m_buttons->reset(m_settings->buttonMappings);
+    if (m_helicopter->disarm())
+        emit heliArmedChanged(false);
+    m_idleInputTimer->start();
+    qInfo().noquote()
+        << QStringLiteral("TavrixController: transmission stopped after %1 frames").arg(m_frameCount);
+    emit runningChanged(false);
+    if (m_profileSwitchPending) {
+        switchToActiveProfile();
+        emit profileChanged(m_profiles->activeProfileId());
+    }
+}
+
+void TavrixController::safetyStop(const QString &reason)
+{
+    if (m_safetyStopQueued)
+        return;
+    m_safetyStopQueued = true;
+    // Deferred, so the tick that found the fault still sends its zeroed frame and no
+    // stop runs inside the computation.
+    QMetaObject::invokeMethod(
+        this,
+        [this, reason] {
+            m_safetyStopQueued = false;
+            if (!m_running)
+                return;
+            stopTransmission();
+            qWarning().noquote() << QStringLiteral("TavrixController: safety stop: %1").arg(reason);
+            emit errorOccurred(tr("Transmission stopped for safety: %1. Verify the pedals and press Start "
+                                  "Transmission again.")
+                                   .arg(reason));
+        },
+        Qt::QueuedConnection);
+}
+
+bool TavrixController::enterConfigMode()
+{
+    if (m_configMode)
+        return true;
+    if (m_running) {
+        emit errorOccurred(tr("Stop transmission before configuring"));
+        return false;
+    }
+    if (!m_link->isConnected()) {
+        emit errorOccurred(tr("RP2040 Bridge not connected"));
+        return false;
+    }
+    m_link->serialWrite(kConfigOnCommand);
+    m_configMode = true;
+    // The ELRS parameter client is not part of the hub yet; when it is, the controller
+    // creates it as a child and tells it here (and in exitConfigMode) before announcing.
+    emit configModeChanged(true);
+    return true;
+}
+
+void TavrixController::exitConfigMode()
+{
+    if (!m_configMode)
+        return;
+    if (m_link->isConnected())
+        m_link->serialWrite(kConfigOffCommand);
+    m_configMode = false;
+    emit configModeChanged(false);
+}
+
+// --- the tick ---
+
+void TavrixController::onTransmitTimer()
+{
+    // After a fault only the faulty tick's own frame goes out.
+    if (!m_running || m_safetyStopQueued)
+        return;
+    m_devices->pollAll();
+    if (isHelicopter())
+        tickHelicopter();
+    else
+        tickCar();
+}
+
+void TavrixController::tickHelicopter()
+{
+    if (!m_devices->isConnected(DeviceRole::HeliJoystick)) {
+        stopTransmission();
+        emit errorOccurred(DeviceRoleSet::disconnectedMessage(DeviceRole::HeliJoystick));
+        return;
+    }
+    m_helicopter->tick(helicopterInputs(), *m_buttons, m_settings->buttonMappings, m_channels);
+    sendFrame();
+    publishInputs();
+}
+
+void TavrixController::tickCar()
+{
+    if (!m_devices->isConnected(DeviceRole::WheelBase)) {
+        stopTransmission();
+        emit errorOccurred(DeviceRoleSet::disconnectedMessage(DeviceRole::WheelBase));
+        return;
+    }
+    const InputDeviceSource &wheel = m_wheelSource;
+    DriveInputs inputs =
+        DriveControls::read(m_devices->device(DeviceRole::WheelBase), m_devices->device(DeviceRole::Pedals),
+                            m_devices->device(DeviceRole::Shifter), *m_settings);
+    inputs.pitLimiterHeld = ButtonMappingEngine::isPitLimiterActive(m_settings->buttonMappings, wheel);
+    m_steering = inputs.steering;
+    m_throttle = inputs.throttle;
+    m_brake = inputs.brake;
+
+    const DriveTickResult result = m_drive->tick(inputs, wheel, m_channels);
+    m_buttons->apply(m_settings->buttonMappings, m_channels, wheel);
+    applyLedPower(wheel);
+    sendFrame();
+
+    if (result.reverseModeChanged)
+        emit reverseModeChanged(result.reverseActive);
+    if (result.safetyStopRequested)
+        safetyStop(DriveComputation::spikeStopReason());
+    publishInputs();
+}
+
+void TavrixController::applyLedPower(const ButtonSource &wheelButtons)
+{
+    const bool pressed = wheelButtons.isPressed(m_settings->led.powerButtonIndex);
+    const bool flip = pressed && !m_ledPowerButtonWasPressed;
+    m_ledPowerButtonWasPressed = pressed;
+    if (flip)
+        setLedPower(!m_settings->led.powerOn);
+    if (!ButtonMappingEngine::ownsChannel(m_settings->buttonMappings,
+                                          ButtonMappingEngine::kLedPowerChannel)) {
+        m_channels[ButtonMappingEngine::kLedPowerChannel] =
+            m_settings->led.powerOn ? kLedPowerOnValue : kLedPowerOffValue;
+    }
+}
+
+void TavrixController::sendFrame()
+{
+    m_link->serialWrite(CrsfProtocol::buildRcChannelsFrame(m_channels));
+    ++m_frameCount;
+    emit frameSent(m_frameCount);
+    emit frameCountChanged(m_frameCount);
+}
+
+HelicopterInputs TavrixController::helicopterInputs() const
+{
+    return {&m_joystickSource, &m_heliThrottleSource, &m_heliPedalsSource, &m_joystickSource};
+}
+
+void TavrixController::onIdleInputPoll()
+{
+    m_devices->pollAll();
+    if (!isHelicopter())
+        readDriveControls();
+    publishInputs();
+}
+
+void TavrixController::readDriveControls()
+{
+    const DriveInputs inputs =
+        DriveControls::read(m_devices->device(DeviceRole::WheelBase), m_devices->device(DeviceRole::Pedals),
+                            m_devices->device(DeviceRole::Shifter), *m_settings);
+    m_steering = inputs.steering;
+    m_throttle = inputs.throttle;
+    m_brake = inputs.brake;
+}
+
+void TavrixController::publishInputs()
+{
+    const bool moved = movedBeyondEpsilon(m_steering, m_publishedSteering) ||
+                       movedBeyondEpsilon(m_throttle, m_publishedThrottle) ||
+                       movedBeyondEpsilon(m_brake, m_publishedBrake) || m_channels != m_publishedChannels;
+    if (!moved)
+        return;
+    m_publishedSteering = m_steering;
+    m_publishedThrottle = m_throttle;
+    m_publishedBrake = m_brake;
+    m_publishedChannels = m_channels;
+    emit inputChanged();
+}
+
+// --- devices ---
+
+void TavrixController::onDeviceConnectedChanged(DeviceRole role, bool connected)
+{
+    switch (role) {
+    case DeviceRole::WheelBase:
+        emit wheelBaseConnectedChanged(connected);
+        break;
+    case DeviceRole::Pedals:
+        emit pedalsConnectedChanged(connected);
+        break;
+    case DeviceRole::Shifter:
+        emit shifterConnectedChanged(connected);
+        break;
+    case DeviceRole::HeliJoystick:
+        emit heliJoystickConnectedChanged(connected);
+        break;
+    case DeviceRole::HeliThrottle:
+        emit heliThrottleConnectedChanged(connected);
+        break;
+    case DeviceRole::HeliPedals:
+        emit heliPedalsConnectedChanged(connected);
+        break;
+    }
+}
+
+void TavrixController::onDeviceLost(DeviceRole role)
+{
+    // While transmitting, the tick reports the device it cannot drive without (and
+    // stops); reporting it here as well would say it twice.
+    const bool tickReports =
+        m_running && (role == (isHelicopter() ? DeviceRole::HeliJoystick : DeviceRole::WheelBase));
+    if (!tickReports)
+        emit errorOccurred(DeviceRoleSet::disconnectedMessage(role));
+}
+
+// --- link ---
+
+bool TavrixController::connectTransmitter(const QString &portName, qint32 baudRate)
+{
+    return m_link->connectTransmitter(portName, baudRate);
+}
+
+void TavrixController::disconnectTransmitter()
+{
+    m_link->disconnectTransmitter();
+}
+
+qint64 TavrixController::serialWrite(const QByteArray &bytes)
+{
+    return m_link->serialWrite(bytes);
+}
+
+// --- helicopter, LED, profile ---
+
+void TavrixController::setHeliArmed(bool armed)
+{
+    switch (m_helicopter->requestArmed(armed, helicopterInputs())) {
+    case HelicopterComputation::ArmChange::Refused:
+        emit errorOccurred(HelicopterComputation::armRefusedMessage());
+        break;
+    case HelicopterComputation::ArmChange::Changed:
+        emit heliArmedChanged(armed);
+        break;
+    case HelicopterComputation::ArmChange::Unchanged:
+        break;
+    }
+}
+
+void TavrixController::setHeliRateMode(int mode)
+{
+    if (!m_helicopter->setRateMode(mode))
+        return;
+    m_settings->helicopter.dualRates.activeMode = mode;
+    emit heliRateModeChanged(mode);
+    m_profiles->setSetting(QStringLiteral("helicopterConfig"),
+                           helicopterConfigWithRateMode(
+                               m_profiles->setting(QStringLiteral("helicopterConfig")).toObject(), mode));
+}
+
+void TavrixController::setLedPower(bool on)
+{
+    if (m_settings->led.powerOn == on)
+        return;
+    m_settings->led.powerOn = on;
+    m_profiles->setSetting(
+        QStringLiteral("ledSettings"),
+        ledSettingsWithPower(m_profiles->setting(QStringLiteral("ledSettings")).toObject(), on));
+    emit ledSettingsChanged();
+}
+
+void TavrixController::setAutoStartEnabled(bool enabled)
+{
+    if (m_profiles->autoStartEnabled() == enabled)
+        return;
+    if (m_profiles->setAutoStartEnabled(enabled))
+        emit autoStartEnabledChanged(enabled);
+}
+
+void TavrixController::reloadSettings()
+{
+    applyProfile();
+}
+
+void TavrixController::applyProfile()
+{
+    auto next = std::make_unique<ProfileSettings>(ProfileSettings::fromProfile(m_profiles->activeProfile()));
+    const bool ledChanged = next->led.powerOn != m_settings->led.powerOn ||
+                            next->led.powerButtonIndex != m_settings->led.powerButtonIndex;
+    const bool vehicleChanged = next->vehicleType != m_vehicle;
+    m_settings = std::move(next);
+    if (m_drive->setSettings(m_settings->drive))
+        emit reverseModeChanged(false);
+    const int rateMode = m_helicopter->settings().dualRates.activeMode;
+    m_helicopter->setSettings(m_settings->helicopter);
+    if (m_settings->helicopter.dualRates.activeMode != rateMode)
+        emit heliRateModeChanged(m_settings->helicopter.dualRates.activeMode);
+    m_telemetry->setReceiverGeneration(m_settings->receiverGeneration);
+    if (ledChanged)
+        emit ledSettingsChanged();
+    if (vehicleChanged) {
+        // Changing what is driven mid-run would swap devices under the tick.
+        if (m_running)
+            m_profileSwitchPending = true;
+        else
+            switchVehicle();
+    }
+}
+
+void TavrixController::switchVehicle()
+{
+    m_vehicle = m_settings->vehicleType;
+    qInfo().noquote() << QStringLiteral("TavrixController: now driving a %1")
+                             .arg(isHelicopter() ? QStringLiteral("helicopter") : QStringLiteral("car"));
+    m_devices->closeAll();
+    reconnectSavedDevices();
+}
+
+void TavrixController::switchToActiveProfile()
+{
+    m_profileSwitchPending = false;
+    const VehicleType previous = m_vehicle;
+    applyProfile();
+    // Another profile of the same vehicle may name other devices.
+    if (m_vehicle == previous) {
+        m_devices->closeAll();
+        reconnectSavedDevices();
+    }
+}
+
+void TavrixController::onActiveProfileChanged(const QString &profileId)
+{
+    if (m_running) {
+        // The store has switched already; the controller follows once stopped.
+        m_profileSwitchPending = true;
+        emit errorOccurred(tr("The new profile takes effect when transmission stops"));
+        return;
+    }
+    switchToActiveProfile();
+    emit profileChanged(profileId);
+}
+
+void TavrixController::onProfileModified(const QString &profileId)
+{
+    // After a switch deferred by a run, the new profile is read whole once stopped.
+    if (profileId == m_profiles->activeProfileId() && !m_profileSwitchPending)
+        applyProfile();
+}
+
+} // namespace tavrix

@@ -1,0 +1,254 @@
+#pragma once
+
+#include "controllertimings.h"
+#include "controllertypes.h"
+#include "crsfprotocol.h"
+#include "inputdevicesource.h"
+#include "profilemanager.h"
+#include "serialportdirectory.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <array>
+#include <memory>
+
+class QTimer;
+
+namespace tavrix {
+
+class ButtonMappingEngine;
+class ButtonSource;
+class DeviceRoleSet;
+class DriveComputation;
+class HelicopterComputation;
+class InputBackend;
+class InputDevice;
+class TelemetryMonitor;
+class TransmitterLink;
+struct HelicopterInputs;
+struct InputDeviceInfo;
+struct ProfileSettings;
+
+// The spine of the hub: owns the transmitter link, the CRSF codec, one input device
+// per role of the active vehicle and the channel computations, and runs the 7 ms
+// transmit loop that turns the controls into one CRSF channel frame per tick. It
+// guards the start with the safety checks, stops on faults, switches the bridge in
+// and out of configuration mode and republishes the car's telemetry.
+//
+// The interface and the remote service drive it through its slots and listen to its
+// signals; nothing here shows a dialog.
+class TavrixController : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool running READ isRunning NOTIFY runningChanged)
+    Q_PROPERTY(bool configMode READ isConfigMode NOTIFY configModeChanged)
+    Q_PROPERTY(bool serialConnected READ isSerialConnected NOTIFY serialConnectedChanged)
+    Q_PROPERTY(QString serialPortName READ serialPortName NOTIFY serialPortNameChanged)
+    Q_PROPERTY(quint32 frameCount READ frameCount NOTIFY frameCountChanged)
+    Q_PROPERTY(float steering READ steering NOTIFY inputChanged)
+    Q_PROPERTY(float throttle READ throttle NOTIFY inputChanged)
+    Q_PROPERTY(float brake READ brake NOTIFY inputChanged)
+    Q_PROPERTY(
+        bool autoStartEnabled READ autoStartEnabled WRITE setAutoStartEnabled NOTIFY autoStartEnabledChanged)
+
+public:
+    using Timings = ControllerTimings;
+
+    // A pedal above this fraction of its travel refuses the start.
+    static constexpr float kPedalReleasedLimit = 0.05f;
+
+    // None of the collaborators is owned; all must outlive the controller. ports is where
+    // reconnects look for the remembered port (the system's list when null). The
+    // profile store should be loaded; the controller reads the active profile at once
+    // and reopens the devices saved in it.
+    TavrixController(InputBackend *inputBackend, ProfileManager *profiles,
+                     std::shared_ptr<const SerialPortDirectory> ports, const Timings &timings = {},
+                     QObject *parent = nullptr);
+    // Stops transmission (sending "STOP\n") and keeps the link from reconnecting while torn down.
+    ~TavrixController() override;
+
+    // --- transmission ---
+    [[nodiscard]] bool isRunning() const { return m_running; }
+    [[nodiscard]] bool isConfigMode() const { return m_configMode; }
+    // Frames sent since the last start.
+    [[nodiscard]] quint32 frameCount() const { return m_frameCount; }
+    // CH1..CH16 as last computed; they keep their values while stopped.
+    [[nodiscard]] const ChannelValues &channels() const { return m_channels; }
+    // Follows the active profile; changes only while not transmitting.
+    [[nodiscard]] VehicleType vehicleType() const { return m_vehicle; }
+    [[nodiscard]] bool isHelicopter() const { return m_vehicle == VehicleType::Helicopter; }
+    // Steering (-1..+1), throttle and brake (0..1) after calibration, as last read.
+    [[nodiscard]] float steering() const { return m_steering; }
+    [[nodiscard]] float throttle() const { return m_throttle; }
+    [[nodiscard]] float brake() const { return m_brake; }
+    [[nodiscard]] bool isReverseModeActive() const;
+    [[nodiscard]] bool isLedPowerOn() const;
+
+    // --- input devices ---
+    // The device of a role (never null; closed when nothing is open in that role).
+    [[nodiscard]] InputDevice *device(DeviceRole role) const;
+    [[nodiscard]] bool isDeviceConnected(DeviceRole role) const;
+    // The game controllers attached now, in enumeration order (what connectDevice indexes).
+    [[nodiscard]] QList<InputDeviceInfo> availableDevices() const;
+    // Opens the device at that position of a fresh enumeration in that role and remembers
+    // it in the profile; refused while transmitting. "Failed to open ... device" on failure.
+    bool connectDevice(DeviceRole role, int enumerationIndex);
+    void disconnectDevice(DeviceRole role);
+    // Opens every role of the active vehicle from the identities saved in the profile.
+    void reconnectSavedDevices();
+
+    // --- transmitter link ---
+    [[nodiscard]] bool isSerialConnected() const;
+    [[nodiscard]] QString serialPortName() const;
+    [[nodiscard]] QList<SerialPortDescription> availablePorts() const;
+    [[nodiscard]] bool isReconnecting() const;
+
+    // --- telemetry ---
+    [[nodiscard]] LinkStatistics linkStatistics() const;
+    [[nodiscard]] bool isCarLinked() const;
+    [[nodiscard]] TelemetryCatalogue telemetrySensors() const;
+    [[nodiscard]] int staleSensorCount() const;
+    [[nodiscard]] GpsFix gpsFix() const;
+    [[nodiscard]] BatterySensor battery() const;
+    [[nodiscard]] ReceiverFfbState receiverFfbState() const;
+    // The car's last motion record (longitudinal, lateral, vertical g).
+    [[nodiscard]] std::array<float, 3> carMotion() const;
+
+    // --- helicopter ---
+    [[nodiscard]] bool isHeliArmed() const;
+    [[nodiscard]] int heliRateMode() const;
+
+    // --- profile ---
+    [[nodiscard]] bool autoStartEnabled() const;
+
+    // The parts other services reach through the controller.
+    [[nodiscard]] TransmitterLink *transmitterLink() const { return m_link; }
+    [[nodiscard]] CrsfProtocol *crsfProtocol() const { return m_crsf; }
+    [[nodiscard]] ProfileManager *profileManager() const { return m_profiles; }
+
+public slots:
+    // Each refusal emits errorOccurred once and changes nothing. True once running.
+    bool startTransmission();
+    void stopTransmission();
+    bool enterConfigMode();
+    void exitConfigMode();
+
+    // Connects on the user's (or the remote app's) behalf and remembers port and rate
+    // in the profile for reconnects and the next start.
+    bool connectTransmitter(const QString &portName, qint32 baudRate = TransmitterLink::kDefaultBaudRate);
+    void disconnectTransmitter();
+    // Raw bytes for the parameter protocol and the console; -1 while the port is closed.
+    qint64 serialWrite(const QByteArray &bytes);
+
+    // Arming may be refused ("Lower the collective before arming the motor.").
+    void setHeliArmed(bool armed);
+    void setHeliRateMode(int mode);
+    // Switches the LED strip power (CH12) and stores it in the profile.
+    void setLedPower(bool on);
+    void setAutoStartEnabled(bool enabled);
+    // Reads the settings of the active profile again (after an editor changed them).
+    void reloadSettings();
+
+signals:
+    void runningChanged(bool running);
+    void serialConnectedChanged(bool connected);
+    void serialPortNameChanged(const QString &portName);
+    void transmitterLineReceived(const QString &line);
+    void wheelBaseConnectedChanged(bool connected);
+    void pedalsConnectedChanged(bool connected);
+    void shifterConnectedChanged(bool connected);
+    void heliJoystickConnectedChanged(bool connected);
+    void heliThrottleConnectedChanged(bool connected);
+    void heliPedalsConnectedChanged(bool connected);
+    void heliArmedChanged(bool armed);
+    void heliRateModeChanged(int mode);
+    void frameCountChanged(quint32 count);
+    // The controls or the channels moved (at most once per tick or idle poll).
+    void inputChanged();
+    void frameSent(quint32 frameNumber);
+    // Every raw chunk from the bridge.
+    void telemetryReceived(const QByteArray &data);
+    void crsfFrameReceived(uint8_t frameType, const QByteArray &payload);
+    void linkStatisticsUpdated(const tavrix::LinkStatistics &stats);
+    void carLinkChanged(bool linked);
+    void gpsUpdated(const tavrix::GpsFix &fix);
+    void telemetrySensorsUpdated();
+    // A sensor key appeared for the first time.
+    void telemetrySensorListChanged();
+    // The number of stale sensors changed.
+    void telemetryDashboardChanged();
+    void receiverFfbStateChanged(tavrix::ReceiverFfbState state);
+    void heliAttitudeReceived(float pitchDeg, float rollDeg, float yawDeg);
+    void carMotionReceived(float lonG, float latG, float vertG);
+    void carAttitudeReceived(float pitchDeg, float rollDeg, float yawDeg);
+    void errorOccurred(const QString &error);
+    void profileChanged(const QString &profileId);
+    void autoStartEnabledChanged(bool enabled);
+    void reverseModeChanged(bool active);
+    void configModeChanged(bool active);
+    void ledSettingsChanged();
+
+private:
+    void onTransmitTimer();
+    void onIdleInputPoll();
+    void onDeviceConnectedChanged(DeviceRole role, bool connected);
+    void onDeviceLost(DeviceRole role);
+    void onActiveProfileChanged(const QString &profileId);
+    void onProfileModified(const QString &profileId);
+    // Reads the active profile's settings; switches vehicle and devices only when idle.
+    void applyProfile();
+    void switchToActiveProfile();
+    void switchVehicle();
+    void tickCar();
+    void tickHelicopter();
+    void sendFrame();
+    void safetyStop(const QString &reason);
+    bool checkStartPreconditions();
+    void readDriveControls();
+    void applyLedPower(const ButtonSource &wheelButtons);
+    void publishInputs();
+    [[nodiscard]] HelicopterInputs helicopterInputs() const;
+
+    InputBackend *m_inputBackend;
+    ProfileManager *m_profiles;
+    Timings m_timings;
+
+    TransmitterLink *m_link = nullptr;
+    CrsfProtocol *m_crsf = nullptr;
+    DeviceRoleSet *m_devices = nullptr;
+    TelemetryMonitor *m_telemetry = nullptr;
+    QTimer *m_transmitTimer = nullptr;
+    QTimer *m_idleInputTimer = nullptr;
+
+    std::unique_ptr<ProfileSettings> m_settings;
+    std::unique_ptr<DriveComputation> m_drive;
+    std::unique_ptr<HelicopterComputation> m_helicopter;
+    std::unique_ptr<ButtonMappingEngine> m_buttons;
+
+    // The computations read the role set's devices through these views.
+    InputDeviceSource m_wheelSource;
+    InputDeviceSource m_joystickSource;
+    InputDeviceSource m_heliThrottleSource;
+    InputDeviceSource m_heliPedalsSource;
+
+    ChannelValues m_channels{};
+    ChannelValues m_publishedChannels{};
+    quint32 m_frameCount = 0;
+    VehicleType m_vehicle = VehicleType::Car;
+    bool m_running = false;
+    bool m_configMode = false;
+    bool m_safetyStopQueued = false;
+    bool m_profileSwitchPending = false;
+    bool m_ledPowerButtonWasPressed = false;
+    float m_steering = 0.0f;
+    float m_throttle = 0.0f;
+    float m_brake = 0.0f;
+    float m_publishedSteering = 0.0f;
+    float m_publishedThrottle = 0.0f;
+    float m_publishedBrake = 0.0f;
+};
+
+} // namespace tavrix
