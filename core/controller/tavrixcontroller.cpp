@@ -681,7 +681,8 @@ void TavrixController::onActiveProfileChanged(const QString &profileId)
 
 void TavrixController::onProfileModified(const QString &profileId)
 {
-    if (profileId == m_profiles->activeProfileId())
+    // After a switch deferred by a run, the new profile is read whole once stopped.
+    if (profileId == m_profiles->activeProfileId() && !m_profileSwitchPending)
         applyProfile();
 }
 

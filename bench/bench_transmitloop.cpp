@@ -1,0 +1,185 @@
+// How steady the transmit loop is as the bridge sees it: the controller runs against
+// the in-process bridge simulator on a pty for a while, and the periods between the
+// channel frames the simulator receives are compared with a bare 7 ms precise timer
+// measured in the same run (the machine's own timer jitter).
+//
+// Usage: bench_transmitloop [--seconds N]   (default 10 s per measurement)
+
+#include "bridgesimulator.h"
+#include "profilemanager.h"
+#include "serialportdirectory.h"
+#include "tavrixcontroller.h"
+#include "virtualbackend.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <vector>
+
+using namespace tavrix;
+
+namespace {
+
+constexpr double kPeriodMs = 7.0;
+
+struct Figures
+{
+    size_t samples = 0;
+    double meanMs = 0.0;
+    double p50Ms = 0.0;
+    double p99Ms = 0.0;
+    double p99DeviationMs = 0.0;
+    double maxDeviationMs = 0.0;
+};
+
+Figures summarise(const std::vector<qint64> &stampsNs)
+{
+    Figures f;
+    if (stampsNs.size() < 3)
+        return f;
+    std::vector<double> periods;
+    std::vector<double> deviations;
+    for (size_t i = 1; i < stampsNs.size(); ++i) {
+        const double ms = double(stampsNs[i] - stampsNs[i - 1]) / 1e6;
+        periods.push_back(ms);
+        deviations.push_back(std::fabs(ms - kPeriodMs));
+    }
+    f.samples = periods.size();
+    double sum = 0.0;
+    for (double p : periods)
+        sum += p;
+    f.meanMs = sum / double(periods.size());
+    const auto percentile = [](std::vector<double> values, double q) {
+        std::sort(values.begin(), values.end());
+        return values[std::min(values.size() - 1, size_t(q * double(values.size() - 1) + 0.5))];
+    };
+    f.p50Ms = percentile(periods, 0.50);
+    f.p99Ms = percentile(periods, 0.99);
+    f.p99DeviationMs = percentile(deviations, 0.99);
+    f.maxDeviationMs = *std::max_element(deviations.begin(), deviations.end());
+    return f;
+}
+
+void print(const char *name, const Figures &f)
+{
+    std::printf("%-28s %8zu %9.3f %9.3f %9.3f %12.3f %12.3f\n", name, f.samples, f.meanMs, f.p50Ms, f.p99Ms,
+                f.p99DeviationMs, f.maxDeviationMs);
+}
+
+double ratio(double a, double b)
+{
+    return b > 0.0 ? a / b : 0.0;
+}
+
+// Spins the event loop for the given time.
+void runFor(int ms)
+{
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+std::vector<qint64> measureBareTimer(int ms)
+{
+    std::vector<qint64> stamps;
+    QElapsedTimer clock;
+    clock.start();
+    QTimer timer;
+    timer.setTimerType(Qt::PreciseTimer);
+    timer.setInterval(int(kPeriodMs));
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] { stamps.push_back(clock.nsecsElapsed()); });
+    timer.start();
+    runFor(ms);
+    return stamps;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Transmit loop timing against the bridge simulator"));
+    parser.addHelpOption();
+    const QCommandLineOption secondsOption(QStringLiteral("seconds"),
+                                           QStringLiteral("Seconds per measurement"), QStringLiteral("N"),
+                                           QStringLiteral("10"));
+    parser.addOption(secondsOption);
+    parser.process(app);
+    const int seconds = std::max(1, parser.value(secondsOption).toInt());
+
+    QTemporaryDir dir;
+    if (!dir.isValid()) {
+        std::fprintf(stderr, "no temporary directory\n");
+        return 1;
+    }
+    ProfileManager profiles(dir.path());
+    profiles.loadProfiles();
+
+    // A wheel and pedals at rest; the "Generic" pedals are inverted, so rest is the top of the range.
+    VirtualBackend backend;
+    const int wheel = backend.addDevice({QStringLiteral("Bench Wheel"), QString(), 8, 32, 1, false});
+    const int pedals = backend.addDevice({QStringLiteral("Bench Pedals"), QString(), 8, 8, 0, false});
+    for (int id : {wheel, pedals}) {
+        backend.setAxis(id, 3, kRawAxisMax);
+        backend.setAxis(id, 5, kRawAxisMax);
+    }
+
+    sim::BridgeSimulatorSettings simSettings;
+    simSettings.telemetry.statusLineIntervalMs = 0;
+    sim::BridgeSimulator bridge(simSettings);
+    if (!bridge.start()) {
+        std::fprintf(stderr, "bridge simulator: %s\n", qPrintable(bridge.errorString()));
+        return 1;
+    }
+
+    TavrixController controller(&backend, &profiles,
+                                std::make_shared<PathSerialPortDirectory>(QStringList{bridge.clientPath()}));
+    QObject::connect(&controller, &TavrixController::errorOccurred, &controller, [](const QString &error) {
+        std::fprintf(stderr, "controller: %s\n", qPrintable(error));
+    });
+    if (!controller.connectDevice(DeviceRole::WheelBase, 0) ||
+        !controller.connectDevice(DeviceRole::Pedals, 1) ||
+        !controller.connectTransmitter(bridge.clientPath())) {
+        return 1;
+    }
+
+    std::printf("transmit loop, %d s per measurement, nominal period %.1f ms\n", seconds, kPeriodMs);
+    const std::vector<qint64> bare = measureBareTimer(seconds * 1000);
+
+    std::vector<qint64> received;
+    std::vector<qint64> sent;
+    QElapsedTimer clock;
+    clock.start();
+    QObject::connect(&bridge, &sim::BridgeSimulator::channelFrameReceived, &bridge,
+                     [&] { received.push_back(clock.nsecsElapsed()); });
+    QObject::connect(&controller, &TavrixController::frameSent, &controller,
+                     [&] { sent.push_back(clock.nsecsElapsed()); });
+    if (!controller.startTransmission())
+        return 1;
+    runFor(seconds * 1000);
+    controller.stopTransmission();
+    runFor(50);
+
+    const Figures bareFigures = summarise(bare);
+    const Figures sentFigures = summarise(sent);
+    const Figures peerFigures = summarise(received);
+    std::printf("%-28s %8s %9s %9s %9s %12s %12s\n", "", "periods", "mean ms", "p50 ms", "p99 ms",
+                "p99 |dev| ms", "max |dev| ms");
+    print("bare QTimer (baseline)", bareFigures);
+    print("controller ticks (sent)", sentFigures);
+    print("frames at the bridge (peer)", peerFigures);
+    std::printf("peer / baseline: p50 %.2f, p99 %.2f, p99 |dev| %.2f, max |dev| %.2f\n",
+                ratio(peerFigures.p50Ms, bareFigures.p50Ms), ratio(peerFigures.p99Ms, bareFigures.p99Ms),
+                ratio(peerFigures.p99DeviationMs, bareFigures.p99DeviationMs),
+                ratio(peerFigures.maxDeviationMs, bareFigures.maxDeviationMs));
+    std::printf("frames sent %zu, received by the bridge %llu\n", sent.size(),
+                static_cast<unsigned long long>(bridge.channelFrameCount()));
+    return 0;
+}

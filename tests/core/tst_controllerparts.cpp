@@ -1,0 +1,345 @@
+#include "crsfprotocol.h"
+#include "deviceroleset.h"
+#include "drivecontrols.h"
+#include "profileschema.h"
+#include "profilesettings.h"
+#include "telemetrymonitor.h"
+#include "testsources.h"
+
+#include <QJsonArray>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace tavrix;
+
+class TestControllerParts : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void defaultProfileReadsAsDefaults();
+    void storedValuesAreRead();
+    void malformedValuesKeepDefaults();
+    void receiverGeneration_data();
+    void receiverGeneration();
+    void shifterGear_data();
+    void shifterGear();
+    void pedalsHeldMessage_data();
+    void pedalsHeldMessage();
+    void findSavedDevice_data();
+    void findSavedDevice();
+    void wrapperNeedsNineBytesAndMarker_data();
+    void wrapperNeedsNineBytesAndMarker();
+    void carLinkDropsAfterTimeout();
+    void staleCountChangesRaiseDashboardOnce();
+    void motionWaitAndStop();
+};
+
+void TestControllerParts::defaultProfileReadsAsDefaults()
+{
+    const QJsonObject profile = ProfileSchema::defaultProfile(QStringLiteral("id"), QStringLiteral("Default"),
+                                                              ProfileSchema::currentTimestamp());
+    const ProfileSettings s = ProfileSettings::fromProfile(profile);
+    QCOMPARE(s.vehicleType, VehicleType::Car);
+    QVERIFY(s.drive.softStartEnabled);
+    QCOMPARE(s.drive.softStartDurationSec, 30);
+    QCOMPARE(s.drive.escNeutral, 992);
+    QVERIFY(s.drive.hasDefaultSteeringEndpoints());
+    QVERIFY(s.buttonMappings.isEmpty());
+    QVERIFY(s.led.powerOn);
+    QCOMPARE(s.led.powerButtonIndex, -1);
+    QCOMPARE(s.helicopter.channels.throttle, 2);
+    QVERIFY(s.helicopter.fly.armAtIdle);
+    QCOMPARE(s.helicopter.pitchCurve.points.size(), 5);
+    QCOMPARE(s.shifter.buttonIndex[ShifterMapping::kReverseSlot], -1);
+    QCOMPARE(s.receiverGeneration, crsf::kReceiverGenerationUnknown);
+}
+
+void TestControllerParts::storedValuesAreRead()
+{
+    QJsonObject profile = ProfileSchema::defaultProfile(QStringLiteral("id"), QStringLiteral("Race"),
+                                                        ProfileSchema::currentTimestamp());
+    profile.insert(QStringLiteral("vehicleType"), QStringLiteral("rc_helicopter"));
+    QJsonObject axis = profile.value(QStringLiteral("axisSettings")).toObject();
+    axis.insert(QStringLiteral("escMode"), 2);
+    axis.insert(QStringLiteral("escNeutral"), 1500);
+    axis.insert(QStringLiteral("gearThrottleLimitPercent"), QJsonArray{10, 20, 30, 40, 50, 60, 70});
+    QJsonObject steering = axis.value(QStringLiteral("Steering")).toObject();
+    steering.insert(QStringLiteral("useCalibration"), true);
+    steering.insert(QStringLiteral("inputCenter"), 0.1);
+    axis.insert(QStringLiteral("Steering"), steering);
+    profile.insert(QStringLiteral("axisSettings"), axis);
+    profile.insert(QStringLiteral("buttonMappings"),
+                   QJsonArray{QJsonObject{{QStringLiteral("buttonIndex"), 4},
+                                          {QStringLiteral("extraButtons"), QJsonArray{130, -1}},
+                                          {QStringLiteral("channel"), 6},
+                                          {QStringLiteral("mode"), 3},
+                                          {QStringLiteral("activatesPitLimiter"), true}},
+                              QStringLiteral("not a mapping")});
+    QJsonObject config = profile.value(QStringLiteral("helicopterConfig")).toObject();
+    config = helicopterConfigWithRateMode(config, 2);
+    profile.insert(QStringLiteral("helicopterConfig"), config);
+    profile.insert(QStringLiteral("receiverCaps"),
+                   QJsonObject{{QStringLiteral("firmware"), QStringLiteral("4.2.0")}});
+
+    const ProfileSettings s = ProfileSettings::fromProfile(profile);
+    QCOMPARE(s.vehicleType, VehicleType::Helicopter);
+    QVERIFY(s.drive.usesCustomEsc());
+    QCOMPARE(s.drive.esc().neutral, 1500);
+    QCOMPARE(s.drive.gearThrottleLimitPercent[6], 70);
+    QVERIFY(s.drive.steeringCalibration.useCalibration);
+    QCOMPARE(s.drive.steeringCalibration.inputCenter, 0.1f);
+    QCOMPARE(s.axes.steering.inputCenter, 0.1f);
+    QCOMPARE(s.buttonMappings.size(), 1);
+    const ButtonMapping &m = s.buttonMappings.first();
+    QCOMPARE(m.buttonIndex, 4);
+    QCOMPARE(m.extraButtons, QList<int32_t>({130, -1}));
+    QCOMPARE(m.channel, 6);
+    QCOMPARE(m.mode, ButtonBehaviour::Toggle);
+    QVERIFY(m.activatesPitLimiter);
+    QCOMPARE(m.outputValue, 2047);
+    QCOMPARE(s.helicopter.dualRates.activeMode, 2);
+    QCOMPARE(s.receiverGeneration, crsf::kReceiverGenerationNewer);
+
+    const QJsonObject led =
+        ledSettingsWithPower(profile.value(QStringLiteral("ledSettings")).toObject(), false);
+    QCOMPARE(ledSettingsFromJson(led).powerOn, false);
+    QCOMPARE(led.value(QStringLiteral("ledCount")).toInt(), 8); // the rest kept
+}
+
+void TestControllerParts::malformedValuesKeepDefaults()
+{
+    const QJsonObject profile{
+        {QStringLiteral("vehicleType"), 7},
+        {QStringLiteral("axisSettings"),
+         QJsonObject{{QStringLiteral("softStartEnabled"), QStringLiteral("yes")},
+                     {QStringLiteral("decelRate"), QJsonArray{}},
+                     {QStringLiteral("gearThrottleLimitPercent"), QJsonArray{50, QStringLiteral("x")}}}},
+        {QStringLiteral("buttonMappings"), QJsonObject{}},
+        {QStringLiteral("ledSettings"), QJsonArray{}},
+        {QStringLiteral("buttonMappings"), QJsonArray{QJsonObject{{QStringLiteral("mode"), 99}}}},
+    };
+    const ProfileSettings s = ProfileSettings::fromProfile(profile);
+    QCOMPARE(s.vehicleType, VehicleType::Car);
+    QVERIFY(s.drive.softStartEnabled);
+    QCOMPARE(s.drive.decelRate, 20);
+    QCOMPARE(s.drive.gearThrottleLimitPercent[0], 50);
+    QCOMPARE(s.drive.gearThrottleLimitPercent[1], 100);
+    QVERIFY(s.led.powerOn);
+    QCOMPARE(s.buttonMappings.size(), 1);
+    QCOMPARE(s.buttonMappings.first().mode, ButtonBehaviour::Momentary);
+}
+
+void TestControllerParts::receiverGeneration_data()
+{
+    QTest::addColumn<QString>("firmware");
+    QTest::addColumn<int>("generation");
+    QTest::newRow("empty") << QString() << crsf::kReceiverGenerationUnknown;
+    QTest::newRow("no version") << QStringLiteral("unknown") << crsf::kReceiverGenerationUnknown;
+    QTest::newRow("3.5.1") << QStringLiteral("3.5.1") << crsf::kReceiverGenerationClassic;
+    QTest::newRow("v3") << QStringLiteral("v3") << crsf::kReceiverGenerationClassic;
+    QTest::newRow("4.0.0") << QStringLiteral("4.0.0") << crsf::kReceiverGenerationNewer;
+    QTest::newRow("V12.1") << QStringLiteral("V12.1") << crsf::kReceiverGenerationNewer;
+}
+
+void TestControllerParts::receiverGeneration()
+{
+    QFETCH(QString, firmware);
+    QFETCH(int, generation);
+    QCOMPARE(receiverGenerationFromFirmware(firmware), generation);
+}
+
+void TestControllerParts::shifterGear_data()
+{
+    QTest::addColumn<QList<int>>("pressed");
+    QTest::addColumn<int>("gear");
+    // Mapping: neutral 0, reverse 1, gears 1..7 on buttons 10..16.
+    QTest::newRow("nothing") << QList<int>{} << 0;
+    QTest::newRow("neutral button") << QList<int>{0} << 0;
+    QTest::newRow("reverse") << QList<int>{1} << -1;
+    QTest::newRow("first") << QList<int>{10} << 1;
+    QTest::newRow("seventh") << QList<int>{16} << 7;
+    QTest::newRow("reverse wins over a gear") << QList<int>{12, 1} << -1;
+}
+
+void TestControllerParts::shifterGear()
+{
+    QFETCH(QList<int>, pressed);
+    QFETCH(int, gear);
+    ShifterMapping mapping;
+    mapping.buttonIndex = {0, 1, 10, 11, 12, 13, 14, 15, 16};
+    testing::TestController shifter;
+    for (int index : pressed)
+        shifter.press(index);
+    QCOMPARE(mapping.gear(shifter), gear);
+}
+
+void TestControllerParts::pedalsHeldMessage_data()
+{
+    QTest::addColumn<float>("throttle");
+    QTest::addColumn<float>("brake");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("released") << 0.0f << 0.0f << QString();
+    QTest::newRow("at the limit") << 0.05f << 0.05f << QString();
+    QTest::newRow("throttle") << 0.06f << 0.0f << "Release the throttle pedal before starting transmission.";
+    QTest::newRow("brake") << 0.0f << 1.0f << "Release the brake pedal before starting transmission.";
+    QTest::newRow("both") << 0.5f << 0.5f
+                          << "Release the throttle and brake pedals before starting transmission.";
+}
+
+void TestControllerParts::pedalsHeldMessage()
+{
+    QFETCH(float, throttle);
+    QFETCH(float, brake);
+    QFETCH(QString, message);
+    QCOMPARE(DriveControls::pedalsHeldMessage(throttle, brake, 0.05f), message);
+}
+
+void TestControllerParts::findSavedDevice_data()
+{
+    QTest::addColumn<QString>("productName");
+    QTest::addColumn<QString>("guid");
+    QTest::addColumn<int>("index");
+    const QString guidB = QStringLiteral("{00000000-0000-0000-0000-00000000000B}");
+    QTest::newRow("guid and product") << QStringLiteral("Wheel") << guidB << 1;
+    QTest::newRow("guid in lower case") << QStringLiteral("Wheel") << guidB.toLower() << 1;
+    QTest::newRow("guid gone, product stays")
+        << QStringLiteral("Wheel") << QStringLiteral("{00000000-0000-0000-0000-0000000000FF}") << 0;
+    QTest::newRow("product differs in case") << QStringLiteral("wheel") << QString() << -1;
+    QTest::newRow("nothing saved") << QString() << QString() << -1;
+    QTest::newRow("guid of another product") << QStringLiteral("Pedals") << guidB << 2;
+}
+
+void TestControllerParts::findSavedDevice()
+{
+    QFETCH(QString, productName);
+    QFETCH(QString, guid);
+    QFETCH(int, index);
+    QList<InputDeviceInfo> devices(3);
+    devices[0].productName = QStringLiteral("Wheel");
+    devices[0].instanceGuid[15] = 0x0A;
+    devices[1].productName = QStringLiteral("Wheel");
+    devices[1].instanceGuid[15] = 0x0B;
+    devices[2].productName = QStringLiteral("Pedals");
+    devices[2].instanceGuid[15] = 0x0C;
+    DeviceIdentity saved;
+    saved.productName = productName;
+    saved.instanceGuid = guid;
+    QCOMPARE(tavrix::findSavedDevice(saved, devices), index);
+}
+
+void TestControllerParts::wrapperNeedsNineBytesAndMarker_data()
+{
+    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<bool>("unwrapped");
+    const QByteArray record = QByteArray::fromHex("00"
+                                                  "0064"
+                                                  "0000"
+                                                  "fc18");
+    QTest::newRow("9 bytes") << QByteArray::fromHex("eaca") + record << true;
+    QTest::newRow("8 bytes") << QByteArray::fromHex("eaca") + record.left(6) << false;
+    QTest::newRow("marker missing") << QByteArray::fromHex("ea00") + record << false;
+}
+
+void TestControllerParts::wrapperNeedsNineBytesAndMarker()
+{
+    QFETCH(QByteArray, payload);
+    QFETCH(bool, unwrapped);
+    TelemetryMonitor monitor{ControllerTimings{}};
+    QSignalSpy motion(&monitor, &TelemetryMonitor::carMotionReceived);
+    monitor.handleFrame(crsf::kTypeWrappedRecord, payload);
+    QCOMPARE(motion.size(), unwrapped ? 1 : 0);
+    if (unwrapped) {
+        QCOMPARE(motion.first().at(0).toFloat(), 0.1f);
+        QCOMPARE(motion.first().at(2).toFloat(), -1.0f);
+    }
+    QCOMPARE(monitor.catalogue().isEmpty(), !unwrapped);
+}
+
+void TestControllerParts::carLinkDropsAfterTimeout()
+{
+    ControllerTimings t;
+    t.monitorInterval = std::chrono::milliseconds(10);
+    t.carLinkTimeout = std::chrono::milliseconds(60);
+    TelemetryMonitor monitor(t);
+    QSignalSpy link(&monitor, &TelemetryMonitor::carLinkChanged);
+
+    LinkStatistics stats;
+    stats.linkQuality = 100;
+    monitor.handleLinkStatistics(stats);
+    monitor.handleLinkStatistics(stats);
+    QCOMPARE(link.size(), 1);
+    QVERIFY(monitor.isCarLinked());
+    monitor.checkLinkAndSensors(); // fresh: still linked
+    QVERIFY(monitor.isCarLinked());
+    QVERIFY(link.wait(2000));
+    QCOMPARE(link.last().at(0).toBool(), false);
+    QCOMPARE(monitor.linkStatistics().linkQuality, uint8_t(100));
+}
+
+void TestControllerParts::staleCountChangesRaiseDashboardOnce()
+{
+    ControllerTimings t;
+    t.monitorInterval = std::chrono::hours(1); // checks run by hand
+    t.sensorStaleAfter = std::chrono::milliseconds(50);
+    TelemetryMonitor monitor(t);
+    QSignalSpy dashboard(&monitor, &TelemetryMonitor::telemetryDashboardChanged);
+    QSignalSpy list(&monitor, &TelemetryMonitor::telemetrySensorListChanged);
+
+    monitor.handleFrame(crsf::kTypeAttitude, QByteArray::fromHex("0000"
+                                                                 "0000"
+                                                                 "0000"));
+    QCOMPARE(list.size(), 1);
+    QCOMPARE(monitor.catalogue().size(), 3);
+    monitor.checkLinkAndSensors();
+    QCOMPARE(monitor.staleSensorCount(), 0);
+    QVERIFY(dashboard.isEmpty());
+
+    QTRY_VERIFY((monitor.checkLinkAndSensors(), monitor.staleSensorCount() == 3));
+    QCOMPARE(dashboard.size(), 1);
+    monitor.checkLinkAndSensors();
+    QCOMPARE(dashboard.size(), 1);
+
+    monitor.handleFrame(crsf::kTypeAttitude, QByteArray::fromHex("0001"
+                                                                 "0000"
+                                                                 "0000"));
+    QCOMPARE(list.size(), 1); // same keys
+    monitor.checkLinkAndSensors();
+    QCOMPARE(monitor.staleSensorCount(), 0);
+    QCOMPARE(dashboard.size(), 2);
+}
+
+void TestControllerParts::motionWaitAndStop()
+{
+    ControllerTimings t;
+    t.motionWait = std::chrono::milliseconds(30);
+    TelemetryMonitor monitor(t);
+    QSignalSpy ffb(&monitor, &TelemetryMonitor::receiverFfbStateChanged);
+
+    monitor.transmissionStarted();
+    QCOMPARE(monitor.receiverFfbState(), ReceiverFfbState::WaitingForMotion);
+    monitor.transmissionStopped();
+    QCOMPARE(monitor.receiverFfbState(), ReceiverFfbState::Idle);
+    QVERIFY(!monitor.isWaitingForMotion());
+
+    monitor.transmissionStarted();
+    monitor.handleFrame(crsf::kTypeVehicleRecord, QByteArray::fromHex("00"
+                                                                      "0000"
+                                                                      "0000"
+                                                                      "03e8"));
+    QCOMPARE(monitor.receiverFfbState(), ReceiverFfbState::ReceivingMotion);
+    QVERIFY(!monitor.isWaitingForMotion());
+    QVERIFY(monitor.msSinceMotion() >= 0);
+    monitor.transmissionStopped();
+    QCOMPARE(monitor.receiverFfbState(), ReceiverFfbState::ReceivingMotion);
+    QCOMPARE(ffb.size(), 4);
+
+    // A record too short to decode is not motion.
+    TelemetryMonitor fresh(t);
+    fresh.handleFrame(crsf::kTypeVehicleRecord, QByteArray::fromHex("00"
+                                                                    "0000"));
+    QCOMPARE(fresh.receiverFfbState(), ReceiverFfbState::Idle);
+}
+
+QTEST_MAIN(TestControllerParts)
+#include "tst_controllerparts.moc"

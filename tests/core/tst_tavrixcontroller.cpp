@@ -1,0 +1,488 @@
+#include "controllerrig.h"
+
+#include "crsfwire.h"
+#include "inputdevice.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace tavrix;
+using namespace tavrix::testing;
+
+namespace {
+
+constexpr int kCh1 = 0;
+constexpr int kCh2 = 1;
+constexpr int kCh3 = 2;
+constexpr int kCh12 = 11;
+constexpr int kNeutral = 992;
+
+#define SET_UP_RIG(rig, ...) QVERIFY2((rig).setUp(__VA_ARGS__), "the controller rig could not be set up")
+
+QList<ReceiverFfbState> ffbStates(const QSignalSpy &spy)
+{
+    QList<ReceiverFfbState> states;
+    for (const QList<QVariant> &args : spy)
+        states.append(args.at(0).value<ReceiverFfbState>());
+    return states;
+}
+
+} // namespace
+
+class TestTavrixController : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void framesCarryWheelAndPedals();
+    void transmitsAboutEverySevenMilliseconds();
+    void startRefusedForPressedPedals_data();
+    void startRefusedForPressedPedals();
+    void startRefusedWithoutBridgeOrWheel();
+    void startRefusedInConfigMode();
+    void configRefusedWhileRunning();
+    void stopWhileIdleWritesNothing();
+    void unpluggedWheelStopsOnce();
+    void throttleSpikeSendsOneZeroedFrameAndStops();
+    void ledPowerButtonFlipsChannel12();
+    void bridgeDropReconnectsWhileIdle();
+    void telemetryReachesTheController();
+    void motionWaitEndsInNoMotionData();
+    void wrappedMotionRecord_data();
+    void wrappedMotionRecord();
+    void helicopterStartsAndRefusesArmingAboveIdle();
+    void profileSwitchWaitsForStop();
+};
+
+void TestTavrixController::framesCarryWheelAndPedals()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QVERIFY(rig.controller->startTransmission());
+    QTRY_COMPARE(rig.sim.mode(), sim::BridgeSimulator::Mode::Transmitting);
+
+    // Half right: (0.5 + 1) x 1023.5, truncated.
+    rig.setSteering(0.5);
+    rig.setPedals(0.5, 0.0);
+    QTRY_VERIFY(std::abs(rig.sim.lastChannels()[kCh1] - 1535) <= 1);
+    // The soft start holds a fresh run to about a tenth of the throttle: forward, but gently.
+    QTRY_VERIFY(rig.sim.lastChannels()[kCh2] > kNeutral);
+    QVERIFY2(rig.sim.lastChannels()[kCh2] < kNeutral + (1811 - kNeutral) / 5,
+             qPrintable(QString::number(rig.sim.lastChannels()[kCh2])));
+    QCOMPARE(rig.sim.lastChannels()[kCh3], 0);
+    QCOMPARE(rig.sim.lastChannels()[kCh12], 2047); // LED power on by default
+
+    rig.setSteering(-1.0);
+    rig.setPedals(0.0, 0.8);
+    QTRY_COMPARE(rig.sim.lastChannels()[kCh1], 0);
+    QTRY_VERIFY(rig.sim.lastChannels()[kCh2] < kNeutral);
+    QCOMPARE(rig.controller->channels()[kCh1], 0);
+    QVERIFY(rig.controller->brake() > 0.75f);
+
+    rig.controller->stopTransmission();
+    QVERIFY(rig.flushToBridge());
+    QCOMPARE(quint64(rig.controller->frameCount()), rig.sim.channelFrameCount());
+}
+
+void TestTavrixController::transmitsAboutEverySevenMilliseconds()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QSignalSpy received(&rig.sim, &sim::BridgeSimulator::channelFrameReceived);
+    QVERIFY(rig.controller->startTransmission());
+    // A real event loop while waiting: QTRY_* sleeps between its polls and would stretch the ticks.
+    while (received.size() < 200)
+        QVERIFY(received.wait(2000));
+
+    const qint64 first = received.at(49).at(1).toLongLong();
+    const qint64 last = received.at(199).at(1).toLongLong();
+    const double perSecond = 150.0 / (double(last - first) / 1000.0);
+    // 1000 / 7 = 142.9; a shared machine stretches some periods, so judge loosely.
+    QVERIFY2(perSecond > 110.0 && perSecond < 170.0, qPrintable(QString::number(perSecond)));
+    rig.controller->stopTransmission();
+    QVERIFY(rig.flushToBridge());
+    QCOMPARE(rig.sim.channelFrameCount(), quint64(rig.controller->frameCount()));
+}
+
+void TestTavrixController::startRefusedForPressedPedals_data()
+{
+    QTest::addColumn<double>("throttle");
+    QTest::addColumn<double>("brake");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("throttle at 6%") << 0.06 << 0.0
+                                    << "Release the throttle pedal before starting transmission.";
+    QTest::newRow("brake at 6%") << 0.0 << 0.06 << "Release the brake pedal before starting transmission.";
+    QTest::newRow("both at 50%") << 0.5 << 0.5
+                                 << "Release the throttle and brake pedals before starting transmission.";
+    QTest::newRow("throttle at 4% is released") << 0.04 << 0.0 << QString();
+}
+
+void TestTavrixController::startRefusedForPressedPedals()
+{
+    QFETCH(double, throttle);
+    QFETCH(double, brake);
+    QFETCH(QString, message);
+
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
+    QSignalSpy running(rig.controller.get(), &TavrixController::runningChanged);
+    rig.setPedals(throttle, brake);
+
+    const bool started = rig.controller->startTransmission();
+    QVERIFY(rig.flushToBridge());
+    if (message.isEmpty()) {
+        QVERIFY(started);
+        QCOMPARE(rig.commandCount(QStringLiteral("START")), 1);
+        QVERIFY(errors.isEmpty());
+        return;
+    }
+    QVERIFY(!started);
+    QCOMPARE(errors.size(), 1);
+    QCOMPARE(errors.first().at(0).toString(), message);
+    QVERIFY(running.isEmpty());
+    QVERIFY(!rig.controller->isRunning());
+    QCOMPARE(rig.commandCount(QStringLiteral("START")), 0);
+    QCOMPARE(rig.sim.channelFrameCount(), quint64(0));
+}
+
+void TestTavrixController::startRefusedWithoutBridgeOrWheel()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
+
+    rig.controller->disconnectDevice(DeviceRole::WheelBase);
+    QVERIFY(!rig.controller->startTransmission());
+    QCOMPARE(errors.takeFirst().at(0).toString(), QStringLiteral("Wheel base not connected"));
+
+    rig.controller->disconnectTransmitter();
+    QVERIFY(!rig.controller->startTransmission());
+    QCOMPARE(errors.takeFirst().at(0).toString(), QStringLiteral("RP2040 Bridge not connected"));
+    QVERIFY(!rig.controller->isRunning());
+}
+
+void TestTavrixController::startRefusedInConfigMode()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QSignalSpy config(rig.controller.get(), &TavrixController::configModeChanged);
+    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
+
+    QVERIFY(rig.controller->enterConfigMode());
+    QCOMPARE(config.size(), 1);
+    QTRY_COMPARE(rig.sim.mode(), sim::BridgeSimulator::Mode::Configuring);
+
+    QVERIFY(!rig.controller->startTransmission());
+    QCOMPARE(errors.size(), 1);
+    QCOMPARE(errors.first().at(0).toString(),
+             QStringLiteral("Stop configuring before starting transmission"));
+
+    rig.controller->exitConfigMode();
+    QVERIFY(rig.flushToBridge());
+    QCOMPARE(rig.sim.commands().filter(QStringLiteral("CFGMODE")),
+             QStringList({QStringLiteral("CFGMODE ON"), QStringLiteral("CFGMODE OFF")}));
+    QCOMPARE(rig.commandCount(QStringLiteral("START")), 0);
+    QCOMPARE(config.last().at(0).toBool(), false);
+}
+
+void TestTavrixController::configRefusedWhileRunning()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
+    QVERIFY(rig.controller->startTransmission());
+
+    QVERIFY(!rig.controller->enterConfigMode());
+    QCOMPARE(errors.size(), 1);
+    QCOMPARE(errors.first().at(0).toString(), QStringLiteral("Stop transmission before configuring"));
+    QVERIFY(!rig.controller->isConfigMode());
+    QVERIFY(rig.flushToBridge());
+    QCOMPARE(rig.commandCount(QStringLiteral("CFGMODE ON")), 0);
+}
+
+void TestTavrixController::stopWhileIdleWritesNothing()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QSignalSpy running(rig.controller.get(), &TavrixController::runningChanged);
+
+    rig.controller->stopTransmission();
+    QVERIFY(rig.flushToBridge());
+    QVERIFY(running.isEmpty());
+    const QStringList commands = rig.sim.commands();
+    QCOMPARE(commands.size(), 1); // the marker alone
+    QVERIFY(commands.first().startsWith(QLatin1String("MARK")));
+}
+
+void TestTavrixController::unpluggedWheelStopsOnce()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
+    QSignalSpy wheel(rig.controller.get(), &TavrixController::wheelBaseConnectedChanged);
+    QVERIFY(rig.controller->startTransmission());
+    QTRY_VERIFY(rig.controller->frameCount() > 5);
+
+    rig.backend.setLost(rig.firstDevice, true);
+    QTRY_VERIFY(!rig.controller->isRunning());
+    const quint32 framesAtStop = rig.controller->frameCount();
+    // Let the idle polls see the lost wheel a good number of times (each poll of the
+    // pedals, still there, marks one round).
+    QSignalSpy idlePolls(rig.controller->device(DeviceRole::Pedals), &InputDevice::stateChanged);
+    while (idlePolls.size() < 10)
+        QVERIFY(idlePolls.wait(2000));
+    QVERIFY(rig.flushToBridge());
+
+    QCOMPARE(countMessages(errors, QStringLiteral("Wheel base disconnected")), 1);
+    QCOMPARE(errors.size(), 1);
+    QCOMPARE(rig.commandCount(QStringLiteral("STOP")), 1);
+    QCOMPARE(rig.controller->frameCount(), framesAtStop);
+    QCOMPARE(rig.sim.channelFrameCount(), quint64(framesAtStop));
+    QCOMPARE(wheel.size(), 1);
+    QCOMPARE(wheel.first().at(0).toBool(), false);
+    QVERIFY(!rig.controller->isDeviceConnected(DeviceRole::WheelBase));
+}
+
+void TestTavrixController::throttleSpikeSendsOneZeroedFrameAndStops()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
+    QSignalSpy running(rig.controller.get(), &TavrixController::runningChanged);
+    QVERIFY(rig.controller->startTransmission());
+    QTRY_VERIFY(rig.controller->frameCount() > 10);
+
+    // From released to full in one tick: no foot does that.
+    rig.setPedals(1.0, 0.0);
+    const quint32 framesBeforeSpike = rig.controller->frameCount();
+    QTRY_VERIFY(!rig.controller->isRunning());
+
+    QCOMPARE(rig.controller->frameCount(), framesBeforeSpike + 1);
+    QTRY_COMPARE(rig.sim.channelFrameCount(), quint64(framesBeforeSpike + 1));
+    QCOMPARE(rig.sim.lastChannels()[kCh2], kNeutral);
+    QVERIFY(rig.flushToBridge());
+    QCOMPARE(rig.commandCount(QStringLiteral("STOP")), 1);
+    QCOMPARE(errors.size(), 1);
+    QCOMPARE(errors.first().at(0).toString(),
+             QStringLiteral("Transmission stopped for safety: impossible throttle spike detected. Verify the "
+                            "pedals and press Start Transmission again."));
+    QCOMPARE(running.size(), 2);
+}
+
+void TestTavrixController::ledPowerButtonFlipsChannel12()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QJsonObject led = rig.profiles.setting(QStringLiteral("ledSettings")).toObject();
+    led.insert(QStringLiteral("powerButtonIndex"), 5);
+    QVERIFY(rig.profiles.setSetting(QStringLiteral("ledSettings"), led));
+    QSignalSpy ledChanged(rig.controller.get(), &TavrixController::ledSettingsChanged);
+    QVERIFY(rig.controller->startTransmission());
+    QTRY_COMPARE(rig.sim.lastChannels()[kCh12], 2047);
+
+    rig.backend.setButton(rig.firstDevice, 5, true);
+    QTRY_COMPARE(rig.sim.lastChannels()[kCh12], 0);
+    QCOMPARE(ledChanged.size(), 1);
+    QVERIFY(!rig.controller->isLedPowerOn());
+    QCOMPARE(rig.profiles.setting(QStringLiteral("ledSettings")).toObject().value(QStringLiteral("powerOn")),
+             QJsonValue(false));
+
+    // Holding the button is one press; releasing and pressing again is the next.
+    rig.backend.setButton(rig.firstDevice, 5, false);
+    QTRY_VERIFY(!rig.controller->device(DeviceRole::WheelBase)->button(5));
+    QCOMPARE(ledChanged.size(), 1);
+    rig.backend.setButton(rig.firstDevice, 5, true);
+    QTRY_COMPARE(rig.sim.lastChannels()[kCh12], 2047);
+    QCOMPARE(ledChanged.size(), 2);
+}
+
+void TestTavrixController::bridgeDropReconnectsWhileIdle()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    QSignalSpy connected(rig.controller.get(), &TavrixController::serialConnectedChanged);
+    QCOMPARE(rig.profiles.transmitterPortName(), rig.linkPath());
+
+    rig.sim.hangUp();
+    QTRY_VERIFY(!rig.controller->isSerialConnected());
+    QVERIFY(rig.controller->isReconnecting());
+    QVERIFY(rig.sim.plugIn());
+    QTRY_VERIFY(rig.controller->isSerialConnected());
+    QCOMPARE(rig.controller->serialPortName(), rig.linkPath());
+    QCOMPARE(connected.size(), 2);
+    QVERIFY(!rig.controller->isRunning()); // a reconnect does not start by itself
+
+    QVERIFY(rig.controller->startTransmission());
+    QTRY_VERIFY(rig.sim.channelFrameCount() > 0);
+}
+
+void TestTavrixController::telemetryReachesTheController()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    TavrixController &c = *rig.controller;
+    QSignalSpy stats(&c, &TavrixController::linkStatisticsUpdated);
+    QSignalSpy link(&c, &TavrixController::carLinkChanged);
+    QSignalSpy motion(&c, &TavrixController::carMotionReceived);
+    QSignalSpy gps(&c, &TavrixController::gpsUpdated);
+    QSignalSpy ffb(&c, &TavrixController::receiverFfbStateChanged);
+    QSignalSpy dashboard(&c, &TavrixController::telemetryDashboardChanged);
+
+    QVERIFY(c.startTransmission());
+    QTRY_VERIFY(!stats.isEmpty());
+    QTRY_VERIFY(!motion.isEmpty());
+    QTRY_VERIFY(!gps.isEmpty());
+    QVERIFY(c.isCarLinked());
+    QCOMPARE(link.first().at(0).toBool(), true);
+    QCOMPARE(ffbStates(ffb), QList<ReceiverFfbState>(
+                                 {ReceiverFfbState::WaitingForMotion, ReceiverFfbState::ReceivingMotion}));
+    QCOMPARE(c.receiverFfbState(), ReceiverFfbState::ReceivingMotion);
+    QVERIFY(c.gpsFix().satellites > 0);
+
+    QStringList keys;
+    for (const TelemetrySensor &sensor : c.telemetrySensors()) {
+        keys.append(sensor.key);
+        QVERIFY(sensor.updatedMs > 0);
+    }
+    for (const char *key : {"1RSS", "RQly", "GPS", "GLon"})
+        QVERIFY2(keys.contains(QLatin1String(key)), key);
+
+    // Stopped, the car falls silent: unlinked after the timeout, its sensors go stale.
+    c.stopTransmission();
+    QCOMPARE(c.receiverFfbState(), ReceiverFfbState::ReceivingMotion); // "receiving" stays
+    QTRY_COMPARE(link.last().at(0).toBool(), false);
+    QTRY_COMPARE(c.staleSensorCount(), int(c.telemetrySensors().size()));
+    QVERIFY(!dashboard.isEmpty());
+}
+
+void TestTavrixController::motionWaitEndsInNoMotionData()
+{
+    sim::BridgeSimulatorSettings settings = ControllerRig::quietBridge();
+    settings.telemetry.motionHz = 0.0;
+    ControllerRig rig(settings);
+    SET_UP_RIG(rig);
+    QSignalSpy ffb(rig.controller.get(), &TavrixController::receiverFfbStateChanged);
+
+    QVERIFY(rig.controller->startTransmission());
+    QTRY_COMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::NoMotionData);
+    QCOMPARE(ffbStates(ffb),
+             QList<ReceiverFfbState>({ReceiverFfbState::WaitingForMotion, ReceiverFfbState::NoMotionData}));
+
+    // Stopping leaves "no motion data"; the next start waits again.
+    rig.controller->stopTransmission();
+    QCOMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::NoMotionData);
+    QVERIFY(rig.controller->startTransmission());
+    QCOMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::WaitingForMotion);
+    rig.controller->stopTransmission();
+    QCOMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::Idle);
+}
+
+void TestTavrixController::wrappedMotionRecord_data()
+{
+    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<bool>("isMotion");
+
+    // destination, 0xCA, then the 7-byte record: tag, three big-endian values in milli-g.
+    const QByteArray record = QByteArray::fromHex("01"
+                                                  "01f4"
+                                                  "ff38"
+                                                  "03e8");
+    QTest::newRow("nine bytes unwrap") << (QByteArray::fromHex("eaca") + record) << true;
+    QTest::newRow("eight bytes are no wrapper") << (QByteArray::fromHex("eaca") + record.left(6)) << false;
+    QTest::newRow("wrong marker") << (QByteArray::fromHex("eacb") + record) << false;
+}
+
+void TestTavrixController::wrappedMotionRecord()
+{
+    QFETCH(QByteArray, payload);
+    QFETCH(bool, isMotion);
+
+    sim::BridgeSimulatorSettings settings = ControllerRig::quietBridge();
+    settings.linkUp = false; // only the injected frame
+    ControllerRig rig(settings);
+    SET_UP_RIG(rig);
+    QSignalSpy frames(rig.controller.get(), &TavrixController::crsfFrameReceived);
+    QSignalSpy motion(rig.controller.get(), &TavrixController::carMotionReceived);
+
+    rig.sim.injectToHost(sim::crsfwire::buildFrame(sim::crsfwire::kTypeWrapper, payload, 0xEA));
+    QTRY_COMPARE(frames.size(), 1);
+    QCOMPARE(frames.first().at(0).value<uint8_t>(), uint8_t(0x50));
+    if (!isMotion) {
+        QVERIFY(motion.isEmpty());
+        QCOMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::Idle);
+        return;
+    }
+    QCOMPARE(motion.size(), 1);
+    QCOMPARE(motion.first().at(0).toFloat(), 0.5f);
+    QCOMPARE(motion.first().at(1).toFloat(), -0.2f);
+    QCOMPARE(motion.first().at(2).toFloat(), 1.0f);
+    QCOMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::ReceivingMotion);
+}
+
+void TestTavrixController::helicopterStartsAndRefusesArmingAboveIdle()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig, QStringLiteral("rc_helicopter"));
+    TavrixController &c = *rig.controller;
+    QVERIFY(c.isHelicopter());
+    QSignalSpy errors(&c, &TavrixController::errorOccurred);
+    QSignalSpy armed(&c, &TavrixController::heliArmedChanged);
+
+    // Collective at 15% of the lever (one-sided -1..+1), stick centred.
+    constexpr int kCollectiveSlot = 2;
+    rig.backend.setAxis(rig.secondDevice, kCollectiveSlot, rawForDeviceValue(-0.7));
+    QVERIFY(c.startTransmission());
+    QTRY_VERIFY(rig.sim.channelFrameCount() > 5);
+    QTRY_COMPARE(rig.sim.lastChannels()[0], kNeutral);
+
+    c.setHeliArmed(true);
+    QCOMPARE(errors.size(), 1);
+    QCOMPARE(errors.first().at(0).toString(),
+             QStringLiteral("Lower the collective before arming the motor."));
+    QVERIFY(!c.isHeliArmed());
+    QVERIFY(armed.isEmpty());
+
+    rig.backend.setAxis(rig.secondDevice, kCollectiveSlot, rawForDeviceValue(-0.9));
+    QTRY_VERIFY(c.device(DeviceRole::HeliThrottle)->axis(kCollectiveSlot) < -0.85f);
+    c.setHeliArmed(true);
+    QVERIFY(c.isHeliArmed());
+    QCOMPARE(armed.size(), 1);
+
+    c.stopTransmission();
+    QCOMPARE(armed.size(), 2);
+    QCOMPARE(armed.last().at(0).toBool(), false);
+
+    // Without the joystick the helicopter does not start.
+    c.disconnectDevice(DeviceRole::HeliJoystick);
+    QVERIFY(!c.startTransmission());
+    QCOMPARE(errors.last().at(0).toString(), QStringLiteral("Joystick not connected"));
+}
+
+void TestTavrixController::profileSwitchWaitsForStop()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    const QString heli = rig.profiles.createProfile(QStringLiteral("Heli"));
+    QVERIFY(!heli.isEmpty());
+    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
+    QSignalSpy changed(rig.controller.get(), &TavrixController::profileChanged);
+    QVERIFY(rig.controller->startTransmission());
+
+    QVERIFY(rig.profiles.setActiveProfile(heli));
+    QVERIFY(rig.profiles.setVehicleType(QStringLiteral("rc_helicopter")));
+    QCOMPARE(errors.size(), 1);
+    QVERIFY(!rig.controller->isHelicopter());
+    QVERIFY(rig.controller->isRunning());
+    QTRY_VERIFY(rig.sim.channelFrameCount() > 3);
+
+    rig.controller->stopTransmission();
+    QVERIFY(rig.controller->isHelicopter());
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.first().at(0).toString(), heli);
+    QVERIFY(!rig.controller->isDeviceConnected(DeviceRole::WheelBase));
+}
+
+QTEST_MAIN(TestTavrixController)
+#include "tst_tavrixcontroller.moc"
