@@ -1,0 +1,42 @@
+#include "hubservices.h"
+
+#include "inputbackend.h"
+#include "inputbackendfactory.h"
+#include "profilemanager.h"
+#include "tavrixcontroller.h"
+
+#include <QDebug>
+
+namespace tavrix {
+
+HubServices::HubServices(Options options, QObject *parent)
+    : QObject(parent)
+    , m_inputBackend(std::move(options.inputBackend))
+{
+    if (!m_inputBackend) {
+        m_inputBackend = options.inputSelection.isEmpty()
+                             ? createInputBackend(&m_inputProblem)
+                             : createInputBackend(options.inputSelection, &m_inputProblem);
+        if (!m_inputProblem.isEmpty())
+            qWarning().noquote() << "hub: game controllers:" << m_inputProblem;
+    }
+
+    m_profiles = options.dataDirectory.isEmpty() ? new ProfileManager(this)
+                                                 : new ProfileManager(options.dataDirectory, this);
+    m_profiles->loadProfiles();
+
+    m_controller = new TavrixController(m_inputBackend.get(), m_profiles, std::move(options.ports),
+                                        options.timings, this);
+}
+
+HubServices::~HubServices()
+{
+    // The controller stops transmission ("STOP\n") and releases the devices before the
+    // profile store writes its files and the backend goes away.
+    delete m_controller;
+    m_controller = nullptr;
+    delete m_profiles;
+    m_profiles = nullptr;
+}
+
+} // namespace tavrix

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "controllertimings.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+namespace tavrix {
+
+class InputBackend;
+class ProfileManager;
+class SerialPortDirectory;
+class TavrixController;
+
+// Owns the hub's long-lived services for one run: the profile store, the game-controller
+// backend and the transmission controller (later also the remote server and the motion
+// services). The main window and the headless runner both present one HubServices; neither
+// owns a service directly, so the two modes run exactly the same code.
+class HubServices : public QObject
+{
+    Q_OBJECT
+public:
+    struct Options
+    {
+        // Where the game controllers come from: empty means ORVANEHUB_INPUT, then the platform's.
+        QString inputSelection;
+        // An already made backend (the demo's virtual rig, tests); wins over inputSelection.
+        std::unique_ptr<InputBackend> inputBackend;
+        // Where the transmitter may be found (the system's serial ports when null).
+        std::shared_ptr<const SerialPortDirectory> ports;
+        // Profile storage; empty means the user's application data directory.
+        QString dataDirectory;
+        ControllerTimings timings;
+    };
+
+    explicit HubServices(Options options, QObject *parent = nullptr);
+    ~HubServices() override;
+
+    [[nodiscard]] TavrixController *controller() const { return m_controller; }
+    [[nodiscard]] ProfileManager *profiles() const { return m_profiles; }
+    [[nodiscard]] InputBackend *inputBackend() const { return m_inputBackend.get(); }
+    // Why the requested input source could not be used (empty when it could).
+    [[nodiscard]] QString inputProblem() const { return m_inputProblem; }
+
+private:
+    // Declared first so it is destroyed last: the controller's devices read through it.
+    std::unique_ptr<InputBackend> m_inputBackend;
+    QString m_inputProblem;
+    ProfileManager *m_profiles = nullptr;
+    TavrixController *m_controller = nullptr;
+};
+
+} // namespace tavrix
