@@ -55,7 +55,7 @@ struct CommandLineOptions
     std::optional<qint32> baudRate;
     // Unset: whatever the active profile is.
     std::optional<VehicleType> vehicle;
-    // In the order given; roles not named use the device saved in the profile.
+    // One per role named, in role order; roles not named use the device saved in the profile.
     QList<RoleChoice> devices;
     // Start transmission as soon as the transmitter and the devices are there.
     bool start = false;
