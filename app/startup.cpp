@@ -8,11 +8,16 @@
 
 namespace tavrix {
 
+void applyCoreIdentity()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("OrvaneLabs"));
+    QCoreApplication::setApplicationName(QStringLiteral("OrvaneLabs HUB"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
+}
+
 void applyIdentity(QApplication &app)
 {
-    QApplication::setOrganizationName(QStringLiteral("OrvaneLabs"));
-    QApplication::setApplicationName(QStringLiteral("OrvaneLabs HUB"));
-    QApplication::setApplicationVersion(QStringLiteral(ORVANE_VERSION));
+    applyCoreIdentity();
     app.setWindowIcon(QIcon(QStringLiteral(":/images/orvanelabs-logo.png")));
 }
 

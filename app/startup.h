@@ -11,6 +11,8 @@ namespace tavrix {
 // The application's identity: organisation "OrvaneLabs", application "OrvaneLabs HUB",
 // the version and the window icon. The settings store is keyed by the first two.
 void applyIdentity(QApplication &app);
+// The same without the icon, for the modes that run without a window (same settings and data).
+void applyCoreIdentity();
 
 // Tries "sim-to-rc_" + the locale name of each language in order, in directory, and
 // installs the first translation that loads. Returns its locale name, or an empty string

@@ -3,6 +3,7 @@
 #include "tavrixserialport.h"
 
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 
@@ -33,6 +34,28 @@ QList<SerialPortDescription> PathSerialPortDirectory::ports() const
         // exists() follows symlinks: a link whose pty has gone counts as unplugged.
         if (QFileInfo::exists(path))
             list.append(SerialPortDescription{path, QStringLiteral("Pseudo-terminal"), QString(), 0, 0});
+    }
+    return list;
+}
+
+CompositeSerialPortDirectory::CompositeSerialPortDirectory(
+    QList<std::shared_ptr<const SerialPortDirectory>> parts)
+    : m_parts(std::move(parts))
+{}
+
+QList<SerialPortDescription> CompositeSerialPortDirectory::ports() const
+{
+    QList<SerialPortDescription> list;
+    QSet<QString> seen;
+    for (const std::shared_ptr<const SerialPortDirectory> &part : m_parts) {
+        if (!part)
+            continue;
+        for (const SerialPortDescription &port : part->ports()) {
+            if (!seen.contains(port.portName)) {
+                seen.insert(port.portName);
+                list.append(port);
+            }
+        }
     }
     return list;
 }

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 namespace tavrix {
 
 // One serial port as the port list shows it.
@@ -50,6 +52,20 @@ public:
 
 private:
     QStringList m_paths;
+};
+
+// Several directories as one list, in the order given; a port name listed by more than one
+// appears once, as the first lists it. The simulator demo lists the system's ports and the
+// simulated bridge this way; a headless run adds the port it was told to use.
+class CompositeSerialPortDirectory final : public SerialPortDirectory
+{
+public:
+    explicit CompositeSerialPortDirectory(QList<std::shared_ptr<const SerialPortDirectory>> parts = {});
+
+    [[nodiscard]] QList<SerialPortDescription> ports() const override;
+
+private:
+    QList<std::shared_ptr<const SerialPortDirectory>> m_parts;
 };
 
 } // namespace tavrix

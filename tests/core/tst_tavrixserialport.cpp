@@ -4,6 +4,7 @@
 #include "tavrixserialport.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QSerialPort>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -62,6 +63,8 @@ private slots:
     void closeCancelsWaitingOpen();
     void hangUpClosesAndReportsOnce();
     void pathDirectoryListsPresentPortsOnly();
+    void compositeDirectoryListsEachNameOnce_data();
+    void compositeDirectoryListsEachNameOnce();
 };
 
 void TestTavrixSerialPort::openAndCloseAnnounceInOrder()
@@ -295,6 +298,49 @@ void TestTavrixSerialPort::pathDirectoryListsPresentPortsOnly()
     QVERIFY(!ports.contains(link));
     QVERIFY(pty.plugIn());
     QVERIFY(ports.contains(link));
+}
+
+void TestTavrixSerialPort::compositeDirectoryListsEachNameOnce_data()
+{
+    QTest::addColumn<QStringList>("first");
+    QTest::addColumn<QStringList>("second");
+    QTest::addColumn<QStringList>("present");
+    QTest::addColumn<QStringList>("expected");
+    const auto names = [](const char *text) {
+        return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    };
+    QTest::newRow("union in order") << names("a b") << names("c") << names("a b c") << names("a b c");
+    QTest::newRow("duplicate listed once, first place")
+        << names("a b") << names("c a") << names("a b c") << names("a b c");
+    QTest::newRow("absent paths of either part left out")
+        << names("a b") << names("c") << names("b c") << names("b c");
+    QTest::newRow("both empty") << names("") << names("") << names("a") << names("");
+}
+
+void TestTavrixSerialPort::compositeDirectoryListsEachNameOnce()
+{
+    QFETCH(QStringList, first);
+    QFETCH(QStringList, second);
+    QFETCH(QStringList, present);
+    QFETCH(QStringList, expected);
+    QTemporaryDir dir;
+    const auto inDir = [&dir](const QStringList &names) {
+        QStringList paths;
+        for (const QString &name : names)
+            paths.append(dir.filePath(name));
+        return paths;
+    };
+    for (const QString &path : inDir(present)) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    const tavrix::CompositeSerialPortDirectory ports(
+        {std::make_shared<PathSerialPortDirectory>(inDir(first)), nullptr,
+         std::make_shared<PathSerialPortDirectory>(inDir(second))});
+    QStringList names;
+    for (const tavrix::SerialPortDescription &port : ports.ports())
+        names.append(port.portName);
+    QCOMPARE(names, inDir(expected));
 }
 
 QTEST_GUILESS_MAIN(TestTavrixSerialPort)

@@ -45,7 +45,11 @@ private slots:
     void statesTakeEffectAtTheirTime_data();
     void statesTakeEffectAtTheirTime();
     void lastStateHoldsAndFinishIsReportedOnce();
+    void loopingReplaysFromCentredDevices_data();
+    void loopingReplaysFromCentredDevices();
+    void loopingSkipsWholeRoundsAfterAStall();
     void playsInRealTime();
+    void loopsInRealTime();
     void inputDeviceReadsAReplay();
     void missingAndOversizeFiles();
     void shippedExamplesParse_data();
@@ -202,6 +206,62 @@ void TestReplayScript::lastStateHoldsAndFinishIsReportedOnce()
     QCOMPARE(backend.state(player.deviceIds()[0]).axes[SlotX], 20000);
 }
 
+void TestReplayScript::loopingReplaysFromCentredDevices_data()
+{
+    QTest::addColumn<qint64>("at");
+    QTest::addColumn<qint64>("round");
+    QTest::addColumn<qint32>("wheelX");
+    QTest::addColumn<bool>("button2");
+    QTest::addColumn<qint32>("throttle");
+    // kTwoDevices lasts 400 ms; the wheel has no line at 0 ms, so only the new round's
+    // centring brings it back.
+    QTest::newRow("first round") << qint64(300) << qint64(1) << 20000 << true << 65535;
+    QTest::newRow("end of the first round is the second's start")
+        << qint64(400) << qint64(2) << 32767 << false << 0;
+    QTest::newRow("second round, 100 ms in") << qint64(500) << qint64(2) << 50000 << true << 65535;
+    QTest::newRow("second round, 250 ms in") << qint64(650) << qint64(2) << 20000 << true << 65535;
+    QTest::newRow("fourth round, 50 ms in") << qint64(1250) << qint64(4) << 32767 << false << 0;
+}
+
+void TestReplayScript::loopingReplaysFromCentredDevices()
+{
+    QFETCH(qint64, at);
+    QFETCH(qint64, round);
+    QFETCH(qint32, wheelX);
+    QFETCH(bool, button2);
+    QFETCH(qint32, throttle);
+    VirtualBackend backend;
+    ReplayPlayer player(parsed(kTwoDevices), &backend, [] { return qint64(0); });
+    player.setLooping(true);
+    QSignalSpy finished(&player, &ReplayPlayer::finished);
+    // Walk the clock in small steps, as the timer would.
+    for (qint64 t = 0; t <= at; t += 10)
+        player.advanceTo(t);
+    player.advanceTo(at);
+    QCOMPARE(player.round(), round);
+    QVERIFY(!player.isFinished());
+    QCOMPARE(finished.count(), 0);
+    const RawInputState wheel = backend.state(player.deviceIds()[0]);
+    QCOMPARE(wheel.axes[SlotX], wheelX);
+    QCOMPARE(wheel.buttons[2] == 0x80, button2);
+    QCOMPARE(backend.state(player.deviceIds()[1]).axes[SlotRx], throttle);
+}
+
+void TestReplayScript::loopingSkipsWholeRoundsAfterAStall()
+{
+    VirtualBackend backend;
+    ReplayPlayer player(parsed(kTwoDevices), &backend, [] { return qint64(0); });
+    player.setLooping(true);
+    QSignalSpy looped(&player, &ReplayPlayer::looped);
+    player.advanceTo(10);
+    // A stall of 25 rounds: one jump to the round that is due, not 25 replays.
+    player.advanceTo(10 * 1000 + 120);
+    QCOMPARE(looped.count(), 1);
+    QCOMPARE(looped.at(0).at(0).toLongLong(), qint64(26));
+    QCOMPARE(player.round(), qint64(26));
+    QCOMPARE(backend.state(player.deviceIds()[0]).axes[SlotX], 50000);
+}
+
 void TestReplayScript::playsInRealTime()
 {
     const QByteArray text = R"({"device": {"name": "Stick"}}
@@ -217,6 +277,24 @@ void TestReplayScript::playsInRealTime()
     QVERIFY(finished.wait(5000));
     QCOMPARE(backend.state(player.deviceIds()[0]).axes[SlotY], 3000);
     QVERIFY(player.position() >= 60);
+}
+
+void TestReplayScript::loopsInRealTime()
+{
+    const QByteArray text = R"({"device": {"name": "Stick"}}
+{"t": 0, "device": 0, "axes": {"lY": 1000}}
+{"t": 20, "device": 0, "axes": {"lY": 2000}}
+{"t": 40, "device": "Stick", "axes": {"lY": 3000}}
+)";
+    VirtualBackend backend;
+    ReplayPlayer player(parsed(text), &backend);
+    player.setLooping(true);
+    QSignalSpy looped(&player, &ReplayPlayer::looped);
+    player.start();
+    QVERIFY(looped.wait(5000));
+    QVERIFY(looped.wait(5000));
+    QVERIFY(player.round() >= 3);
+    QVERIFY(!player.isFinished());
 }
 
 void TestReplayScript::inputDeviceReadsAReplay()

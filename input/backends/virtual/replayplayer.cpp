@@ -39,14 +39,33 @@ void ReplayPlayer::advanceTo(qint64 ms)
 {
     m_position = std::max(m_position, ms);
     const std::vector<ReplayEvent> &events = m_script.events();
-    while (m_next < events.size() && events[m_next].timeMs <= m_position) {
-        const ReplayEvent &event = events[m_next++];
-        m_backend->setState(m_deviceIds.at(event.device), event.state);
+    for (;;) {
+        while (m_next < events.size() && m_roundStart + events[m_next].timeMs <= m_position) {
+            const ReplayEvent &event = events[m_next++];
+            m_backend->setState(m_deviceIds.at(event.device), event.state);
+        }
+        if (!isLooping() || m_next < events.size())
+            break;
+        // The last line's time ends the round; the states of the round that is due now
+        // follow at once (after a long stall whole rounds are skipped, not replayed).
+        beginNextRound();
     }
     if (isFinished() && !m_finishedReported) {
         m_finishedReported = true;
         emit finished();
     }
+}
+
+void ReplayPlayer::beginNextRound()
+{
+    const qint64 duration = m_script.durationMs();
+    const qint64 rounds = std::max<qint64>(1, (m_position - m_roundStart) / duration);
+    m_roundStart += rounds * duration;
+    m_round += rounds;
+    m_next = 0;
+    for (const int id : std::as_const(m_deviceIds))
+        m_backend->setState(id, RawInputState());
+    emit looped(m_round);
 }
 
 void ReplayPlayer::onTimer()
@@ -59,7 +78,7 @@ void ReplayPlayer::scheduleNext()
 {
     if (isFinished())
         return;
-    const qint64 wait = m_script.events()[m_next].timeMs - now();
+    const qint64 wait = m_roundStart + m_script.events()[m_next].timeMs - now();
     m_timer.start(int(std::clamp<qint64>(wait, 0, 24 * 3600 * 1000)));
 }
 

@@ -14,7 +14,8 @@ namespace tavrix {
 
 // Plays a replay script into a VirtualBackend: declares its devices at once (centred, hats
 // centred) and sets each device's state when the script's time comes. After the last line
-// every device keeps its last state.
+// every device keeps its last state, unless the player loops: then the time of the last line
+// ends one round, every device is centred again and the script plays anew from 0 ms.
 class ReplayPlayer : public QObject
 {
     Q_OBJECT
@@ -35,14 +36,25 @@ public:
     // Applies every state whose time is at or before ms (never goes back).
     void advanceTo(qint64 ms);
     qint64 position() const { return m_position; }
-    bool isFinished() const { return m_next >= m_script.events().size(); }
+    // A looping player never finishes. A script whose lines all sit at 0 ms has nothing to
+    // repeat and plays once.
+    bool isFinished() const { return !isLooping() && m_next >= m_script.events().size(); }
+
+    // Plays the script again and again (set before start()).
+    void setLooping(bool looping) { m_looping = looping; }
+    bool isLooping() const { return m_looping && m_script.durationMs() > 0; }
+    // Rounds begun so far, counting the first.
+    qint64 round() const { return m_round; }
 
 signals:
     void finished();
+    // A looping player began round `round` (2, 3, ...) with every device centred again.
+    void looped(qint64 round);
 
 private:
     void onTimer();
     void scheduleNext();
+    void beginNextRound();
     qint64 now() const;
 
     ReplayScript m_script;
@@ -53,6 +65,10 @@ private:
     QList<int> m_deviceIds;
     size_t m_next = 0;
     qint64 m_position = 0;
+    // Script time 0 of the current round, on the player's clock.
+    qint64 m_roundStart = 0;
+    qint64 m_round = 1;
+    bool m_looping = false;
     bool m_finishedReported = false;
 };
 

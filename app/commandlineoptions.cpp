@@ -1,0 +1,238 @@
+#include "commandlineoptions.h"
+
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+#include <array>
+
+namespace tavrix {
+
+namespace {
+
+constexpr qint32 kLowestBaudRate = 1200;
+constexpr qint32 kHighestBaudRate = 12000000;
+// Far more than any machine has game controllers; a bigger number is a typo.
+constexpr int kHighestDeviceIndex = 255;
+
+struct RoleOption
+{
+    QLatin1StringView name;
+    DeviceRole role;
+    bool helicopter;
+};
+
+constexpr std::array<RoleOption, 6> kRoleOptions{{
+    {QLatin1StringView("wheel"), DeviceRole::WheelBase, false},
+    {QLatin1StringView("pedals"), DeviceRole::Pedals, false},
+    {QLatin1StringView("shifter"), DeviceRole::Shifter, false},
+    {QLatin1StringView("joystick"), DeviceRole::HeliJoystick, true},
+    {QLatin1StringView("throttle"), DeviceRole::HeliThrottle, true},
+    {QLatin1StringView("rudder"), DeviceRole::HeliPedals, true},
+}};
+
+QString dashed(QLatin1StringView name)
+{
+    return QStringLiteral("--") + name;
+}
+
+// Digits (with an optional sign) are an index; anything else is a device name.
+std::optional<DeviceChoice> parseDeviceChoice(const QString &value, QString *error, QLatin1StringView option)
+{
+    const QString text = value.trimmed();
+    if (text.isEmpty()) {
+        *error = QStringLiteral("%1 needs a device index (0, 1, ...) or a device name").arg(dashed(option));
+        return std::nullopt;
+    }
+    static const QRegularExpression number(QStringLiteral("^[+-]?[0-9]+$"));
+    if (!number.match(text).hasMatch())
+        return DeviceChoice{-1, text};
+    bool ok = false;
+    const int index = text.toInt(&ok);
+    if (!ok || index < 0 || index > kHighestDeviceIndex) {
+        *error = QStringLiteral("%1: \"%2\" is not a device index (0 to %3, as --list-devices numbers them)")
+                     .arg(dashed(option), text)
+                     .arg(kHighestDeviceIndex);
+        return std::nullopt;
+    }
+    return DeviceChoice{index, QString()};
+}
+
+// The options that only make sense without a window, by their dashed name, when set.
+QStringList headlessOnlyOptions(const QCommandLineParser &parser)
+{
+    QStringList set;
+    for (const char *name : {"transmitter", "baud", "vehicle", "start"}) {
+        if (parser.isSet(QLatin1String(name)))
+            set.append(dashed(QLatin1StringView(name)));
+    }
+    for (const RoleOption &role : kRoleOptions) {
+        if (parser.isSet(role.name))
+            set.append(dashed(role.name));
+    }
+    return set;
+}
+
+QString parseInto(QCommandLineParser &parser, const QStringList &arguments, CommandLineOptions &options)
+{
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("?")},
+                                  QString());
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")}, QString());
+    const QCommandLineOption headless(QStringLiteral("headless"), QString());
+    const QCommandLineOption listDevices(QStringLiteral("list-devices"), QString());
+    const QCommandLineOption demo(QStringLiteral("demo"), QString());
+    const QCommandLineOption start(QStringLiteral("start"), QString());
+    const QCommandLineOption transmitter(QStringLiteral("transmitter"), QString(), QStringLiteral("port"));
+    const QCommandLineOption baud(QStringLiteral("baud"), QString(), QStringLiteral("rate"));
+    const QCommandLineOption vehicle(QStringLiteral("vehicle"), QString(), QStringLiteral("type"));
+    parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, vehicle});
+    for (const RoleOption &role : kRoleOptions)
+        parser.addOption(QCommandLineOption(QString(role.name), QString(), QStringLiteral("device")));
+
+    if (!parser.parse(arguments))
+        return parser.errorText();
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().constFirst());
+
+    if (parser.isSet(help)) {
+        options.action = CommandLineOptions::Action::Help;
+        return {};
+    }
+    if (parser.isSet(version)) {
+        options.action = CommandLineOptions::Action::Version;
+        return {};
+    }
+    if (parser.isSet(listDevices)) {
+        options.action = CommandLineOptions::Action::ListDevices;
+        return {};
+    }
+
+    options.demo = parser.isSet(demo);
+    options.action =
+        parser.isSet(headless) ? CommandLineOptions::Action::Headless : CommandLineOptions::Action::Window;
+
+    const QStringList headlessOnly = headlessOnlyOptions(parser);
+    if (options.action == CommandLineOptions::Action::Window && !headlessOnly.isEmpty())
+        return QStringLiteral("%1 needs --headless (the window has its own controls)")
+            .arg(headlessOnly.first());
+    if (options.demo) {
+        const QStringList ownRig = headlessOnly.filter(QRegularExpression(QStringLiteral("^--(?!start$)")));
+        if (!ownRig.isEmpty())
+            return QStringLiteral(
+                       "%1 cannot be used with --demo, which brings its own transmitter and devices")
+                .arg(ownRig.first());
+        options.start = true;
+    }
+
+    if (parser.isSet(transmitter)) {
+        options.transmitterPort = parser.value(transmitter).trimmed();
+        if (options.transmitterPort.isEmpty())
+            return QStringLiteral("--transmitter needs a serial port, such as /dev/ttyACM0 or COM3");
+    }
+    if (parser.isSet(baud)) {
+        bool ok = false;
+        const qint32 rate = parser.value(baud).trimmed().toInt(&ok);
+        if (!ok || rate < kLowestBaudRate || rate > kHighestBaudRate) {
+            return QStringLiteral("--baud: \"%1\" is not a baud rate (a whole number from %2 to %3)")
+                .arg(parser.value(baud))
+                .arg(kLowestBaudRate)
+                .arg(kHighestBaudRate);
+        }
+        options.baudRate = rate;
+    }
+    if (parser.isSet(vehicle)) {
+        const QString type = parser.value(vehicle).trimmed().toLower();
+        if (type == QLatin1String("car"))
+            options.vehicle = VehicleType::Car;
+        else if (type == QLatin1String("heli"))
+            options.vehicle = VehicleType::Helicopter;
+        else
+            return QStringLiteral("--vehicle must be car or heli, not \"%1\"").arg(parser.value(vehicle));
+    }
+    options.start = options.start || parser.isSet(start);
+
+    const bool helicopter = options.vehicle == VehicleType::Helicopter;
+    for (const RoleOption &role : kRoleOptions) {
+        if (!parser.isSet(role.name))
+            continue;
+        if (role.helicopter && !helicopter)
+            return QStringLiteral("%1 is a helicopter role: add --vehicle heli").arg(dashed(role.name));
+        if (!role.helicopter && helicopter)
+            return QStringLiteral("%1 is a car role and cannot be used with --vehicle heli")
+                .arg(dashed(role.name));
+        QString error;
+        const std::optional<DeviceChoice> choice =
+            parseDeviceChoice(parser.value(role.name), &error, role.name);
+        if (!choice)
+            return error;
+        options.devices.append(RoleChoice{role.role, *choice});
+    }
+    return {};
+}
+
+} // namespace
+
+QString DeviceChoice::describe() const
+{
+    return isByIndex() ? QStringLiteral("#%1").arg(index) : QStringLiteral("\"%1\"").arg(name);
+}
+
+CommandLineParse parseCommandLine(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    // "-platform" and friends are Qt's own, not a bundle of single-letter options.
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    CommandLineParse result;
+    result.error = parseInto(parser, arguments, result.options);
+    if (!result.isValid())
+        result.options = CommandLineOptions();
+    return result;
+}
+
+QString commandLineHelp()
+{
+    return QStringLiteral(
+        "Usage: orvanehub [options]\n"
+        "\n"
+        "OrvaneLabs HUB: drive an RC car or fly an RC helicopter with game controllers through the\n"
+        "Orvane Transmitter. Without options it opens its window.\n"
+        "\n"
+        "Modes:\n"
+        "  --headless             Run without a window, logging to stdout and stderr; SIGINT or\n"
+        "                         SIGTERM stops transmission (\"STOP\" goes to the bridge) and\n"
+        "                         exits with status 0.\n"
+        "  --demo                 Run against the built-in bridge simulator and a virtual wheel,\n"
+        "                         pedals and shifter playing a looping drive; needs no hardware and\n"
+        "                         never touches your profiles. Works with and without --headless.\n"
+        "  --list-devices         Print the game controllers (index, label, preset, GUID) and exit.\n"
+        "  -h, --help             Print this help and exit.\n"
+        "  -v, --version          Print the version and exit.\n"
+        "\n"
+        "Headless options:\n"
+        "  --transmitter <port>   The transmitter's serial port (default: the port remembered in\n"
+        "                         the active profile).\n"
+        "  --baud <rate>          Its baud rate (default 115200, or the rate remembered with the\n"
+        "                         profile's port).\n"
+        "  --vehicle car|heli     Use the last used profile of that vehicle type (made when there\n"
+        "                         is none) instead of the active one.\n"
+        "  --wheel <device>       Car roles: wheel base, pedals, shifter.\n"
+        "  --pedals <device>\n"
+        "  --shifter <device>\n"
+        "  --joystick <device>    Helicopter roles (with --vehicle heli): joystick, throttle,\n"
+        "  --throttle <device>    rudder pedals.\n"
+        "  --rudder <device>\n"
+        "                         <device> is an index as --list-devices numbers the controllers\n"
+        "                         (0, 1, ...) or a device name. Roles not given use the devices\n"
+        "                         saved in the profile.\n"
+        "  --start                Start transmission as soon as the transmitter and the devices are\n"
+        "                         connected. The start checks still apply: a refusal (pedals\n"
+        "                         pressed, a device missing) is printed and the start is tried\n"
+        "                         again every 500 ms, also after a stop, until the process ends.\n"
+        "\n"
+        "Environment:\n"
+        "  ORVANEHUB_INPUT=virtual:FILE   Play game controllers from a replay file instead of\n"
+        "                                 using real ones (see tools/replays/README.md).\n"
+        "\n"
+        "Exit status: 0 after a clean stop, 1 when the run cannot go on, 2 for a bad command line.\n");
+}
+
+} // namespace tavrix

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "controllertypes.h"
+#include "profilemanager.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace tavrix {
+
+// Exit status of a command line that cannot be honoured (unknown option, bad value, conflict).
+inline constexpr int kBadUsageExitCode = 2;
+
+// Which game controller serves a role: its position in the enumeration (as the device lists
+// and `--list-devices` show them, from 0) or its name.
+struct DeviceChoice
+{
+    int index = -1;
+    QString name;
+
+    [[nodiscard]] bool isByIndex() const { return index >= 0; }
+    // "#1" or "\"MOZA R9 Base\"", for messages.
+    [[nodiscard]] QString describe() const;
+    friend bool operator==(const DeviceChoice &, const DeviceChoice &) = default;
+};
+
+struct RoleChoice
+{
+    DeviceRole role = DeviceRole::WheelBase;
+    DeviceChoice device;
+    friend bool operator==(const RoleChoice &, const RoleChoice &) = default;
+};
+
+// What the command line asks of orvanehub, already checked for bad values and conflicts.
+struct CommandLineOptions
+{
+    enum class Action
+    {
+        Window,      // the normal windowed hub
+        Headless,    // no window: log lines only, stopped by SIGINT/SIGTERM
+        ListDevices, // print the game-controller report and exit
+        Help,
+        Version,
+    };
+
+    Action action = Action::Window;
+    // The bridge simulator and a virtual rig instead of real hardware (window or headless).
+    bool demo = false;
+    // Empty: the port remembered in the active profile.
+    QString transmitterPort;
+    // Unset: 115200 with --transmitter, else the rate remembered with the port.
+    std::optional<qint32> baudRate;
+    // Unset: whatever the active profile is.
+    std::optional<VehicleType> vehicle;
+    // One per role named, in role order; roles not named use the device saved in the profile.
+    QList<RoleChoice> devices;
+    // Start transmission as soon as the transmitter and the devices are there.
+    bool start = false;
+};
+
+struct CommandLineParse
+{
+    CommandLineOptions options;
+    // Why the command line cannot be used (exit with kBadUsageExitCode); empty when it can.
+    QString error;
+
+    [[nodiscard]] bool isValid() const { return error.isEmpty(); }
+};
+
+// Reads the program's arguments (the first is the program itself). Pure: prints nothing and
+// needs no application object, so main() can decide between a window and none before making one.
+[[nodiscard]] CommandLineParse parseCommandLine(const QStringList &arguments);
+
+// The text `--help` prints.
+[[nodiscard]] QString commandLineHelp();
+
+} // namespace tavrix

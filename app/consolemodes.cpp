@@ -1,0 +1,139 @@
+#include "consolemodes.h"
+
+#include "demorig.h"
+#include "devicereport.h"
+#include "headlessrunner.h"
+#include "hubservices.h"
+#include "inputbackendfactory.h"
+#include "serialportdirectory.h"
+#include "startup.h"
+#include "unixsignalwatcher.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+#include <QTextStream>
+
+#include <csignal>
+#include <memory>
+
+namespace tavrix {
+
+namespace {
+
+constexpr int kCannotRunExitCode = 1;
+
+int listDevices()
+{
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    QString error;
+    const std::unique_ptr<InputBackend> backend = createInputBackend(&error);
+    if (!error.isEmpty()) {
+        err << "orvanehub: " << error << '\n';
+        return kBadUsageExitCode;
+    }
+    writeDeviceReport(out, *backend);
+    return 0;
+}
+
+// The system's ports plus the one named on the command line, which may be a pseudo-terminal
+// (the simulator) that the system's list never shows, so reconnects find it again.
+std::shared_ptr<const SerialPortDirectory> portsWith(const QString &portName)
+{
+    auto system = std::make_shared<SystemSerialPortDirectory>();
+    if (portName.isEmpty())
+        return system;
+    return std::make_shared<CompositeSerialPortDirectory>(QList<std::shared_ptr<const SerialPortDirectory>>{
+        system, std::make_shared<PathSerialPortDirectory>(QStringList{portName})});
+}
+
+} // namespace
+
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+int runInformationMode(int &argc, char **argv, const CommandLineParse &parsed)
+{
+    if (!parsed.isValid()) {
+        QTextStream(stderr) << "orvanehub: " << parsed.error << "\nTry 'orvanehub --help' for the options.\n";
+        return kBadUsageExitCode;
+    }
+    switch (parsed.options.action) {
+    case CommandLineOptions::Action::Help:
+        QTextStream(stdout) << commandLineHelp();
+        return 0;
+    case CommandLineOptions::Action::Version:
+        QTextStream(stdout) << "orvanehub " << ORVANE_VERSION << '\n';
+        return 0;
+    case CommandLineOptions::Action::ListDevices: {
+        // A replay plays on timers, which need an application object.
+        QCoreApplication app(argc, argv);
+        return listDevices();
+    }
+    case CommandLineOptions::Action::Window:
+    case CommandLineOptions::Action::Headless:
+        break;
+    }
+    return kBadUsageExitCode;
+}
+
+int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
+{
+    QCoreApplication app(argc, argv);
+    applyCoreIdentity();
+    // Time-stamped lines on stderr for what the services log; the per-tick debug lines stay
+    // off unless QT_LOGGING_RULES asks for them.
+    qSetMessagePattern(QStringLiteral("%{time HH:mm:ss.zzz} %{if-warning}warning: %{endif}"
+                                      "%{if-critical}error: %{endif}%{message}"));
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
+
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+
+    std::unique_ptr<DemoRig> demo;
+    HubServices::Options serviceOptions;
+    SessionPlan plan = SessionPlan::fromOptions(options);
+    if (options.demo) {
+        demo = std::make_unique<DemoRig>();
+        QString error;
+        if (demo->prepare(&error))
+            serviceOptions = demo->takeServiceOptions(&error);
+        if (!error.isEmpty()) {
+            err << "orvanehub: " << error << '\n';
+            return kCannotRunExitCode;
+        }
+        plan = demo->plan();
+        out << "demo: simulated bridge on " << demo->bridgePort() << ", profiles in " << demo->dataDirectory()
+            << '\n';
+    } else {
+        serviceOptions.ports = portsWith(options.transmitterPort);
+    }
+
+    HubServices services(std::move(serviceOptions));
+    if (options.vehicle) {
+        QString error;
+        if (!activateVehicleProfile(*services.profiles(), *options.vehicle, &error)) {
+            err << "orvanehub: " << error << '\n';
+            return kCannotRunExitCode;
+        }
+    }
+
+    HeadlessRunner runner(services, plan, out, err);
+    QObject::connect(&runner, &HeadlessRunner::finished, &app, &QCoreApplication::exit, Qt::QueuedConnection);
+    UnixSignalWatcher signalWatcher({SIGINT, SIGTERM});
+    if (!signalWatcher.isActive())
+        err << "orvanehub: cannot watch SIGINT/SIGTERM; stopping will not send STOP\n";
+    QObject::connect(&signalWatcher, &UnixSignalWatcher::signalReceived, &runner, [&runner](int number) {
+        runner.stop(number == SIGINT ? QStringLiteral("SIGINT") : QStringLiteral("SIGTERM"));
+    });
+    if (!runner.begin())
+        return kCannotRunExitCode;
+    return app.exec();
+}
+
+} // namespace tavrix

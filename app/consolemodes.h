@@ -1,0 +1,20 @@
+#pragma once
+
+#include "commandlineoptions.h"
+
+namespace tavrix {
+
+// The modes of orvanehub that need no window. None of them makes a QApplication or a widget,
+// so they run on a machine without a display.
+
+// `--help`, `--version`, `--list-devices` and a bad command line: prints and returns the exit status.
+int runInformationMode(int &argc, char **argv, const CommandLineParse &parsed);
+
+// `--headless` (with or without `--demo`): runs until SIGINT/SIGTERM, then stops transmission
+// and returns 0; returns 1 when the run cannot start.
+int runHeadless(int &argc, char **argv, const CommandLineOptions &options);
+
+// The program's arguments as the command-line parser takes them, before any application exists.
+[[nodiscard]] QStringList argumentsOf(int argc, char **argv);
+
+} // namespace tavrix

@@ -1,0 +1,84 @@
+#include "demorig.h"
+
+#include "bridgesimulator.h"
+#include "replayplayer.h"
+#include "replayscript.h"
+#include "serialportdirectory.h"
+
+#include <QDir>
+
+namespace tavrix {
+
+namespace {
+
+// The devices of demo-loop.jsonl, by role.
+const QList<RoleChoice> &demoDevices()
+{
+    static const QList<RoleChoice> devices{
+        {DeviceRole::WheelBase, DeviceChoice{-1, QStringLiteral("MOZA R9 Base")}},
+        {DeviceRole::Pedals, DeviceChoice{-1, QStringLiteral("MOZA SR-P Pedals")}},
+        {DeviceRole::Shifter, DeviceChoice{-1, QStringLiteral("TH8A Shifter")}},
+    };
+    return devices;
+}
+
+} // namespace
+
+DemoRig::DemoRig(QObject *parent)
+    : QObject(parent)
+    , m_dataDirectory(QDir::tempPath() + QStringLiteral("/orvanehub-demo-XXXXXX"))
+    , m_bridge(new sim::BridgeSimulator(sim::BridgeSimulatorSettings{}, this))
+{}
+
+DemoRig::~DemoRig() = default;
+
+bool DemoRig::prepare(QString *error)
+{
+    if (!m_dataDirectory.isValid()) {
+        *error = QStringLiteral("cannot make the demo's folder: %1").arg(m_dataDirectory.errorString());
+        return false;
+    }
+    // A stable name in the private folder: the port list shows it and reconnects find it.
+    if (!m_bridge->start(m_dataDirectory.filePath(QStringLiteral("ttyOrvaneDemoBridge")))) {
+        *error = QStringLiteral("cannot start the simulated bridge: %1").arg(m_bridge->errorString());
+        return false;
+    }
+    return true;
+}
+
+QString DemoRig::bridgePort() const
+{
+    return m_bridge->clientPath();
+}
+
+HubServices::Options DemoRig::takeServiceOptions(QString *error)
+{
+    HubServices::Options options;
+    options.dataDirectory = m_dataDirectory.path();
+    options.ports =
+        std::make_shared<CompositeSerialPortDirectory>(QList<std::shared_ptr<const SerialPortDirectory>>{
+            std::make_shared<SystemSerialPortDirectory>(),
+            std::make_shared<PathSerialPortDirectory>(QStringList{bridgePort()})});
+
+    ReplayScript script = ReplayScript::load(QString::fromLatin1(kReplayResource));
+    if (!script.isValid()) {
+        *error = QStringLiteral("the demo drive cannot be read: %1").arg(script.errorString());
+        return options;
+    }
+    auto rig = std::make_unique<ReplayBackend>(std::move(script));
+    rig->player().setLooping(true);
+    rig->player().start();
+    options.inputBackend = std::move(rig);
+    return options;
+}
+
+SessionPlan DemoRig::plan() const
+{
+    SessionPlan plan;
+    plan.transmitterPort = bridgePort();
+    plan.devices = demoDevices();
+    plan.start = true;
+    return plan;
+}
+
+} // namespace tavrix

@@ -1,0 +1,157 @@
+#include "headlessrunner.h"
+
+#include "hubservices.h"
+#include "inputdevice.h"
+#include "tavrixcontroller.h"
+
+#include <QDateTime>
+#include <QTextStream>
+
+namespace tavrix {
+
+namespace {
+
+QString onOff(bool connected, const char *what)
+{
+    return QStringLiteral("%1 %2").arg(QLatin1String(what), connected ? QStringLiteral("connected")
+                                                                      : QStringLiteral("disconnected"));
+}
+
+} // namespace
+
+HeadlessRunner::HeadlessRunner(HubServices &services, SessionPlan plan, QTextStream &out, QTextStream &err,
+                               QObject *parent)
+    : HeadlessRunner(services, std::move(plan), out, err, Timings{}, parent)
+{}
+
+HeadlessRunner::HeadlessRunner(HubServices &services, SessionPlan plan, QTextStream &out, QTextStream &err,
+                               const Timings &timings, QObject *parent)
+    : QObject(parent)
+    , m_services(services)
+    , m_starter(new SessionStarter(services.controller(), std::move(plan), timings.retryInterval, this))
+    , m_out(out)
+    , m_err(err)
+    , m_timings(timings)
+{
+    m_statusTimer.setInterval(m_timings.statusInterval);
+    connect(&m_statusTimer, &QTimer::timeout, this, &HeadlessRunner::printStatus);
+    connect(m_starter, &SessionStarter::progress, this, &HeadlessRunner::printLine);
+    connect(m_starter, &SessionStarter::failed, this, [this](const QString &message) {
+        printError(message);
+        emit finished(1);
+    });
+    watchController();
+}
+
+void HeadlessRunner::watchController()
+{
+    TavrixController *controller = m_services.controller();
+    connect(controller, &TavrixController::serialConnectedChanged, this, [this, controller](bool connected) {
+        printLine(connected ? QStringLiteral("transmitter connected on %1").arg(controller->serialPortName())
+                            : QStringLiteral("transmitter disconnected"));
+    });
+    connect(controller, &TavrixController::runningChanged, this, [this, controller](bool running) {
+        if (running) {
+            printLine(QStringLiteral("transmission started"));
+            m_statusTimer.start();
+        } else {
+            printLine(QStringLiteral("transmission stopped after %1 frames").arg(controller->frameCount()));
+            m_statusTimer.stop();
+        }
+    });
+    connect(controller, &TavrixController::carLinkChanged, this, [this](bool linked) {
+        printLine(linked ? QStringLiteral("car link up") : QStringLiteral("car link lost"));
+    });
+    connect(controller, &TavrixController::errorOccurred, this, &HeadlessRunner::printError);
+
+    const auto deviceLine = [this, controller](DeviceRole role, const char *what) {
+        return [this, controller, role, what](bool connected) {
+            QString line = onOff(connected, what);
+            if (connected)
+                line += QStringLiteral(": %1").arg(controller->device(role)->deviceName());
+            printLine(line);
+        };
+    };
+    connect(controller, &TavrixController::wheelBaseConnectedChanged, this,
+            deviceLine(DeviceRole::WheelBase, "wheel base"));
+    connect(controller, &TavrixController::pedalsConnectedChanged, this,
+            deviceLine(DeviceRole::Pedals, "pedals"));
+    connect(controller, &TavrixController::shifterConnectedChanged, this,
+            deviceLine(DeviceRole::Shifter, "shifter"));
+    connect(controller, &TavrixController::heliJoystickConnectedChanged, this,
+            deviceLine(DeviceRole::HeliJoystick, "joystick"));
+    connect(controller, &TavrixController::heliThrottleConnectedChanged, this,
+            deviceLine(DeviceRole::HeliThrottle, "throttle"));
+    connect(controller, &TavrixController::heliPedalsConnectedChanged, this,
+            deviceLine(DeviceRole::HeliPedals, "rudder pedals"));
+}
+
+bool HeadlessRunner::begin()
+{
+    TavrixController *controller = m_services.controller();
+    if (!m_services.inputProblem().isEmpty())
+        printError(QStringLiteral("game controllers: %1").arg(m_services.inputProblem()));
+    printLine(QStringLiteral("profile \"%1\" (%2)")
+                  .arg(m_services.profiles()->activeProfileName(),
+                       controller->isHelicopter() ? QStringLiteral("helicopter") : QStringLiteral("car")));
+    // Devices the profile reopened before anyone listened.
+    for (const DeviceRole role :
+         {DeviceRole::WheelBase, DeviceRole::Pedals, DeviceRole::Shifter, DeviceRole::HeliJoystick,
+          DeviceRole::HeliThrottle, DeviceRole::HeliPedals}) {
+        if (controller->isDeviceConnected(role))
+            printLine(QStringLiteral("saved device open: %1").arg(controller->device(role)->deviceName()));
+    }
+    return m_starter->begin();
+}
+
+void HeadlessRunner::stop(const QString &reason)
+{
+    if (m_stopping)
+        return;
+    m_stopping = true;
+    printLine(QStringLiteral("stopping (%1)").arg(reason));
+    m_starter->halt();
+    m_services.controller()->stopTransmission();
+    QTimer::singleShot(m_timings.stopDrain, this, [this] { emit finished(0); });
+}
+
+void HeadlessRunner::printLine(const QString &line)
+{
+    m_out << QDateTime::currentDateTime().toString(QStringLiteral("HH:mm:ss.zzz")) << ' ' << line << '\n';
+    m_out.flush();
+}
+
+void HeadlessRunner::printError(const QString &error)
+{
+    // A refused start is tried again every half second; say so once, then now and then.
+    if (error == m_lastError && m_sinceLastError.isValid() &&
+        m_sinceLastError.elapsed() < m_timings.repeatErrorAfter.count()) {
+        return;
+    }
+    m_lastError = error;
+    m_sinceLastError.start();
+    m_err << QDateTime::currentDateTime().toString(QStringLiteral("HH:mm:ss.zzz")) << " error: " << error
+          << '\n';
+    m_err.flush();
+}
+
+void HeadlessRunner::printStatus()
+{
+    const TavrixController *controller = m_services.controller();
+    const ChannelValues &channels = controller->channels();
+    QString line =
+        QStringLiteral("transmitting: %1 frames, steering %2, throttle %3, brake %4, CH1 %5, CH2 %6")
+            .arg(controller->frameCount())
+            .arg(double(controller->steering()), 0, 'f', 2)
+            .arg(double(controller->throttle()), 0, 'f', 2)
+            .arg(double(controller->brake()), 0, 'f', 2)
+            .arg(channels[0])
+            .arg(channels[1]);
+    if (controller->isCarLinked())
+        line += QStringLiteral(", link quality %1%").arg(controller->linkStatistics().linkQuality);
+    else
+        line += QStringLiteral(", no car link");
+    printLine(line);
+}
+
+} // namespace tavrix
