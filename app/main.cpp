@@ -1,5 +1,6 @@
 // OrvaneLabs HUB: start-up in a fixed order (identity, theme, log routing, translation,
 // window, screenshot mode), then the event loop.
+#include "hubservices.h"
 #include "logrouter.h"
 #include "mainwindow.h"
 #include "screenshotmode.h"
@@ -27,7 +28,8 @@ int main(int argc, char *argv[])
     int exitCode = 0;
     bool restart = false;
     {
-        MainWindow window(theme, tavrix::LogRouter::instance());
+        tavrix::HubServices services{tavrix::HubServices::Options{}};
+        MainWindow window(services, theme, *tavrix::LogRouter::instance());
         window.show();
 
         if (const auto options = tavrix::ScreenshotMode::fromEnvironment()) {
