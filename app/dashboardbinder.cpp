@@ -66,7 +66,9 @@ void DashboardBinder::showDevices()
         if (m_controller->isDeviceConnected(role))
             names.append(m_controller->device(role)->deviceName());
     }
-    m_page->setDevicesState(int(names.size()), int(roles.size()),
+    // The first role (wheel base, joystick) is the one transmission needs; the others are optional.
+    const bool ready = !roles.isEmpty() && m_controller->isDeviceConnected(roles.first());
+    m_page->setDevicesState(int(names.size()), int(roles.size()), ready,
                             names.isEmpty() ? tr("Choose them on the vehicle's page")
                                             : names.join(QStringLiteral(", ")));
 }

@@ -97,7 +97,10 @@ void VehiclePageBinder::switchProfile()
 
 void VehiclePageBinder::repaint()
 {
-    if (isActiveVehicle())
+    // Before the first frame the channels hold no computed values yet: show none rather
+    // than sixteen zeros that look like full deflection.
+    const bool sentAny = m_controller->isRunning() || m_controller->frameCount() > 0;
+    if (isActiveVehicle() && sentAny)
         m_page->showChannels(m_controller->channels());
     else
         m_page->clearChannels();

@@ -320,12 +320,14 @@ private slots:
         QTRY_VERIFY(c->isHelicopter());
         QVERIFY(!heli->profileNotice()->isVisible());
         QCOMPARE(rig.services->profiles()->activeProfileName(), QStringLiteral("RC Helicopter"));
-        QCOMPARE(heli->rateButton(0)->text(), QStringLiteral("Beginner 60 %"));
-        QCOMPARE(heli->rateButton(2)->text(), QStringLiteral("3D 100 %"));
+        QCOMPARE(heli->rateButton(0)->text(), QStringLiteral("60 %"));
+        QCOMPARE(heli->rateButton(2)->text(), QStringLiteral("100 %"));
+        QCOMPARE(heli->rateModeText(), QStringLiteral("Rates: Beginner"));
 
         heli->rateButton(1)->click();
         QCOMPARE(c->heliRateMode(), 1);
         QVERIFY(heli->rateButton(1)->isChecked());
+        QCOMPARE(heli->rateModeText(), QStringLiteral("Rates: Sport"));
 
         heli->transmitterCard()->connectButton()->click();
         QVERIFY(c->isSerialConnected());

@@ -43,11 +43,16 @@ QWidget *CarPage::buildConfigureCard()
 {
     m_configure = new hub::Card(tr("Configure"), this);
     m_configure->setSubtitle(tr("Settings of the active car profile"));
-    QStringList lines;
-    for (const QString &topic : configureTopics())
-        lines.append(QStringLiteral("\u2022  ") + topic);
-    auto *topics = new QLabel(lines.join(QLatin1Char('\n')), m_configure);
-    m_configure->body()->addWidget(topics);
+    // Two columns keep the card short beside the taller cards of the right column.
+    auto *topics = new QGridLayout;
+    topics->setHorizontalSpacing(16);
+    topics->setVerticalSpacing(4);
+    const QStringList names = configureTopics();
+    const int perColumn = int(names.size() + 1) / 2;
+    for (int i = 0; i < names.size(); ++i)
+        topics->addWidget(new QLabel(QStringLiteral("\u2022  ") + names.at(i), m_configure), i % perColumn,
+                          i / perColumn);
+    m_configure->body()->addLayout(topics);
     m_configureText = new QLabel(m_configure);
     m_configureText->setObjectName(QStringLiteral("mutedText"));
     m_configureText->setWordWrap(true);

@@ -25,7 +25,7 @@ DashboardPage::DashboardPage(QWidget *parent)
     content()->addStretch(1);
 
     setTransmitterState(false);
-    setDevicesState(0, 3, tr("Choose them on the vehicle's page"));
+    setDevicesState(0, 3, false, tr("Choose them on the vehicle's page"));
     setCarLinked(false);
     setRemoteState(hub::Tone::Neutral, tr("Off"), tr("Companion app on the local network"));
     setTransmission(false);
@@ -74,7 +74,7 @@ QWidget *DashboardPage::buildTransmissionCard()
 QWidget *DashboardPage::buildTelemetryCard()
 {
     auto *card = new hub::Card(tr("Telemetry"), this);
-    card->setSubtitle(tr("The sensors you chose, with how fresh each reading is"));
+    card->setSubtitle(tr("The car's sensors the profile shows, stale readings dimmed"));
     m_telemetryEmpty = new hub::EmptyState(
         hub::Glyph::Gauge, tr("No telemetry yet"),
         tr("Readings from the car's sensors appear here while transmission runs and the car is linked."),
@@ -97,13 +97,13 @@ void DashboardPage::setTransmitterState(bool connected, const QString &port)
     }
 }
 
-void DashboardPage::setDevicesState(int connected, int roles, const QString &detail)
+void DashboardPage::setDevicesState(int connected, int roles, bool ready, const QString &detail)
 {
     m_devices->setDetail(detail);
     if (connected == 0)
         m_devices->setStatus(hub::Tone::Neutral, tr("None"));
     else
-        m_devices->setStatus(connected == roles ? hub::Tone::Good : hub::Tone::Accent,
+        m_devices->setStatus(ready ? hub::Tone::Good : hub::Tone::Warning,
                              tr("%1 of %2").arg(connected).arg(roles));
 }
 

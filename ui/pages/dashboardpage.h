@@ -31,8 +31,9 @@ public:
 
 public slots:
     void setTransmitterState(bool connected, const QString &port = {});
-    // How many of the vehicle's controller roles have a device, and which ones.
-    void setDevicesState(int connected, int roles, const QString &detail);
+    // How many of the vehicle's controller roles have a device, whether the one transmission
+    // needs is among them, and which ones.
+    void setDevicesState(int connected, int roles, bool ready, const QString &detail);
     void setCarLinked(bool linked);
     // The mobile app server: not listening, listening (with its address) or with clients.
     void setRemoteState(hub::Tone tone, const QString &status, const QString &detail = {});

@@ -49,6 +49,7 @@ void DevicePickerCard::setDevices(const QStringList &labels)
         box->addItem(labels.isEmpty() ? tr("No device found") : tr("None"));
         box->addItems(labels);
         box->setEnabled(!labels.isEmpty());
+        showFullName(box);
     }
     m_hint->setVisible(labels.isEmpty());
 }
@@ -58,7 +59,14 @@ void DevicePickerCard::setCurrentDevice(const QString &role, int deviceIndex)
     if (QComboBox *box = m_pickers.value(role)) {
         const QSignalBlocker blocker(box);
         box->setCurrentIndex(deviceIndex >= 0 && deviceIndex < m_devices.size() ? deviceIndex + 1 : 0);
+        showFullName(box);
     }
+}
+
+void DevicePickerCard::showFullName(QComboBox *box)
+{
+    // Long controller names are cut off in a narrow window; the tool tip keeps them whole.
+    box->setToolTip(box->currentIndex() > 0 ? box->currentText() : QString());
 }
 
 int DevicePickerCard::currentDevice(const QString &role) const

@@ -42,6 +42,8 @@ signals:
     void deviceChosen(const QString &role, int deviceIndex);
 
 private:
+    static void showFullName(QComboBox *box);
+
     QHash<QString, QComboBox *> m_pickers;
     QStringList m_devices;
     QLabel *m_hint = nullptr;

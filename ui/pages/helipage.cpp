@@ -40,8 +40,8 @@ QWidget *HeliPage::buildFlightCard()
     card->addHeaderWidget(m_armedPill);
     auto *row = new QHBoxLayout;
     row->setSpacing(8);
-    auto *caption = new QLabel(tr("Rates"), card);
-    row->addWidget(caption);
+    m_rateName = new QLabel(card);
+    row->addWidget(m_rateName, 1);
     for (int mode = 0; mode < 3; ++mode) {
         auto *button = new QPushButton(card);
         button->setCheckable(true);
@@ -50,7 +50,6 @@ QWidget *HeliPage::buildFlightCard()
         m_rateButtons.append(button);
         connect(button, &QPushButton::clicked, this, [this, mode] { emit rateModeRequested(mode); });
     }
-    row->addStretch(1);
     card->body()->addLayout(row);
 
     auto *armRow = new QHBoxLayout;
@@ -113,19 +112,33 @@ QPushButton *HeliPage::rateButton(int mode) const
     return m_rateButtons.value(mode);
 }
 
+QString HeliPage::rateModeName(int mode)
+{
+    const QStringList names = {tr("Beginner"), tr("Sport"), tr("3D")};
+    return names.value(mode);
+}
+
+QString HeliPage::rateModeText() const
+{
+    return m_rateName->text();
+}
+
 void HeliPage::showRateMode(int mode)
 {
-    if (QPushButton *button = rateButton(mode))
+    if (QPushButton *button = rateButton(mode)) {
         button->setChecked(true);
+        m_rateName->setText(tr("Rates: %1").arg(rateModeName(mode)));
+    }
 }
 
 void HeliPage::showRatePercents(const QList<int> &percents, bool enabled)
 {
-    const QStringList names = {tr("Beginner"), tr("Sport"), tr("3D")};
     for (int mode = 0; mode < m_rateButtons.size(); ++mode) {
         QPushButton *button = m_rateButtons.at(mode);
         const int percent = percents.value(mode, 100);
-        button->setText(tr("%1 %2 %").arg(names.at(mode)).arg(percent));
+        button->setText(QStringLiteral("%1 %").arg(percent));
+        button->setToolTip(
+            tr("%1: roll, pitch and yaw at %2 % of the stick's travel").arg(rateModeName(mode)).arg(percent));
         button->setEnabled(enabled);
     }
 }

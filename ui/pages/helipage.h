@@ -2,6 +2,8 @@
 
 #include "vehiclepage.h"
 
+class QLabel;
+
 namespace hub {
 class LevelBar;
 class StatusPill;
@@ -24,6 +26,9 @@ public:
     // The buttons of rate modes 0, 1 and 2.
     QPushButton *rateButton(int mode) const;
     bool isArmed() const { return m_armed; }
+    // "Beginner", "Sport" and "3D" for modes 0, 1 and 2.
+    static QString rateModeName(int mode);
+    QString rateModeText() const;
 
 public slots:
     void setArmed(bool armed);
@@ -49,6 +54,7 @@ private:
     hub::StatusPill *m_armedPill = nullptr;
     QPushButton *m_arm = nullptr;
     QList<QPushButton *> m_rateButtons;
+    QLabel *m_rateName = nullptr;
     hub::LevelBar *m_roll = nullptr;
     hub::LevelBar *m_pitch = nullptr;
     hub::LevelBar *m_collective = nullptr;
