@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controllertimings.h"
+#include "inputbackend.h"
 
 #include <QObject>
 #include <QString>
@@ -9,7 +10,6 @@
 
 namespace tavrix {
 
-class InputBackend;
 class ProfileManager;
 class SerialPortDirectory;
 class TavrixController;

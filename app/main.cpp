@@ -1,36 +1,30 @@
-// OrvaneLabs HUB: start-up in a fixed order (identity, theme, log routing, translation,
-// window, screenshot mode), then the event loop.
-#include "logrouter.h"
-#include "mainwindow.h"
-#include "screenshotmode.h"
-#include "shellsettings.h"
-#include "startup.h"
-#include "theme.h"
-
-// --- mode dispatch: the modes without a window never make a QApplication ---
+// OrvaneLabs HUB: picks the mode from the command line; the windowed mode starts up in a
+// fixed order (identity, theme, log routing, translation, window, screenshot mode), then
+// runs the event loop. The modes without a window never make a QApplication.
 #include "commandlineoptions.h"
 #include "consolemodes.h"
 #include "demorig.h"
 #include "hubservices.h"
+#include "logrouter.h"
+#include "mainwindow.h"
+#include "screenshotmode.h"
 #include "sessionstarter.h"
+#include "shellsettings.h"
+#include "startup.h"
+#include "theme.h"
+#include "unixsignalwatcher.h"
 
 #include <QApplication>
 #include <QLocale>
 #include <QTranslator>
 
+#include <csignal>
 #include <memory>
 
-int main(int argc, char *argv[])
-{
-    // --- mode dispatch ---
-    const tavrix::CommandLineParse parsed = tavrix::parseCommandLine(tavrix::argumentsOf(argc, argv));
-    if (!parsed.isValid() || parsed.options.action != tavrix::CommandLineOptions::Action::Window) {
-        if (parsed.isValid() && parsed.options.action == tavrix::CommandLineOptions::Action::Headless)
-            return tavrix::runHeadless(argc, argv, parsed.options);
-        return tavrix::runInformationMode(argc, argv, parsed);
-    }
-    // --- end of mode dispatch ---
+namespace {
 
+int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
+{
     QApplication app(argc, argv);
     tavrix::applyIdentity(app);
 
@@ -42,13 +36,19 @@ int main(int argc, char *argv[])
     QTranslator translator;
     tavrix::installTranslation(app, translator, QLocale::system().uiLanguages());
 
+    // SIGINT/SIGTERM close the window like the user would, so transmission stops
+    // ("STOP\n" goes out) and the demo's private folder is removed.
+    tavrix::UnixSignalWatcher signalWatcher({SIGINT, SIGTERM});
+    QObject::connect(&signalWatcher, &tavrix::UnixSignalWatcher::signalReceived, &app,
+                     &QCoreApplication::quit);
+
     int exitCode = 0;
     bool restart = false;
     {
-        // --- services, and the demo rig with --demo ---
+        // With --demo the services run against the simulated bridge and virtual controllers.
         std::unique_ptr<tavrix::DemoRig> demo;
         tavrix::HubServices::Options serviceOptions;
-        if (parsed.options.demo) {
+        if (options.demo) {
             demo = std::make_unique<tavrix::DemoRig>();
             QString error;
             if (demo->prepare(&error))
@@ -64,13 +64,12 @@ int main(int argc, char *argv[])
             demoStarter = std::make_unique<tavrix::SessionStarter>(services.controller(), demo->plan());
             demoStarter->begin();
         }
-        // --- end of services ---
 
-        MainWindow window(theme, tavrix::LogRouter::instance());
+        MainWindow window(services, theme, *tavrix::LogRouter::instance());
         window.show();
 
-        if (const auto options = tavrix::ScreenshotMode::fromEnvironment()) {
-            auto *snapshots = new tavrix::ScreenshotMode(&window, theme, *options, &window);
+        if (const auto snapshotOptions = tavrix::ScreenshotMode::fromEnvironment()) {
+            auto *snapshots = new tavrix::ScreenshotMode(&window, theme, *snapshotOptions, &window);
             QObject::connect(snapshots, &tavrix::ScreenshotMode::finished, &app, &QCoreApplication::quit);
             snapshots->start();
         }
@@ -82,4 +81,21 @@ int main(int argc, char *argv[])
     if (restart && !tavrix::startNewInstance())
         qWarning("hub: could not restart; start the HUB again to see the new colours");
     return exitCode;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const tavrix::CommandLineParse parsed = tavrix::parseCommandLine(tavrix::argumentsOf(argc, argv));
+    if (!parsed.isValid())
+        return tavrix::runInformationMode(argc, argv, parsed);
+    switch (parsed.options.action) {
+    case tavrix::CommandLineOptions::Action::Window:
+        return runWindow(argc, argv, parsed.options);
+    case tavrix::CommandLineOptions::Action::Headless:
+        return tavrix::runHeadless(argc, argv, parsed.options);
+    default:
+        return tavrix::runInformationMode(argc, argv, parsed);
+    }
 }

@@ -1,15 +1,20 @@
 #include "mainwindow.h"
 
 #include "carpage.h"
+#include "carpagebinder.h"
+#include "dashboardbinder.h"
 #include "dashboardpage.h"
 #include "debugconsole.h"
 #include "helipage.h"
+#include "helipagebinder.h"
+#include "hubservices.h"
 #include "infopage.h"
 #include "motionchooserpage.h"
 #include "motionpanelpage.h"
 #include "pagestack.h"
 #include "shellsettings.h"
 #include "sidebar.h"
+#include "tavrixcontroller.h"
 #include "themeswitcher.h"
 #include "toast.h"
 #include "vehiclespage.h"
@@ -19,9 +24,10 @@
 
 using namespace tavrix;
 
-MainWindow::MainWindow(const QString &activeTheme, LogRouter *log, QWidget *parent)
+MainWindow::MainWindow(HubServices &services, const QString &activeTheme, LogRouter &log, QWidget *parent)
     : QMainWindow(parent)
-    , m_log(log)
+    , m_services(services)
+    , m_log(&log)
 {
     setWindowTitle(tr("OrvaneLabs HUB"));
     setMinimumSize(880, 560);
@@ -48,8 +54,11 @@ MainWindow::MainWindow(const QString &activeTheme, LogRouter *log, QWidget *pare
     m_toast = new hub::Toast(root);
 
     createPages();
+    bindPages();
 
     m_themeSwitcher = new ThemeSwitcher(activeTheme, this);
+    TavrixController *controller = services.controller();
+    m_themeSwitcher->setTransmissionProbe([controller] { return controller->isRunning(); });
     const bool dark = m_themeSwitcher->activeTheme() == hub::ShellSettings::darkTheme();
     m_sidebar->setThemeButton(dark ? hub::Glyph::Sun : hub::Glyph::Moon,
                               dark ? tr("Light mode") : tr("Dark mode"));
@@ -123,9 +132,19 @@ QWidget *MainWindow::page(const QString &key) const
     return m_pages->page(key);
 }
 
-void MainWindow::setTransmissionProbe(std::function<bool()> isTransmitting)
+void MainWindow::bindPages()
 {
-    m_themeSwitcher->setTransmissionProbe(std::move(isTransmitting));
+    TavrixController *controller = m_services.controller();
+    new DashboardBinder(m_dashboard, controller, this);
+    new CarPageBinder(m_car, controller, this);
+    new HeliPageBinder(m_heli, controller, this);
+    connect(controller, &TavrixController::errorOccurred, this, &MainWindow::showErrorElsewhere);
+}
+
+void MainWindow::showErrorElsewhere(const QString &error)
+{
+    if (!m_car->isVisible() && !m_heli->isVisible())
+        m_toast->showMessage(error);
 }
 
 void MainWindow::openDebugConsole()

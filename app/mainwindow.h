@@ -5,8 +5,6 @@
 #include <QMainWindow>
 #include <QPointer>
 
-#include <functional>
-
 namespace hub {
 class PageStack;
 class Sidebar;
@@ -18,6 +16,7 @@ class CarPage;
 class DashboardPage;
 class DebugConsole;
 class HeliPage;
+class HubServices;
 class InfoPage;
 class LogRouter;
 class MotionChooserPage;
@@ -27,12 +26,14 @@ class VehiclesPage;
 } // namespace tavrix
 
 // The one window of the hub: the sidebar beside a stack of pages addressed by key. It only
-// presents; the pages are their own classes and the services live outside it.
+// presents: the services (profiles, game controllers, transmission) belong to whoever made
+// them and must outlive the window; a binder per page ties each page to them.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    MainWindow(const QString &activeTheme, tavrix::LogRouter *log, QWidget *parent = nullptr);
+    MainWindow(tavrix::HubServices &services, const QString &activeTheme, tavrix::LogRouter &log,
+               QWidget *parent = nullptr);
 
     // "dashboard", "vehicles", "rc-car", "rc-heli", "motion-chooser", "motion-panel", "info".
     QStringList pageKeys() const;
@@ -45,9 +46,6 @@ public:
     tavrix::ThemeSwitcher *themeSwitcher() const { return m_themeSwitcher; }
     tavrix::DialogRegistry &dialogs() { return m_dialogs; }
 
-    // Until the transmission controller is owned here, whoever runs it tells the window.
-    void setTransmissionProbe(std::function<bool()> isTransmitting);
-
     // Set when the user asked to restart (theme change); main starts the new process after
     // this window and everything it owns are gone.
     bool restartRequested() const { return m_restartRequested; }
@@ -57,8 +55,12 @@ signals:
 
 private:
     void createPages();
+    void bindPages();
     void openDebugConsole();
+    // Refusals and faults the vehicle pages do not show because neither is in front.
+    void showErrorElsewhere(const QString &error);
 
+    tavrix::HubServices &m_services;
     tavrix::LogRouter *m_log;
     hub::Sidebar *m_sidebar = nullptr;
     hub::PageStack *m_pages = nullptr;

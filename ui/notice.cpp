@@ -11,7 +11,7 @@ Notice::Notice(Glyph glyph, const QString &text, QWidget *parent)
     : QFrame(parent)
 {
     setAttribute(Qt::WA_StyledBackground);
-    auto *row = new QHBoxLayout(this);
+    auto *row = m_row = new QHBoxLayout(this);
     row->setContentsMargins(12, 10, 16, 10);
     row->setSpacing(10);
     auto *icon = new GlyphView(glyph, 32, this);
@@ -29,6 +29,16 @@ void Notice::setText(const QString &text)
 QString Notice::text() const
 {
     return m_text->text();
+}
+
+void Notice::setTone(Tone tone)
+{
+    setStyleProperty(this, "tone", toneName(tone));
+}
+
+void Notice::addAction(QWidget *widget)
+{
+    m_row->addWidget(widget, 0, Qt::AlignVCenter);
 }
 
 } // namespace hub

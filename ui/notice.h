@@ -1,9 +1,11 @@
 #pragma once
 
 #include "glyph.h"
+#include "tone.h"
 
 #include <QFrame>
 
+class QHBoxLayout;
 class QLabel;
 
 namespace hub {
@@ -18,9 +20,14 @@ public:
 
     void setText(const QString &text);
     QString text() const;
+    // Accent (the default) informs; Danger tells that something the user asked for failed.
+    void setTone(Tone tone);
+    // Adds a widget (typically a button) at the right end of the banner.
+    void addAction(QWidget *widget);
 
 private:
     QLabel *m_text = nullptr;
+    QHBoxLayout *m_row = nullptr;
 };
 
 } // namespace hub

@@ -1,6 +1,7 @@
 #include "carpage.h"
 #include "choicetile.h"
 #include "devicepickercard.h"
+#include "hubrig.h"
 #include "infopage.h"
 #include "logrouter.h"
 #include "mainwindow.h"
@@ -35,7 +36,8 @@ private slots:
 
     void offersTheSevenPagesByKey()
     {
-        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
         const QStringList expected = {
             QStringLiteral("dashboard"), QStringLiteral("vehicles"),       QStringLiteral("rc-car"),
             QStringLiteral("rc-heli"),   QStringLiteral("motion-chooser"), QStringLiteral("motion-panel"),
@@ -62,7 +64,8 @@ private slots:
     {
         QFETCH(QString, key);
         QFETCH(QString, entry);
-        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
         QSignalSpy changed(&window, &MainWindow::pageChanged);
         QVERIFY(window.showPage(key));
         QCOMPARE(window.currentPage(), key);
@@ -74,7 +77,8 @@ private slots:
 
     void unknownPageKeyChangesNothing()
     {
-        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
         window.showPage(QStringLiteral("info"));
         QVERIFY(!window.showPage(QStringLiteral("rc-airplane")));
         QCOMPARE(window.currentPage(), QStringLiteral("info"));
@@ -82,7 +86,8 @@ private slots:
 
     void sidebarAndPagesNavigate()
     {
-        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         window.sidebar()->entryButton(QStringLiteral("vehicles"))->click();
@@ -116,8 +121,11 @@ private slots:
     {
         QFETCH(bool, running);
         QFETCH(QString, informative);
-        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
-        window.setTransmissionProbe([running] { return running; });
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
+        if (running)
+            QVERIFY(rig.startCarTransmission());
+        QCOMPARE(rig.controller()->isRunning(), running);
         std::unique_ptr<QMessageBox> box(window.themeSwitcher()->createQuestion(&window));
         QCOMPARE(box->text(), QStringLiteral("The HUB restarts to change its colours."));
         QCOMPARE(box->informativeText(), informative);
@@ -130,7 +138,8 @@ private slots:
 
     void nextTimeStoresTheOtherThemeAndSaysWhen()
     {
-        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         QCOMPARE(window.sidebar()->themeButton()->text(), QStringLiteral("Dark mode"));
@@ -152,7 +161,8 @@ private slots:
 
     void restartNowFromTheSidebarClosesTheWindowForARestart()
     {
-        MainWindow window(QStringLiteral("dark"), tavrix::LogRouter::instance());
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("dark"), *tavrix::LogRouter::instance());
         hub::ShellSettings::setTheme(QStringLiteral("dark"));
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -175,7 +185,8 @@ private slots:
     void carCardsUseTheirSettingsKeys()
     {
         {
-            MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+            tavrix::testing::HubRig rig;
+            MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
             auto *car = qobject_cast<tavrix::CarPage *>(window.page(QStringLiteral("rc-car")));
             QVERIFY(car->deviceCard()->isExpanded());
             QVERIFY(!car->configureCard()->isExpanded());
@@ -184,7 +195,8 @@ private slots:
         }
         QCOMPARE(QSettings().value(QStringLiteral("ui/carDevicesOpen")).toBool(), false);
         QCOMPARE(QSettings().value(QStringLiteral("ui/carConfigureOpen")).toBool(), true);
-        MainWindow again(QStringLiteral("light"), tavrix::LogRouter::instance());
+        tavrix::testing::HubRig rigAgain;
+        MainWindow again(*rigAgain.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
         auto *car = qobject_cast<tavrix::CarPage *>(again.page(QStringLiteral("rc-car")));
         QVERIFY(!car->deviceCard()->isExpanded());
         QVERIFY(car->configureCard()->isExpanded());
@@ -192,7 +204,8 @@ private slots:
 
     void reduceMotionIsStoredAndReachesTheSidebar()
     {
-        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
         auto *info = qobject_cast<tavrix::InfoPage *>(window.page(QStringLiteral("info")));
         info->reduceMotionBox()->setChecked(true);
         QCOMPARE(QSettings().value(QStringLiteral("ui/reduceMotion")).toBool(), true);

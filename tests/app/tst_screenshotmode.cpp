@@ -1,3 +1,4 @@
+#include "hubrig.h"
 #include "logrouter.h"
 #include "mainwindow.h"
 #include "screenshotmode.h"
@@ -58,7 +59,8 @@ private slots:
     void writesEveryPageTheCollapsedSidebarAndDialogsInOrder()
     {
         QTemporaryDir dir;
-        MainWindow window(QStringLiteral("light"), tavrix::LogRouter::instance());
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
         window.show();
         ScreenshotMode::Options options;
         options.directory = dir.filePath(QStringLiteral("shots"));
@@ -84,7 +86,8 @@ private slots:
     void leavesDialogsOutUnlessAsked()
     {
         QTemporaryDir dir;
-        MainWindow window(QStringLiteral("dark"), tavrix::LogRouter::instance());
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("dark"), *tavrix::LogRouter::instance());
         window.show();
         ScreenshotMode::Options options;
         options.directory = dir.path();

@@ -9,7 +9,6 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace tavrix {
@@ -32,37 +31,49 @@ CarPage::CarPage(QWidget *parent)
     clearInput();
 }
 
-QStringList CarPage::configureKeys()
+QStringList CarPage::configureTopics()
 {
-    return {QStringLiteral("axis"),         QStringLiteral("drive"),        QStringLiteral("buttons"),
-            QStringLiteral("led"),          QStringLiteral("transmission"), QStringLiteral("ffb"),
-            QStringLiteral("motion-output")};
+    return {tr("Axes and calibration"), tr("Drive and throttle safety"),
+            tr("Button mappings"),      tr("LED strip"),
+            tr("Transmission"),         tr("Force feedback"),
+            tr("Motion output")};
 }
 
 QWidget *CarPage::buildConfigureCard()
 {
     m_configure = new hub::Card(tr("Configure"), this);
     m_configure->setSubtitle(tr("Settings of the active car profile"));
-    const QStringList labels = {tr("Axes"),         tr("Drive"),          tr("Buttons"),      tr("LED"),
-                                tr("Transmission"), tr("Force feedback"), tr("Motion output")};
-    const QStringList keys = configureKeys();
-    auto *grid = new QGridLayout;
-    grid->setSpacing(8);
-    for (int i = 0; i < keys.size(); ++i) {
-        auto *button = new QPushButton(labels.at(i), m_configure);
-        button->setEnabled(false);
-        grid->addWidget(button, i / 2, i % 2);
-        m_configureButtons.insert(keys.at(i), button);
-        const QString key = keys.at(i);
-        connect(button, &QPushButton::clicked, this, [this, key] { emit configureRequested(key); });
-    }
-    m_configure->body()->addLayout(grid);
-    auto *hint = new QLabel(tr("These settings open once a car profile is loaded."), m_configure);
-    hint->setObjectName(QStringLiteral("mutedText"));
-    hint->setWordWrap(true);
-    m_configure->body()->addWidget(hint);
+    // Two columns keep the card short beside the taller cards of the right column.
+    auto *topics = new QGridLayout;
+    topics->setHorizontalSpacing(16);
+    topics->setVerticalSpacing(4);
+    const QStringList names = configureTopics();
+    const int perColumn = int(names.size() + 1) / 2;
+    for (int i = 0; i < names.size(); ++i)
+        topics->addWidget(new QLabel(QStringLiteral("\u2022  ") + names.at(i), m_configure), i % perColumn,
+                          i / perColumn);
+    m_configure->body()->addLayout(topics);
+    m_configureText = new QLabel(m_configure);
+    m_configureText->setObjectName(QStringLiteral("mutedText"));
+    m_configureText->setWordWrap(true);
+    m_configure->body()->addWidget(m_configureText);
+    setProfileName(QString());
     m_configure->persistExpanded(hub::ShellSettings::carConfigureOpenKey(), false);
     return m_configure;
+}
+
+QString CarPage::configureText() const
+{
+    return m_configureText->text();
+}
+
+void CarPage::setProfileName(const QString &name)
+{
+    const QString where = name.isEmpty() ? tr("The active profile keeps these settings.")
+                                         : tr("The profile \u201C%1\u201D keeps these settings.").arg(name);
+    m_configureText->setText(
+        where + QLatin1Char(' ') +
+        tr("It drives with its saved values and defaults; the editors for them come in a later version."));
 }
 
 QWidget *CarPage::buildLiveInputCard()
@@ -154,12 +165,6 @@ void CarPage::clearTelemetry()
     setCarLinked(false);
     for (hub::StatTile *tile : {m_linkQuality, m_rssi, m_battery, m_gps})
         tile->clear();
-}
-
-void CarPage::setConfigureAvailable(const QString &key, bool available)
-{
-    if (QPushButton *button = m_configureButtons.value(key))
-        button->setEnabled(available);
 }
 
 } // namespace tavrix

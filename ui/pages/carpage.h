@@ -2,7 +2,7 @@
 
 #include "vehiclepage.h"
 
-#include <QHash>
+class QLabel;
 
 namespace hub {
 class Card;
@@ -26,9 +26,16 @@ public:
 
     DevicePickerCard *deviceCard() const { return m_devices; }
     hub::Card *configureCard() const { return m_configure; }
+    hub::LevelBar *steeringBar() const { return m_steering; }
+    hub::LevelBar *throttleBar() const { return m_throttle; }
+    hub::StatusPill *carLinkPill() const { return m_linkPill; }
+    hub::StatTile *linkQualityTile() const { return m_linkQuality; }
+    hub::StatTile *batteryTile() const { return m_battery; }
+    hub::StatTile *gpsTile() const { return m_gps; }
+    QString configureText() const;
 
-    // The dialog keys the Configure card offers, in its order.
-    static QStringList configureKeys();
+    // The settings of a car profile the Configure card names, in its order.
+    static QStringList configureTopics();
 
 public slots:
     void showInput(double steering, double throttle, double brake);
@@ -38,11 +45,8 @@ public slots:
     void showBattery(double volts, int remainingPercent);
     void showGps(bool valid, int satellites);
     void clearTelemetry();
-    // Dialogs the owner can open; the others stay disabled.
-    void setConfigureAvailable(const QString &key, bool available);
-
-signals:
-    void configureRequested(const QString &dialogKey);
+    // Names the profile whose settings the Configure card describes.
+    void setProfileName(const QString &name);
 
 private:
     QWidget *buildLiveInputCard();
@@ -51,7 +55,7 @@ private:
 
     DevicePickerCard *m_devices = nullptr;
     hub::Card *m_configure = nullptr;
-    QHash<QString, QPushButton *> m_configureButtons;
+    QLabel *m_configureText = nullptr;
     hub::LevelBar *m_steering = nullptr;
     hub::LevelBar *m_throttle = nullptr;
     hub::LevelBar *m_brake = nullptr;

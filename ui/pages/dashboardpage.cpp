@@ -25,6 +25,7 @@ DashboardPage::DashboardPage(QWidget *parent)
     content()->addStretch(1);
 
     setTransmitterState(false);
+    setDevicesState(0, 3, false, tr("Choose them on the vehicle's page"));
     setCarLinked(false);
     setRemoteState(hub::Tone::Neutral, tr("Off"), tr("Companion app on the local network"));
     setTransmission(false);
@@ -34,9 +35,10 @@ QWidget *DashboardPage::buildConnectionsCard()
 {
     auto *card = new hub::Card(tr("Connections"), this);
     m_transmitter = new hub::StatusRow(hub::Glyph::Antenna, tr("Transmitter"), QString(), card);
+    m_devices = new hub::StatusRow(hub::Glyph::Wheel, tr("Game controllers"), QString(), card);
     m_carLink = new hub::StatusRow(hub::Glyph::Car, tr("Car link"), QString(), card);
     m_remote = new hub::StatusRow(hub::Glyph::Phone, tr("Mobile app"), QString(), card);
-    for (hub::StatusRow *r : {m_transmitter, m_carLink, m_remote})
+    for (hub::StatusRow *r : {m_transmitter, m_devices, m_carLink, m_remote})
         card->body()->addWidget(r);
     return card;
 }
@@ -72,12 +74,15 @@ QWidget *DashboardPage::buildTransmissionCard()
 QWidget *DashboardPage::buildTelemetryCard()
 {
     auto *card = new hub::Card(tr("Telemetry"), this);
-    card->setSubtitle(tr("The sensors you chose, with how fresh each reading is"));
+    card->setSubtitle(tr("The car's sensors the profile shows, stale readings dimmed"));
     m_telemetryEmpty = new hub::EmptyState(
         hub::Glyph::Gauge, tr("No telemetry yet"),
         tr("Readings from the car's sensors appear here while transmission runs and the car is linked."),
         card);
     card->body()->addWidget(m_telemetryEmpty);
+    m_telemetry = new TelemetryGrid(card);
+    m_telemetry->hide();
+    card->body()->addWidget(m_telemetry);
     return card;
 }
 
@@ -90,6 +95,23 @@ void DashboardPage::setTransmitterState(bool connected, const QString &port)
         m_transmitter->setDetail(tr("Plug the Orvane Transmitter in over USB"));
         m_transmitter->setStatus(hub::Tone::Neutral, tr("Not connected"));
     }
+}
+
+void DashboardPage::setDevicesState(int connected, int roles, bool ready, const QString &detail)
+{
+    m_devices->setDetail(detail);
+    if (connected == 0)
+        m_devices->setStatus(hub::Tone::Neutral, tr("None"));
+    else
+        m_devices->setStatus(ready ? hub::Tone::Good : hub::Tone::Warning,
+                             tr("%1 of %2").arg(connected).arg(roles));
+}
+
+void DashboardPage::showTelemetry(const QList<TelemetryGrid::Reading> &readings)
+{
+    m_telemetry->setReadings(readings);
+    m_telemetry->setVisible(!readings.isEmpty());
+    m_telemetryEmpty->setVisible(readings.isEmpty());
 }
 
 void DashboardPage::setCarLinked(bool linked)

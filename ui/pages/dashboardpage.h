@@ -1,6 +1,7 @@
 #pragma once
 
 #include "page.h"
+#include "telemetrygrid.h"
 #include "tone.h"
 
 namespace hub {
@@ -21,17 +22,25 @@ public:
     explicit DashboardPage(QWidget *parent = nullptr);
 
     hub::StatusRow *transmitterRow() const { return m_transmitter; }
+    hub::StatusRow *devicesRow() const { return m_devices; }
     hub::StatusRow *carLinkRow() const { return m_carLink; }
+    TelemetryGrid *telemetryGrid() const { return m_telemetry; }
+    hub::StatTile *frameRateTile() const { return m_frameRate; }
     hub::StatusRow *remoteRow() const { return m_remote; }
     hub::EmptyState *telemetryEmptyState() const { return m_telemetryEmpty; }
 
 public slots:
     void setTransmitterState(bool connected, const QString &port = {});
+    // How many of the vehicle's controller roles have a device, whether the one transmission
+    // needs is among them, and which ones.
+    void setDevicesState(int connected, int roles, bool ready, const QString &detail);
     void setCarLinked(bool linked);
     // The mobile app server: not listening, listening (with its address) or with clients.
     void setRemoteState(hub::Tone tone, const QString &status, const QString &detail = {});
     void setTransmission(bool running, const QString &vehicle = {});
     void showFrameRate(double framesPerSecond);
+    // The chosen sensors; an empty list shows what is missing instead.
+    void showTelemetry(const QList<tavrix::TelemetryGrid::Reading> &readings);
 
 signals:
     void pageRequested(const QString &pageKey);
@@ -42,12 +51,14 @@ private:
     QWidget *buildTelemetryCard();
 
     hub::StatusRow *m_transmitter = nullptr;
+    hub::StatusRow *m_devices = nullptr;
     hub::StatusRow *m_carLink = nullptr;
     hub::StatusRow *m_remote = nullptr;
     hub::StatusPill *m_transmissionPill = nullptr;
     hub::StatTile *m_vehicle = nullptr;
     hub::StatTile *m_frameRate = nullptr;
     hub::EmptyState *m_telemetryEmpty = nullptr;
+    TelemetryGrid *m_telemetry = nullptr;
 };
 
 } // namespace tavrix

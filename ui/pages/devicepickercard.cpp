@@ -25,9 +25,8 @@ DevicePickerCard::DevicePickerCard(const QString &title, const QList<Role> &role
         ++row;
         m_pickers.insert(role.key, box);
         const QString key = role.key;
-        connect(box, &QComboBox::activated, this, [this, key, box](int index) {
-            emit deviceChosen(key, index <= 0 ? QString() : box->itemText(index));
-        });
+        connect(box, &QComboBox::activated, this,
+                [this, key](int index) { emit deviceChosen(key, index - 1); });
     }
     body()->addLayout(form);
 
@@ -39,34 +38,41 @@ DevicePickerCard::DevicePickerCard(const QString &title, const QList<Role> &role
     setDevices({});
 }
 
-void DevicePickerCard::setDevices(const QStringList &names)
+void DevicePickerCard::setDevices(const QStringList &labels)
 {
-    m_devices = names;
-    for (auto it = m_pickers.cbegin(); it != m_pickers.cend(); ++it) {
-        QComboBox *box = it.value();
-        const QString current = box->currentIndex() > 0 ? box->currentText() : QString();
+    if (labels == m_devices && !m_pickers.isEmpty() && m_pickers.cbegin().value()->count() > 0)
+        return;
+    m_devices = labels;
+    for (QComboBox *box : std::as_const(m_pickers)) {
         const QSignalBlocker blocker(box);
         box->clear();
-        box->addItem(names.isEmpty() ? tr("No device found") : tr("None"));
-        box->addItems(names);
-        box->setCurrentIndex(std::max(0, int(names.indexOf(current)) + 1));
-        box->setEnabled(!names.isEmpty());
+        box->addItem(labels.isEmpty() ? tr("No device found") : tr("None"));
+        box->addItems(labels);
+        box->setEnabled(!labels.isEmpty());
+        showFullName(box);
     }
-    m_hint->setVisible(names.isEmpty());
+    m_hint->setVisible(labels.isEmpty());
 }
 
-void DevicePickerCard::setCurrentDevice(const QString &role, const QString &name)
+void DevicePickerCard::setCurrentDevice(const QString &role, int deviceIndex)
 {
     if (QComboBox *box = m_pickers.value(role)) {
         const QSignalBlocker blocker(box);
-        box->setCurrentIndex(std::max(0, int(m_devices.indexOf(name)) + 1));
+        box->setCurrentIndex(deviceIndex >= 0 && deviceIndex < m_devices.size() ? deviceIndex + 1 : 0);
+        showFullName(box);
     }
 }
 
-QString DevicePickerCard::currentDevice(const QString &role) const
+void DevicePickerCard::showFullName(QComboBox *box)
+{
+    // Long controller names are cut off in a narrow window; the tool tip keeps them whole.
+    box->setToolTip(box->currentIndex() > 0 ? box->currentText() : QString());
+}
+
+int DevicePickerCard::currentDevice(const QString &role) const
 {
     const QComboBox *box = m_pickers.value(role);
-    return box && box->currentIndex() > 0 ? box->currentText() : QString();
+    return box ? box->currentIndex() - 1 : -1;
 }
 
 } // namespace tavrix

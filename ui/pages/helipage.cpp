@@ -3,7 +3,6 @@
 #include "card.h"
 #include "devicepickercard.h"
 #include "levelbar.h"
-#include "stattile.h"
 #include "statuspill.h"
 
 #include <QHBoxLayout>
@@ -28,6 +27,8 @@ HeliPage::HeliPage(QWidget *parent)
     addToRightColumn(buildLiveControlsCard());
     setArmed(false);
     setArmAvailable(false, tr("Start transmission before arming."));
+    showRatePercents({60, 80, 100}, true);
+    showRateMode(0);
     clearControls();
 }
 
@@ -38,12 +39,28 @@ QWidget *HeliPage::buildFlightCard()
     m_armedPill = new hub::StatusPill(hub::Tone::Neutral, QString(), card);
     card->addHeaderWidget(m_armedPill);
     auto *row = new QHBoxLayout;
-    row->setSpacing(12);
-    m_rateMode = new hub::StatTile(tr("Rate mode"), card);
-    row->addWidget(m_rateMode, 1);
-    m_arm = new QPushButton(card);
-    row->addWidget(m_arm, 0, Qt::AlignVCenter);
+    row->setSpacing(8);
+    m_rateName = new QLabel(card);
+    row->addWidget(m_rateName, 1);
+    for (int mode = 0; mode < 3; ++mode) {
+        auto *button = new QPushButton(card);
+        button->setCheckable(true);
+        button->setAutoExclusive(true);
+        row->addWidget(button);
+        m_rateButtons.append(button);
+        connect(button, &QPushButton::clicked, this, [this, mode] { emit rateModeRequested(mode); });
+    }
     card->body()->addLayout(row);
+
+    auto *armRow = new QHBoxLayout;
+    armRow->setSpacing(12);
+    auto *armHint = new QLabel(tr("Lower the collective, then arm. Stopping transmission disarms."), card);
+    armHint->setObjectName(QStringLiteral("mutedText"));
+    armHint->setWordWrap(true);
+    armRow->addWidget(armHint, 1);
+    m_arm = new QPushButton(card);
+    armRow->addWidget(m_arm, 0, Qt::AlignVCenter);
+    card->body()->addLayout(armRow);
     connect(m_arm, &QPushButton::clicked, this, [this] {
         if (m_armed)
             emit disarmRequested();
@@ -65,6 +82,9 @@ QWidget *HeliPage::buildLiveControlsCard()
         bar->setTextWidths(72, 48);
         card->body()->addWidget(bar);
     }
+    auto *hint = new QLabel(tr("Shown while transmission runs."), card);
+    hint->setObjectName(QStringLiteral("mutedText"));
+    card->body()->addWidget(hint);
     return card;
 }
 
@@ -87,9 +107,40 @@ void HeliPage::setArmAvailable(bool available, const QString &reason)
     m_arm->setToolTip(available ? QString() : reason);
 }
 
+QPushButton *HeliPage::rateButton(int mode) const
+{
+    return m_rateButtons.value(mode);
+}
+
+QString HeliPage::rateModeName(int mode)
+{
+    const QStringList names = {tr("Beginner"), tr("Sport"), tr("3D")};
+    return names.value(mode);
+}
+
+QString HeliPage::rateModeText() const
+{
+    return m_rateName->text();
+}
+
 void HeliPage::showRateMode(int mode)
 {
-    m_rateMode->setValue(tr("Mode %1").arg(mode + 1));
+    if (QPushButton *button = rateButton(mode)) {
+        button->setChecked(true);
+        m_rateName->setText(tr("Rates: %1").arg(rateModeName(mode)));
+    }
+}
+
+void HeliPage::showRatePercents(const QList<int> &percents, bool enabled)
+{
+    for (int mode = 0; mode < m_rateButtons.size(); ++mode) {
+        QPushButton *button = m_rateButtons.at(mode);
+        const int percent = percents.value(mode, 100);
+        button->setText(QStringLiteral("%1 %").arg(percent));
+        button->setToolTip(
+            tr("%1: roll, pitch and yaw at %2 % of the stick's travel").arg(rateModeName(mode)).arg(percent));
+        button->setEnabled(enabled);
+    }
 }
 
 void HeliPage::showControls(double roll, double pitch, double collective, double yaw)

@@ -2,9 +2,10 @@
 
 #include "vehiclepage.h"
 
+class QLabel;
+
 namespace hub {
 class LevelBar;
-class StatTile;
 class StatusPill;
 } // namespace hub
 
@@ -22,18 +23,28 @@ public:
 
     DevicePickerCard *controlsCard() const { return m_controls; }
     QPushButton *armButton() const { return m_arm; }
+    // The buttons of rate modes 0, 1 and 2.
+    QPushButton *rateButton(int mode) const;
+    bool isArmed() const { return m_armed; }
+    // "Beginner", "Sport" and "3D" for modes 0, 1 and 2.
+    static QString rateModeName(int mode);
+    QString rateModeText() const;
 
 public slots:
     void setArmed(bool armed);
     // Arming is offered only when it can work; the reason shows as the button's tool tip.
     void setArmAvailable(bool available, const QString &reason = {});
     void showRateMode(int mode);
+    // The percentage each rate mode scales roll, pitch and yaw by; without rate modes the
+    // sticks always have their full travel and the buttons are disabled.
+    void showRatePercents(const QList<int> &percents, bool enabled);
     void showControls(double roll, double pitch, double collective, double yaw);
     void clearControls();
 
 signals:
     void armRequested();
     void disarmRequested();
+    void rateModeRequested(int mode);
 
 private:
     QWidget *buildFlightCard();
@@ -42,7 +53,8 @@ private:
     DevicePickerCard *m_controls = nullptr;
     hub::StatusPill *m_armedPill = nullptr;
     QPushButton *m_arm = nullptr;
-    hub::StatTile *m_rateMode = nullptr;
+    QList<QPushButton *> m_rateButtons;
+    QLabel *m_rateName = nullptr;
     hub::LevelBar *m_roll = nullptr;
     hub::LevelBar *m_pitch = nullptr;
     hub::LevelBar *m_collective = nullptr;

@@ -49,7 +49,7 @@ void TransmitterCard::setPorts(const QStringList &ports)
     m_portList = ports;
     m_ports->clear();
     if (ports.isEmpty())
-        m_ports->addItem(tr("No transmitter found"));
+        m_ports->addItem(tr("No ports"));
     else
         m_ports->addItems(ports);
     if (ports.contains(current))

@@ -2,6 +2,7 @@
 
 #include "card.h"
 #include "channelbar.h"
+#include "notice.h"
 #include "pageheader.h"
 #include "statuspill.h"
 #include "transmittercard.h"
@@ -28,6 +29,8 @@ VehiclePage::VehiclePage(const QString &title, const QString &subtitle, QWidget 
             emit startRequested();
     });
 
+    buildBanners();
+
     auto *columns = new QHBoxLayout;
     columns->setSpacing(kGap);
     m_left = new QVBoxLayout;
@@ -51,7 +54,25 @@ VehiclePage::VehiclePage(const QString &title, const QString &subtitle, QWidget 
     content()->addStretch(1);
 
     setTransmitting(false);
-    setStartAvailable(false, tr("Connect the transmitter first."));
+}
+
+void VehiclePage::buildBanners()
+{
+    m_profileNotice = new hub::Notice(hub::Glyph::Info, QString(), this);
+    m_switchProfile = new QPushButton(m_profileNotice);
+    m_switchProfile->setProperty("variant", QStringLiteral("primary"));
+    m_profileNotice->addAction(m_switchProfile);
+    m_profileNotice->hide();
+    connect(m_switchProfile, &QPushButton::clicked, this, &VehiclePage::switchProfileRequested);
+    content()->addWidget(m_profileNotice);
+
+    m_problem = new hub::Notice(hub::Glyph::Info, QString(), this);
+    m_problem->setTone(hub::Tone::Danger);
+    auto *dismiss = new QPushButton(tr("Dismiss"), m_problem);
+    m_problem->addAction(dismiss);
+    m_problem->hide();
+    connect(dismiss, &QPushButton::clicked, this, &VehiclePage::clearProblem);
+    content()->addWidget(m_problem);
 }
 
 void VehiclePage::addToLeftColumn(QWidget *card)
@@ -73,14 +94,6 @@ void VehiclePage::setTransmitting(bool running)
         m_state->setStatus(hub::Tone::Good, tr("Transmitting"));
     else
         m_state->setStatus(hub::Tone::Neutral, tr("Stopped"));
-    m_start->setEnabled(m_running || m_startAvailable);
-}
-
-void VehiclePage::setStartAvailable(bool available, const QString &reason)
-{
-    m_startAvailable = available;
-    m_start->setEnabled(available || m_running);
-    m_start->setToolTip(available ? QString() : reason);
 }
 
 void VehiclePage::showChannels(std::span<const int32_t> channels)
@@ -91,6 +104,31 @@ void VehiclePage::showChannels(std::span<const int32_t> channels)
 void VehiclePage::clearChannels()
 {
     m_channels->clear();
+}
+
+QString VehiclePage::problem() const
+{
+    return m_problem->isHidden() ? QString() : m_problem->text();
+}
+
+void VehiclePage::showProblem(const QString &text)
+{
+    m_problem->setText(text);
+    m_problem->show();
+}
+
+void VehiclePage::clearProblem()
+{
+    m_problem->hide();
+    m_problem->setText(QString());
+}
+
+void VehiclePage::setProfileMismatch(const QString &text, const QString &switchLabel)
+{
+    m_profileNotice->setText(text);
+    m_switchProfile->setText(switchLabel);
+    m_switchProfile->setVisible(!switchLabel.isEmpty());
+    m_profileNotice->setVisible(!text.isEmpty());
 }
 
 } // namespace tavrix

@@ -1,0 +1,70 @@
+#include "carpagebinder.h"
+
+#include "carpage.h"
+#include "tavrixcontroller.h"
+#include "vehiclepagebinder.h"
+
+namespace tavrix {
+
+CarPageBinder::CarPageBinder(CarPage *page, TavrixController *controller, QObject *parent)
+    : QObject(parent)
+    , m_page(page)
+    , m_controller(controller)
+    , m_vehicle(new VehiclePageBinder(page, controller,
+                                      {VehicleType::Car,
+                                       page->deviceCard(),
+                                       {{QStringLiteral("wheel"), DeviceRole::WheelBase},
+                                        {QStringLiteral("pedals"), DeviceRole::Pedals},
+                                        {QStringLiteral("shifter"), DeviceRole::Shifter}}},
+                                      this))
+{
+    connect(m_vehicle, &VehiclePageBinder::repaintDue, this, &CarPageBinder::showInput);
+    connect(controller, &TavrixController::carLinkChanged, this, &CarPageBinder::showCarLink);
+    connect(controller, &TavrixController::linkStatisticsUpdated, page, [page](const LinkStatistics &stats) {
+        page->showLinkQuality(stats.linkQuality, stats.uplinkRssi1);
+    });
+    connect(controller, &TavrixController::gpsUpdated, page,
+            [page](const GpsFix &fix) { page->showGps(fix.valid, fix.satellites); });
+    connect(controller, &TavrixController::telemetrySensorsUpdated, this, &CarPageBinder::showBattery);
+    connect(controller, &TavrixController::profileChanged, this, &CarPageBinder::showProfileName);
+    connect(controller->profileManager(), &ProfileManager::profileListChanged, this,
+            &CarPageBinder::showProfileName);
+    showCarLink(controller->isCarLinked());
+    showProfileName();
+    showInput();
+}
+
+void CarPageBinder::showInput()
+{
+    if (m_vehicle->isActiveVehicle() && m_controller->isDeviceConnected(DeviceRole::WheelBase))
+        m_page->showInput(m_controller->steering(), m_controller->throttle(), m_controller->brake());
+    else
+        m_page->clearInput();
+}
+
+void CarPageBinder::showCarLink(bool linked)
+{
+    // Readings from a link that dropped would look current; clear them instead.
+    if (!linked)
+        m_page->clearTelemetry();
+    m_page->setCarLinked(linked);
+}
+
+void CarPageBinder::showBattery()
+{
+    for (const TelemetrySensor &sensor : m_controller->telemetrySensors()) {
+        // Only the classic receiver reports volts here: the newer one carries an acceleration
+        // in that field, and one that does not measure its battery reports "--".
+        if (sensor.key == QLatin1String("RxBt") && sensor.value.endsWith(QLatin1String(" V"))) {
+            const BatterySensor battery = m_controller->battery();
+            m_page->showBattery(battery.voltage, battery.remaining);
+        }
+    }
+}
+
+void CarPageBinder::showProfileName()
+{
+    m_page->setProfileName(m_controller->profileManager()->activeProfileName());
+}
+
+} // namespace tavrix

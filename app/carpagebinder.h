@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QObject>
+
+namespace tavrix {
+
+class CarPage;
+class TavrixController;
+class VehiclePageBinder;
+
+// Binds the "rc-car" page to the controller: the shared vehicle parts, live steering,
+// throttle and brake, and the car's link, battery and GPS.
+class CarPageBinder : public QObject
+{
+    Q_OBJECT
+public:
+    CarPageBinder(CarPage *page, TavrixController *controller, QObject *parent = nullptr);
+
+private:
+    void showInput();
+    void showCarLink(bool linked);
+    void showBattery();
+    void showProfileName();
+
+    CarPage *m_page;
+    TavrixController *m_controller;
+    VehiclePageBinder *m_vehicle;
+};
+
+} // namespace tavrix

@@ -1,0 +1,148 @@
+#include "dashboardbinder.h"
+
+#include "dashboardpage.h"
+#include "deviceroleset.h"
+#include "inputdevice.h"
+#include "tavrixcontroller.h"
+
+#include <QDateTime>
+#include <QJsonArray>
+#include <QTimer>
+
+namespace tavrix {
+
+DashboardBinder::DashboardBinder(DashboardPage *page, TavrixController *controller, const Timings &timings,
+                                 QObject *parent)
+    : QObject(parent)
+    , m_page(page)
+    , m_controller(controller)
+    , m_timings(timings)
+    , m_sampleTimer(new QTimer(this))
+{
+    m_sampleTimer->setInterval(timings.sampleInterval);
+    connect(m_sampleTimer, &QTimer::timeout, this, [this] {
+        sampleFrameRate();
+        showTelemetry();
+    });
+    m_sampleTimer->start();
+
+    connect(controller, &TavrixController::serialConnectedChanged, this, &DashboardBinder::showTransmitter);
+    connect(controller, &TavrixController::serialPortNameChanged, this, &DashboardBinder::showTransmitter);
+    for (auto signal :
+         {&TavrixController::wheelBaseConnectedChanged, &TavrixController::pedalsConnectedChanged,
+          &TavrixController::shifterConnectedChanged, &TavrixController::heliJoystickConnectedChanged,
+          &TavrixController::heliThrottleConnectedChanged, &TavrixController::heliPedalsConnectedChanged})
+        connect(controller, signal, this, &DashboardBinder::showDevices);
+    connect(controller, &TavrixController::carLinkChanged, page, &DashboardPage::setCarLinked);
+    connect(controller, &TavrixController::runningChanged, this, &DashboardBinder::showTransmission);
+    connect(controller, &TavrixController::profileChanged, this, [this] {
+        showDevices();
+        showTransmission();
+        showTelemetry();
+    });
+    connect(controller->profileManager(), &ProfileManager::profileModified, this,
+            &DashboardBinder::showTelemetry);
+    for (auto signal :
+         {&TavrixController::telemetrySensorListChanged, &TavrixController::telemetryDashboardChanged})
+        connect(controller, signal, this, &DashboardBinder::showTelemetry);
+
+    showTransmitter();
+    showDevices();
+    page->setCarLinked(controller->isCarLinked());
+    showTransmission();
+    showTelemetry();
+}
+
+void DashboardBinder::showTransmitter()
+{
+    m_page->setTransmitterState(m_controller->isSerialConnected(), m_controller->serialPortName());
+}
+
+void DashboardBinder::showDevices()
+{
+    const QList<DeviceRole> roles = DeviceRoleSet::rolesFor(m_controller->vehicleType());
+    QStringList names;
+    for (DeviceRole role : roles) {
+        if (m_controller->isDeviceConnected(role))
+            names.append(m_controller->device(role)->deviceName());
+    }
+    // The first role (wheel base, joystick) is the one transmission needs; the others are optional.
+    const bool ready = !roles.isEmpty() && m_controller->isDeviceConnected(roles.first());
+    m_page->setDevicesState(int(names.size()), int(roles.size()), ready,
+                            names.isEmpty() ? tr("Choose them on the vehicle's page")
+                                            : names.join(QStringLiteral(", ")));
+}
+
+void DashboardBinder::showTransmission()
+{
+    const bool running = m_controller->isRunning();
+    const QString vehicle = m_controller->isHelicopter() ? tr("RC Helicopter") : tr("RC Car");
+    m_page->setTransmission(running, vehicle);
+    m_sampleFrames = m_controller->frameCount();
+    m_sampleClock.start();
+    showDevices();
+}
+
+void DashboardBinder::sampleFrameRate()
+{
+    if (!m_controller->isRunning())
+        return;
+    const quint32 frames = m_controller->frameCount();
+    const qint64 elapsedMs = m_sampleClock.restart();
+    if (elapsedMs > 0 && frames >= m_sampleFrames)
+        m_page->showFrameRate((frames - m_sampleFrames) * 1000.0 / double(elapsedMs));
+    m_sampleFrames = frames;
+}
+
+QStringList DashboardBinder::chosenKeys() const
+{
+    QStringList keys;
+    const QJsonArray chosen =
+        m_controller->profileManager()->setting(QStringLiteral("telemetryDashboard")).toArray();
+    for (const QJsonValue &key : chosen) {
+        if (key.isString() && !key.toString().isEmpty() && !keys.contains(key.toString()))
+            keys.append(key.toString());
+    }
+    return keys;
+}
+
+void DashboardBinder::showTelemetry()
+{
+    const TelemetryCatalogue sensors = m_controller->telemetrySensors();
+    // Until the car has reported anything, the card says how to get readings instead of
+    // showing a grid of dashes.
+    if (sensors.isEmpty()) {
+        m_page->showTelemetry({});
+        return;
+    }
+    m_page->showTelemetry(
+        readings(sensors, chosenKeys(), QDateTime::currentMSecsSinceEpoch(), m_timings.staleAfter));
+}
+
+QList<TelemetryGrid::Reading> DashboardBinder::readings(const TelemetryCatalogue &sensors,
+                                                        const QStringList &chosenKeys, qint64 nowMs,
+                                                        std::chrono::milliseconds staleAfter)
+{
+    const auto reading = [&](const TelemetrySensor *sensor, const QString &key) {
+        TelemetryGrid::Reading r{key, {}, true};
+        if (sensor) {
+            r.value = sensor->value;
+            r.stale = sensor->updatedMs == 0 || nowMs - sensor->updatedMs > staleAfter.count();
+        }
+        return r;
+    };
+    QList<TelemetryGrid::Reading> out;
+    if (chosenKeys.isEmpty()) {
+        for (const TelemetrySensor &sensor : sensors)
+            out.append(reading(&sensor, sensor.key));
+        return out;
+    }
+    for (const QString &key : chosenKeys) {
+        const auto it = std::find_if(sensors.cbegin(), sensors.cend(),
+                                     [&key](const TelemetrySensor &s) { return s.key == key; });
+        out.append(reading(it == sensors.cend() ? nullptr : &*it, key));
+    }
+    return out;
+}
+
+} // namespace tavrix

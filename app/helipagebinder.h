@@ -1,0 +1,33 @@
+#pragma once
+
+#include "helicoptersettings.h"
+
+#include <QObject>
+
+namespace tavrix {
+
+class HeliPage;
+class TavrixController;
+class VehiclePageBinder;
+
+// Binds the "rc-heli" page to the controller: the shared vehicle parts, arming (refusals
+// show on the page), the rate modes with the profile's percentages, and the cyclic,
+// collective and yaw read back from the channels being sent.
+class HeliPageBinder : public QObject
+{
+    Q_OBJECT
+public:
+    HeliPageBinder(HeliPage *page, TavrixController *controller, QObject *parent = nullptr);
+
+private:
+    void showRunning(bool running);
+    void readSettings();
+    void showControls();
+
+    HeliPage *m_page;
+    TavrixController *m_controller;
+    VehiclePageBinder *m_vehicle;
+    HelicopterSettings m_settings;
+};
+
+} // namespace tavrix

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "controllerrig.h"
+#include "hubservices.h"
+
+#include <QStringList>
+
+namespace tavrix::testing {
+
+// The services a main window presents, on real parts: profiles in a temporary folder,
+// virtual game controllers and, once startBridge() ran, the bridge simulator on a pty
+// whose stable link is the one serial port the hub can see.
+struct HubRig
+{
+    QTemporaryDir dir;
+    VirtualBackend *backend = nullptr; // owned by the services
+    std::shared_ptr<PathSerialPortDirectory> ports = std::make_shared<PathSerialPortDirectory>();
+    sim::BridgeSimulator sim{ControllerRig::quietBridge()};
+    std::unique_ptr<HubServices> services;
+    int firstDevice = -1;
+    int secondDevice = -1;
+
+    explicit HubRig(const ControllerTimings &timings = shortTimings())
+    {
+        auto input = std::make_unique<VirtualBackend>();
+        backend = input.get();
+        HubServices::Options options;
+        options.inputBackend = std::move(input);
+        options.ports = ports;
+        options.dataDirectory = dir.path();
+        options.timings = timings;
+        services = std::make_unique<HubServices>(std::move(options));
+    }
+
+    TavrixController *controller() const { return services->controller(); }
+    QString linkPath() const { return dir.filePath(QStringLiteral("ttyBRIDGE")); }
+
+    bool startBridge()
+    {
+        ports->setPaths({linkPath()});
+        return sim.start(linkPath());
+    }
+
+    // Car: a wheel and pedals of the "Generic" preset, released; helicopter: a stick and a
+    // throttle. Plugged in only, not opened: the pages choose them.
+    void plugCarControllers()
+    {
+        firstDevice = backend->addDevice({QStringLiteral("Test Wheel"), QString(), 8, 32, 1, true});
+        secondDevice = backend->addDevice({QStringLiteral("Test Pedals"), QString(), 8, 8, 0, false});
+        for (int device : {firstDevice, secondDevice}) {
+            backend->setAxis(device, ControllerRig::kThrottleSlot, rawForGenericPedal(0.0));
+            backend->setAxis(device, ControllerRig::kBrakeSlot, rawForGenericPedal(0.0));
+        }
+    }
+
+    void plugHeliControllers()
+    {
+        firstDevice = backend->addDevice({QStringLiteral("Test Stick"), QString(), 8, 32, 1, false});
+        secondDevice = backend->addDevice({QStringLiteral("Test Throttle"), QString(), 8, 8, 0, false});
+    }
+
+    // Everything a car needs to transmit, chosen directly on the controller.
+    bool startCarTransmission()
+    {
+        plugCarControllers();
+        TavrixController *c = controller();
+        return startBridge() && c->connectDevice(DeviceRole::WheelBase, 0) &&
+               c->connectDevice(DeviceRole::Pedals, 1) && c->connectTransmitter(linkPath()) &&
+               c->startTransmission();
+    }
+
+    void setPedals(double throttle, double brake)
+    {
+        backend->setAxis(secondDevice, ControllerRig::kThrottleSlot, rawForGenericPedal(throttle));
+        backend->setAxis(secondDevice, ControllerRig::kBrakeSlot, rawForGenericPedal(brake));
+    }
+};
+
+} // namespace tavrix::testing

@@ -1,0 +1,378 @@
+// The pages of the main window bound to the real controller: virtual game controllers, the
+// bridge simulator on a pty as the transmitter, profiles in a temporary folder.
+#include "carpage.h"
+#include "channelbar.h"
+#include "dashboardbinder.h"
+#include "dashboardpage.h"
+#include "devicepickercard.h"
+#include "emptystate.h"
+#include "helipage.h"
+#include "hubrig.h"
+#include "levelbar.h"
+#include "logrouter.h"
+#include "mainwindow.h"
+#include "notice.h"
+#include "stattile.h"
+#include "statuspill.h"
+#include "statusrow.h"
+#include "toast.h"
+#include "transmittercard.h"
+
+#include <QComboBox>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QPushButton>
+#include <QSettings>
+
+using namespace tavrix;
+using namespace tavrix::testing;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Picks a list entry the way a keyboard user does, so the card sees a real activation.
+void pick(QComboBox *box, int index)
+{
+    box->setFocus();
+    while (box->currentIndex() < index)
+        QTest::keyClick(box, Qt::Key_Down);
+    while (box->currentIndex() > index)
+        QTest::keyClick(box, Qt::Key_Up);
+}
+
+} // namespace
+
+class TestPageBinders : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("OrvaneLabs"));
+        QCoreApplication::setApplicationName(QStringLiteral("OrvaneLabs HUB binder test"));
+    }
+
+    void init() { QSettings().clear(); }
+
+    void carPageListsPortsAndControllersAndConnectsThem()
+    {
+        HubRig rig;
+        QVERIFY(rig.startBridge());
+        rig.plugCarControllers();
+        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(window.showPage(QStringLiteral("rc-car")));
+        auto *car = qobject_cast<CarPage *>(window.page(QStringLiteral("rc-car")));
+
+        QCOMPARE(car->transmitterCard()->ports(), QStringList{rig.linkPath()});
+        QCOMPARE(car->deviceCard()->devices(),
+                 (QStringList{QStringLiteral("Test Wheel (8 axes, 32 btn) [FFB]"),
+                              QStringLiteral("Test Pedals (8 axes, 8 btn)")}));
+        QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("wheel")), -1);
+
+        car->transmitterCard()->connectButton()->click();
+        QVERIFY(rig.controller()->isSerialConnected());
+        QVERIFY(car->transmitterCard()->isConnected());
+        QCOMPARE(car->transmitterCard()->connectButton()->text(), QStringLiteral("Disconnect"));
+        QCOMPARE(rig.services->profiles()->transmitterPortName(), rig.linkPath());
+
+        pick(car->deviceCard()->picker(QStringLiteral("wheel")), 1);
+        pick(car->deviceCard()->picker(QStringLiteral("pedals")), 2);
+        QVERIFY(rig.controller()->isDeviceConnected(DeviceRole::WheelBase));
+        QVERIFY(rig.controller()->isDeviceConnected(DeviceRole::Pedals));
+        QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("wheel")), 0);
+        QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("pedals")), 1);
+
+        // Choosing "None" closes the role again.
+        pick(car->deviceCard()->picker(QStringLiteral("pedals")), 0);
+        QVERIFY(!rig.controller()->isDeviceConnected(DeviceRole::Pedals));
+
+        car->transmitterCard()->connectButton()->click();
+        QVERIFY(!rig.controller()->isSerialConnected());
+        QCOMPARE(car->transmitterCard()->connectButton()->text(), QStringLiteral("Connect"));
+    }
+
+    void portListFollowsThePlugWhileThePageIsShown()
+    {
+        HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        window.showPage(QStringLiteral("rc-car"));
+        auto *car = qobject_cast<CarPage *>(window.page(QStringLiteral("rc-car")));
+        QVERIFY(car->transmitterCard()->ports().isEmpty());
+        QVERIFY(!car->transmitterCard()->connectButton()->isEnabled());
+        QVERIFY(rig.startBridge());
+        QTRY_COMPARE_WITH_TIMEOUT(car->transmitterCard()->ports(), QStringList{rig.linkPath()}, 5000);
+        QVERIFY(car->transmitterCard()->connectButton()->isEnabled());
+    }
+
+    void startRefusalsShowOnThePage_data()
+    {
+        QTest::addColumn<bool>("transmitter");
+        QTest::addColumn<bool>("wheel");
+        QTest::addColumn<double>("throttle");
+        QTest::addColumn<double>("brake");
+        QTest::addColumn<QString>("message");
+        QTest::newRow("no transmitter")
+            << false << true << 0.0 << 0.0 << QStringLiteral("RP2040 Bridge not connected");
+        QTest::newRow("no wheel") << true << false << 0.0 << 0.0
+                                  << QStringLiteral("Wheel base not connected");
+        QTest::newRow("throttle pressed")
+            << true << true << 0.5 << 0.0
+            << QStringLiteral("Release the throttle pedal before starting transmission.");
+        QTest::newRow("brake pressed")
+            << true << true << 0.0 << 0.3
+            << QStringLiteral("Release the brake pedal before starting transmission.");
+        QTest::newRow("both pressed")
+            << true << true << 0.5 << 0.5
+            << QStringLiteral("Release the throttle and brake pedals before starting transmission.");
+    }
+
+    void startRefusalsShowOnThePage()
+    {
+        QFETCH(bool, transmitter);
+        QFETCH(bool, wheel);
+        QFETCH(double, throttle);
+        QFETCH(double, brake);
+        QFETCH(QString, message);
+        HubRig rig;
+        QVERIFY(rig.startBridge());
+        rig.plugCarControllers();
+        TavrixController *c = rig.controller();
+        if (transmitter)
+            QVERIFY(c->connectTransmitter(rig.linkPath()));
+        if (wheel)
+            QVERIFY(c->connectDevice(DeviceRole::WheelBase, 0));
+        QVERIFY(c->connectDevice(DeviceRole::Pedals, 1));
+        rig.setPedals(throttle, brake);
+        // The start check compares each pedal with 5% of its travel.
+        QTRY_VERIFY((c->throttle() > 0.05f) == (throttle > 0.0) && (c->brake() > 0.05f) == (brake > 0.0));
+
+        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        window.showPage(QStringLiteral("rc-car"));
+        auto *car = qobject_cast<CarPage *>(window.page(QStringLiteral("rc-car")));
+        QVERIFY(car->problem().isEmpty());
+        car->startButton()->click();
+        QCOMPARE(car->problem(), message);
+        QVERIFY(car->problemNotice()->isVisible());
+        QVERIFY(!c->isRunning());
+        QVERIFY(!car->isTransmitting());
+        QCOMPARE(car->startButton()->text(), QStringLiteral("Start transmission"));
+        if (transmitter) {
+            QVERIFY(rig.sim.commands().isEmpty() || !rig.sim.commands().contains(QStringLiteral("START")));
+        }
+    }
+
+    void releasedPedalsStartAndTheCarPageComesAlive()
+    {
+        HubRig rig;
+        QVERIFY(rig.startBridge());
+        rig.plugCarControllers();
+        TavrixController *c = rig.controller();
+        QVERIFY(c->connectTransmitter(rig.linkPath()));
+        QVERIFY(c->connectDevice(DeviceRole::WheelBase, 0));
+        QVERIFY(c->connectDevice(DeviceRole::Pedals, 1));
+        // A classic receiver: its 0x08 frames are the battery.
+        QVERIFY(rig.services->profiles()->setSetting(
+            QStringLiteral("receiverCaps"),
+            QJsonObject{{QStringLiteral("firmware"), QStringLiteral("3.4.1")}}));
+        rig.setPedals(0.4, 0.0);
+        QTRY_VERIFY(c->throttle() > 0.3f);
+
+        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        window.showPage(QStringLiteral("rc-car"));
+        auto *car = qobject_cast<CarPage *>(window.page(QStringLiteral("rc-car")));
+        QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("wheel")), 0);
+        QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("pedals")), 1);
+        QTRY_VERIFY(car->throttleBar()->value().value_or(0.0) > 0.3);
+
+        car->startButton()->click();
+        QVERIFY(!car->problem().isEmpty());
+        rig.setPedals(0.0, 0.0);
+        QTRY_VERIFY(c->throttle() < 0.01f);
+        car->startButton()->click();
+        QVERIFY(c->isRunning());
+        QVERIFY(car->isTransmitting());
+        QVERIFY(car->problem().isEmpty());
+        QCOMPARE(car->startButton()->text(), QStringLiteral("Stop transmission"));
+
+        // Steering moves CH1 on the page as it moves in the frames.
+        hub::LevelBar *ch1 = car->channelBar()->bar(0);
+        QTRY_VERIFY(ch1->value().has_value());
+        const double before = *ch1->value();
+        rig.backend->setAxis(rig.firstDevice, ControllerRig::kSteeringSlot, rawForDeviceValue(0.8));
+        QTRY_VERIFY(*ch1->value() > before + 500);
+        QTRY_VERIFY(car->steeringBar()->value().value_or(0.0) > 0.7);
+
+        // The simulated car answers: link, link quality and battery reach the page.
+        QTRY_COMPARE_WITH_TIMEOUT(car->carLinkPill()->text(), QStringLiteral("Linked"), 5000);
+        QTRY_VERIFY(car->linkQualityTile()->hasValue());
+        QTRY_VERIFY_WITH_TIMEOUT(car->gpsTile()->hasValue(), 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(car->batteryTile()->hasValue(), 5000);
+
+        car->startButton()->click();
+        QVERIFY(!c->isRunning());
+        QVERIFY(rig.sim.commands().contains(QStringLiteral("STOP")) ||
+                QTest::qWaitFor([&] { return rig.sim.commands().contains(QStringLiteral("STOP")); }, 5000));
+    }
+
+    void dashboardShowsConnectionsTransmissionAndSensors()
+    {
+        HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        auto *dash = qobject_cast<DashboardPage *>(window.page(QStringLiteral("dashboard")));
+        QCOMPARE(dash->transmitterRow()->pill()->text(), QStringLiteral("Not connected"));
+        QCOMPARE(dash->devicesRow()->pill()->text(), QStringLiteral("None"));
+        QVERIFY(dash->telemetryEmptyState()->isVisible());
+
+        QVERIFY(rig.startCarTransmission());
+        QCOMPARE(dash->transmitterRow()->pill()->text(), QStringLiteral("Connected"));
+        QCOMPARE(dash->devicesRow()->pill()->text(), QStringLiteral("2 of 3"));
+        QVERIFY(dash->devicesRow()->detail().contains(QStringLiteral("Test Wheel")));
+        QTRY_VERIFY_WITH_TIMEOUT(dash->frameRateTile()->hasValue(), 5000);
+        QTRY_COMPARE_WITH_TIMEOUT(dash->carLinkRow()->pill()->text(), QStringLiteral("Linked"), 5000);
+        // No sensors chosen in the profile: every sensor seen is shown.
+        QTRY_VERIFY_WITH_TIMEOUT(dash->telemetryGrid()->isVisible() && dash->telemetryGrid()->tileCount() > 5,
+                                 5000);
+        QVERIFY(!dash->telemetryEmptyState()->isVisible());
+
+        // With sensors chosen, exactly those show, in the chosen order.
+        QVERIFY(
+            rig.services->profiles()->setSetting(QStringLiteral("telemetryDashboard"),
+                                                 QJsonArray{QStringLiteral("RQly"), QStringLiteral("Nope")}));
+        QTRY_COMPARE(dash->telemetryGrid()->tileCount(), 2);
+        QCOMPARE(dash->telemetryGrid()->tile(0)->caption(), QStringLiteral("RQly"));
+        QCOMPARE(dash->telemetryGrid()->tile(1)->caption(), QStringLiteral("Nope \u00B7 stale"));
+    }
+
+    void readingsMarkStaleSensors_data()
+    {
+        QTest::addColumn<QStringList>("chosen");
+        QTest::addColumn<QStringList>("keys");
+        QTest::addColumn<QList<bool>>("stale");
+        // Sensors: RQly updated 500 ms ago, RxBt 2500 ms ago, GPS never.
+        QTest::newRow("all seen") << QStringList() << QStringList{u"RQly"_s, u"RxBt"_s, u"GPS"_s}
+                                  << QList<bool>{false, true, true};
+        QTest::newRow("chosen order") << QStringList{u"GPS"_s, u"RQly"_s} << QStringList{u"GPS"_s, u"RQly"_s}
+                                      << QList<bool>{true, false};
+        QTest::newRow("chosen, never received")
+            << QStringList{u"Sats"_s} << QStringList{u"Sats"_s} << QList<bool>{true};
+    }
+
+    void readingsMarkStaleSensors()
+    {
+        QFETCH(QStringList, chosen);
+        QFETCH(QStringList, keys);
+        QFETCH(QList<bool>, stale);
+        const qint64 now = 1'000'000;
+        const TelemetryCatalogue sensors = {
+            {QStringLiteral("RQly"), QStringLiteral("99 %"), {}, {}, now - 500},
+            {QStringLiteral("RxBt"), QStringLiteral("7.4 V"), {}, {}, now - 2500},
+            {QStringLiteral("GPS"), QStringLiteral("No fix"), {}, {}, 0}};
+        const auto readings =
+            DashboardBinder::readings(sensors, chosen, now, std::chrono::milliseconds(2000));
+        QStringList gotKeys;
+        QList<bool> gotStale;
+        for (const TelemetryGrid::Reading &r : readings) {
+            gotKeys.append(r.key);
+            gotStale.append(r.stale);
+        }
+        QCOMPARE(gotKeys, keys);
+        QCOMPARE(gotStale, stale);
+    }
+
+    void staleBoundaryIsStrictlyOlder()
+    {
+        const TelemetryCatalogue sensors = {{QStringLiteral("RQly"), QStringLiteral("99 %"), {}, {}, 8000}};
+        QVERIFY(
+            !DashboardBinder::readings(sensors, {}, 10000, std::chrono::milliseconds(2000)).first().stale);
+        QVERIFY(DashboardBinder::readings(sensors, {}, 10001, std::chrono::milliseconds(2000)).first().stale);
+    }
+
+    void heliPageSwitchesProfileAndShowsTheArmRefusal()
+    {
+        HubRig rig;
+        QVERIFY(rig.startBridge());
+        rig.plugHeliControllers();
+        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        window.showPage(QStringLiteral("rc-heli"));
+        auto *heli = qobject_cast<HeliPage *>(window.page(QStringLiteral("rc-heli")));
+        TavrixController *c = rig.controller();
+
+        // The first profile drives a car: the page says so and offers a helicopter profile.
+        QVERIFY(heli->profileNotice()->isVisible());
+        QVERIFY(heli->profileNotice()->text().contains(QStringLiteral("drives a car")));
+        heli->startButton()->click();
+        QVERIFY(!c->isRunning());
+        QVERIFY(!heli->problem().isEmpty());
+        heli->switchProfileButton()->click();
+        QTRY_VERIFY(c->isHelicopter());
+        QVERIFY(!heli->profileNotice()->isVisible());
+        QCOMPARE(rig.services->profiles()->activeProfileName(), QStringLiteral("RC Helicopter"));
+        QCOMPARE(heli->rateButton(0)->text(), QStringLiteral("60 %"));
+        QCOMPARE(heli->rateButton(2)->text(), QStringLiteral("100 %"));
+        QCOMPARE(heli->rateModeText(), QStringLiteral("Rates: Beginner"));
+
+        heli->rateButton(1)->click();
+        QCOMPARE(c->heliRateMode(), 1);
+        QVERIFY(heli->rateButton(1)->isChecked());
+        QCOMPARE(heli->rateModeText(), QStringLiteral("Rates: Sport"));
+
+        heli->transmitterCard()->connectButton()->click();
+        QVERIFY(c->isSerialConnected());
+        pick(heli->controlsCard()->picker(QStringLiteral("joystick")), 1);
+        pick(heli->controlsCard()->picker(QStringLiteral("throttle")), 2);
+        QVERIFY(c->isDeviceConnected(DeviceRole::HeliJoystick));
+        QVERIFY(c->isDeviceConnected(DeviceRole::HeliThrottle));
+        QVERIFY(!heli->armButton()->isEnabled());
+
+        constexpr int kCollectiveSlot = 2;
+        rig.backend->setAxis(rig.secondDevice, kCollectiveSlot, rawForDeviceValue(-0.7));
+        heli->startButton()->click();
+        QVERIFY(c->isRunning());
+        QVERIFY(heli->armButton()->isEnabled());
+        QTRY_VERIFY(c->frameCount() > 3);
+
+        heli->armButton()->click();
+        QCOMPARE(heli->problem(), QStringLiteral("Lower the collective before arming the motor."));
+        QVERIFY(!c->isHeliArmed());
+        QVERIFY(!heli->isArmed());
+
+        rig.backend->setAxis(rig.secondDevice, kCollectiveSlot, rawForDeviceValue(-0.9));
+        QTRY_VERIFY(c->device(DeviceRole::HeliThrottle)->axis(kCollectiveSlot) < -0.85f);
+        heli->armButton()->click();
+        QVERIFY(c->isHeliArmed());
+        QVERIFY(heli->isArmed());
+        QCOMPARE(heli->armButton()->text(), QStringLiteral("Disarm"));
+
+        heli->startButton()->click();
+        QVERIFY(!c->isRunning());
+        QVERIFY(!heli->isArmed());
+    }
+
+    void errorsAwayFromTheVehiclePagesBecomeAToast()
+    {
+        HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCOMPARE(window.currentPage(), QStringLiteral("dashboard"));
+        rig.controller()->startTransmission();
+        QVERIFY(window.toast()->isVisible());
+        QCOMPARE(window.toast()->text(), QStringLiteral("RP2040 Bridge not connected"));
+    }
+};
+
+QTEST_MAIN(TestPageBinders)
+#include "tst_pagebinders.moc"
