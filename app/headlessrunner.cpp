@@ -112,7 +112,8 @@ void HeadlessRunner::stop(const QString &reason)
     printLine(QStringLiteral("stopping (%1)").arg(reason));
     m_starter->halt();
     m_services.controller()->stopTransmission();
-    QTimer::singleShot(m_timings.stopDrain, this, [this] { emit finished(0); });
+    // The port flushes "STOP\n" when it closes; finish once this slot has returned.
+    QTimer::singleShot(0, this, [this] { emit finished(0); });
 }
 
 void HeadlessRunner::printLine(const QString &line)

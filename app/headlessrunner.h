@@ -27,9 +27,6 @@ public:
         std::chrono::milliseconds statusInterval{5000};
         // The same error again is printed after this long, not at every retry.
         std::chrono::milliseconds repeatErrorAfter{10000};
-        // After the stop, the event loop runs this long before finishing, so "STOP" is
-        // written out and delivered before the port closes.
-        std::chrono::milliseconds stopDrain{200};
     };
 
     HeadlessRunner(HubServices &services, SessionPlan plan, QTextStream &out, QTextStream &err,

@@ -136,6 +136,9 @@ void TavrixSerialPort::close()
     m_pollTimer->stop();
     if (!m_port->isOpen())
         return;
+    // QSerialPort drops whatever still sits in its write buffer on close; the last
+    // bytes are often "STOP\n", which must reach the bridge.
+    m_port->flush();
     m_port->close();
     m_portName.clear();
     emit portNameChanged(m_portName);
