@@ -89,22 +89,6 @@
         <translation>Einstellungen des aktiven Fahrzeugprofils</translation>
     </message>
     <message>
-        <source>Axes</source>
-        <translation>Achsen</translation>
-    </message>
-    <message>
-        <source>Drive</source>
-        <translation>Antrieb</translation>
-    </message>
-    <message>
-        <source>Buttons</source>
-        <translation>Tasten</translation>
-    </message>
-    <message>
-        <source>LED</source>
-        <translation>LED</translation>
-    </message>
-    <message>
         <source>Transmission</source>
         <translation>Übertragung</translation>
     </message>
@@ -115,10 +99,6 @@
     <message>
         <source>Motion output</source>
         <translation>Bewegungsausgabe</translation>
-    </message>
-    <message>
-        <source>These settings open once a car profile is loaded.</source>
-        <translation>Diese Einstellungen öffnen sich, sobald ein Fahrzeugprofil geladen ist.</translation>
     </message>
     <message>
         <source>Live input</source>
@@ -184,6 +164,49 @@
         <source>No fix</source>
         <translation>Kein Fix</translation>
     </message>
+    <message>
+        <source>Axes and calibration</source>
+        <translation>Achsen und Kalibrierung</translation>
+    </message>
+    <message>
+        <source>Drive and throttle safety</source>
+        <translation>Antrieb und Gassicherheit</translation>
+    </message>
+    <message>
+        <source>Button mappings</source>
+        <translation>Tastenbelegung</translation>
+    </message>
+    <message>
+        <source>LED strip</source>
+        <translation>LED-Streifen</translation>
+    </message>
+    <message>
+        <source>The active profile keeps these settings.</source>
+        <translation>Das aktive Profil speichert diese Einstellungen.</translation>
+    </message>
+    <message>
+        <source>The profile “%1” keeps these settings.</source>
+        <translation>Das Profil „%1“ speichert diese Einstellungen.</translation>
+    </message>
+    <message>
+        <source>It drives with its saved values and defaults; the editors for them come in a later version.</source>
+        <translation>Es fährt mit seinen gespeicherten Werten und Vorgaben; die Editoren dafür folgen in einer späteren Version.</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DashboardBinder</name>
+    <message>
+        <source>Choose them on the vehicle&apos;s page</source>
+        <translation>Wähle sie auf der Fahrzeugseite</translation>
+    </message>
+    <message>
+        <source>RC Helicopter</source>
+        <translation>RC-Hubschrauber</translation>
+    </message>
+    <message>
+        <source>RC Car</source>
+        <translation>RC-Auto</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DashboardPage</name>
@@ -244,10 +267,6 @@
         <translation>Telemetrie</translation>
     </message>
     <message>
-        <source>The sensors you chose, with how fresh each reading is</source>
-        <translation>Die gewählten Sensoren und wie aktuell jeder Messwert ist</translation>
-    </message>
-    <message>
         <source>No telemetry yet</source>
         <translation>Noch keine Telemetrie</translation>
     </message>
@@ -294,6 +313,26 @@
     <message>
         <source>Hz</source>
         <translation>Hz</translation>
+    </message>
+    <message>
+        <source>Choose them on the vehicle&apos;s page</source>
+        <translation>Wähle sie auf der Fahrzeugseite</translation>
+    </message>
+    <message>
+        <source>Game controllers</source>
+        <translation>Gamecontroller</translation>
+    </message>
+    <message>
+        <source>The car&apos;s sensors the profile shows, stale readings dimmed</source>
+        <translation>Die Sensoren des Autos aus dem Profil, veraltete Werte abgeblendet</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
     </message>
 </context>
 <context>
@@ -373,10 +412,6 @@
         <translation>Der Motor läuft nur im scharfen Zustand</translation>
     </message>
     <message>
-        <source>Rate mode</source>
-        <translation>Raten-Modus</translation>
-    </message>
-    <message>
         <source>Live controls</source>
         <translation>Live-Steuerung</translation>
     </message>
@@ -417,8 +452,39 @@
         <translation>Entschärft</translation>
     </message>
     <message>
-        <source>Mode %1</source>
-        <translation>Modus %1</translation>
+        <source>Lower the collective, then arm. Stopping transmission disarms.</source>
+        <translation>Senke das Kollektiv ab und schalte dann scharf. Stoppen der Übertragung entschärft.</translation>
+    </message>
+    <message>
+        <source>Shown while transmission runs.</source>
+        <translation>Sichtbar, während die Übertragung läuft.</translation>
+    </message>
+    <message>
+        <source>Beginner</source>
+        <translation>Einsteiger</translation>
+    </message>
+    <message>
+        <source>Sport</source>
+        <translation>Sport</translation>
+    </message>
+    <message>
+        <source>3D</source>
+        <translation>3D</translation>
+    </message>
+    <message>
+        <source>Rates: %1</source>
+        <translation>Raten: %1</translation>
+    </message>
+    <message>
+        <source>%1: roll, pitch and yaw at %2 % of the stick&apos;s travel</source>
+        <translation>%1: Rollen, Nicken und Gier mit %2 % des Knüppelwegs</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliPageBinder</name>
+    <message>
+        <source>Start transmission before arming.</source>
+        <translation>Starte die Übertragung vor dem Scharfschalten.</translation>
     </message>
 </context>
 <context>
@@ -583,6 +649,13 @@
     </message>
 </context>
 <context>
+    <name>tavrix::TelemetryGrid</name>
+    <message>
+        <source>%1 · stale</source>
+        <translation>%1 · veraltet</translation>
+    </message>
+</context>
+<context>
     <name>tavrix::ThemeSwitcher</name>
     <message>
         <source>The HUB restarts to change its colours.</source>
@@ -632,10 +705,6 @@
         <translation>Schließe den Orvane Transmitter per USB an; sein Anschluss erscheint hier.</translation>
     </message>
     <message>
-        <source>No transmitter found</source>
-        <translation>Kein Sender gefunden</translation>
-    </message>
-    <message>
         <source>Disconnect</source>
         <translation>Trennen</translation>
     </message>
@@ -650,6 +719,10 @@
     <message>
         <source>Not connected</source>
         <translation>Nicht verbunden</translation>
+    </message>
+    <message>
+        <source>No ports</source>
+        <translation>Keine Anschlüsse</translation>
     </message>
 </context>
 <context>
@@ -667,10 +740,6 @@
         <translation>Die sechzehn RC-Kanäle, alle 7 ms gesendet, während die Übertragung läuft</translation>
     </message>
     <message>
-        <source>Connect the transmitter first.</source>
-        <translation>Verbinde zuerst den Sender.</translation>
-    </message>
-    <message>
         <source>Stop transmission</source>
         <translation>Übertragung stoppen</translation>
     </message>
@@ -685,6 +754,41 @@
     <message>
         <source>Stopped</source>
         <translation>Gestoppt</translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::VehiclePageBinder</name>
+    <message>
+        <source>Switch to a profile for this vehicle before starting transmission.</source>
+        <translation>Wechsle zu einem Profil für dieses Fahrzeug, bevor du die Übertragung startest.</translation>
+    </message>
+    <message>
+        <source>The active profile “%1” drives a car.</source>
+        <translation>Das aktive Profil „%1“ steuert ein Auto.</translation>
+    </message>
+    <message>
+        <source>Fly with a helicopter profile</source>
+        <translation>Mit Hubschrauberprofil fliegen</translation>
+    </message>
+    <message>
+        <source>The active profile “%1” flies a helicopter.</source>
+        <translation>Das aktive Profil „%1“ steuert einen Hubschrauber.</translation>
+    </message>
+    <message>
+        <source>Drive with a car profile</source>
+        <translation>Mit Autoprofil fahren</translation>
+    </message>
+    <message>
+        <source>RC Helicopter</source>
+        <translation>RC-Hubschrauber</translation>
+    </message>
+    <message>
+        <source>RC Car</source>
+        <translation>RC-Auto</translation>
     </message>
 </context>
 <context>

@@ -89,22 +89,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Axes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Drive</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Buttons</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>LED</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Transmission</source>
         <translation type="unfinished"></translation>
     </message>
@@ -114,10 +98,6 @@
     </message>
     <message>
         <source>Motion output</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>These settings open once a car profile is loaded.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -184,6 +164,49 @@
         <source>No fix</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Axes and calibration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drive and throttle safety</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Button mappings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LED strip</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The active profile keeps these settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The profile “%1” keeps these settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It drives with its saved values and defaults; the editors for them come in a later version.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DashboardBinder</name>
+    <message>
+        <source>Choose them on the vehicle&apos;s page</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RC Helicopter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RC Car</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DashboardPage</name>
@@ -244,10 +267,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The sensors you chose, with how fresh each reading is</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>No telemetry yet</source>
         <translation type="unfinished"></translation>
     </message>
@@ -293,6 +312,26 @@
     </message>
     <message>
         <source>Hz</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose them on the vehicle&apos;s page</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Game controllers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The car&apos;s sensors the profile shows, stale readings dimmed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -373,10 +412,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Rate mode</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Live controls</source>
         <translation type="unfinished"></translation>
     </message>
@@ -417,7 +452,38 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Mode %1</source>
+        <source>Lower the collective, then arm. Stopping transmission disarms.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shown while transmission runs.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Beginner</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sport</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>3D</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rates: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: roll, pitch and yaw at %2 % of the stick&apos;s travel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliPageBinder</name>
+    <message>
+        <source>Start transmission before arming.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -583,6 +649,13 @@
     </message>
 </context>
 <context>
+    <name>tavrix::TelemetryGrid</name>
+    <message>
+        <source>%1 · stale</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::ThemeSwitcher</name>
     <message>
         <source>The HUB restarts to change its colours.</source>
@@ -632,10 +705,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>No transmitter found</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Disconnect</source>
         <translation type="unfinished"></translation>
     </message>
@@ -649,6 +718,10 @@
     </message>
     <message>
         <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No ports</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -667,10 +740,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Connect the transmitter first.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Stop transmission</source>
         <translation type="unfinished"></translation>
     </message>
@@ -684,6 +753,41 @@
     </message>
     <message>
         <source>Stopped</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dismiss</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::VehiclePageBinder</name>
+    <message>
+        <source>Switch to a profile for this vehicle before starting transmission.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The active profile “%1” drives a car.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Fly with a helicopter profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The active profile “%1” flies a helicopter.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drive with a car profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RC Helicopter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RC Car</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
