@@ -1,5 +1,6 @@
 #include "tavrixcontroller.h"
 
+#include "activeprofilefollower.h"
 #include "buttonmappingengine.h"
 #include "deviceroleset.h"
 #include "drivecomputation.h"
@@ -50,7 +51,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     , m_telemetry(new TelemetryMonitor(timings, this))
     , m_transmitTimer(new QTimer(this))
     , m_idleInputTimer(new QTimer(this))
-    , m_settings(std::make_unique<ProfileSettings>())
+    , m_profile(new ActiveProfileFollower(profiles, this))
     , m_drive(std::make_unique<DriveComputation>())
     , m_helicopter(std::make_unique<HelicopterComputation>())
     , m_buttons(std::make_unique<ButtonMappingEngine>())
@@ -109,7 +110,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
                     emit carAttitudeReceived(pitch, roll, yaw);
                     return;
                 }
-                const HelicopterSettings::Attitude &invert = m_settings->helicopter.attitude;
+                const HelicopterSettings::Attitude &invert = m_profile->settings().helicopter.attitude;
                 emit heliAttitudeReceived(invert.invertPitch ? -pitch : pitch,
                                           invert.invertRoll ? -roll : roll, invert.invertYaw ? -yaw : yaw);
             });
@@ -118,9 +119,11 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     connect(m_devices, &DeviceRoleSet::deviceLost, this, &TavrixController::onDeviceLost);
     connect(m_devices, &DeviceRoleSet::errorOccurred, this, &TavrixController::errorOccurred);
 
-    connect(m_profiles, &ProfileManager::activeProfileChanged, this,
-            &TavrixController::onActiveProfileChanged);
-    connect(m_profiles, &ProfileManager::profileModified, this, &TavrixController::onProfileModified);
+    connect(m_profile, &ActiveProfileFollower::settingsReloaded, this, &TavrixController::applySettings);
+    connect(m_profile, &ActiveProfileFollower::savedDevicesChanged, this,
+            &TavrixController::reopenSavedDevices);
+    connect(m_profile, &ActiveProfileFollower::profileChanged, this, &TavrixController::profileChanged);
+    connect(m_profile, &ActiveProfileFollower::errorOccurred, this, &TavrixController::errorOccurred);
 
     const QString rememberedPort = m_profiles->transmitterPortName();
     if (!rememberedPort.isEmpty())
@@ -131,7 +134,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     m_heliThrottleSource = InputDeviceSource(m_devices->device(DeviceRole::HeliThrottle));
     m_heliPedalsSource = InputDeviceSource(m_devices->device(DeviceRole::HeliPedals));
 
-    applyProfile();
+    m_profile->reload();
     reconnectSavedDevices();
     m_idleInputTimer->start();
 }
@@ -140,12 +143,22 @@ TavrixController::~TavrixController()
 {
     // Closing the port on the way out is not a loss to recover from.
     m_link->setAutoReconnectSuppressed(true);
-    m_profileSwitchPending = false;
+    m_profile->discardDeferredSwitch();
     const QSignalBlocker quiet(this);
     stopTransmission();
 }
 
 // --- state ---
+
+VehicleType TavrixController::vehicleType() const
+{
+    return m_profile->vehicleType();
+}
+
+bool TavrixController::isHelicopter() const
+{
+    return m_profile->vehicleType() == VehicleType::Helicopter;
+}
 
 bool TavrixController::isReverseModeActive() const
 {
@@ -154,7 +167,7 @@ bool TavrixController::isReverseModeActive() const
 
 bool TavrixController::isLedPowerOn() const
 {
-    return m_settings->led.powerOn;
+    return m_profile->settings().led.powerOn;
 }
 
 InputDevice *TavrixController::device(DeviceRole role) const
@@ -189,7 +202,7 @@ void TavrixController::disconnectDevice(DeviceRole role)
 
 void TavrixController::reconnectSavedDevices()
 {
-    for (DeviceRole role : DeviceRoleSet::rolesFor(m_vehicle)) {
+    for (DeviceRole role : DeviceRoleSet::rolesFor(m_profile->vehicleType())) {
         if (!m_devices->device(role)->isOpen())
             m_devices->openSaved(role);
     }
@@ -312,13 +325,15 @@ bool TavrixController::startTransmission()
         return false;
 
     m_running = true;
+    m_profile->setTransmitting(true);
     m_frameCount = 0;
     m_safetyStopQueued = false;
-    m_buttons->reset(m_settings->buttonMappings);
+    const ProfileSettings &settings = m_profile->settings();
+    m_buttons->reset(settings.buttonMappings);
     m_drive->reset();
     m_helicopter->reset();
     // A power button held while starting is not a press.
-    m_ledPowerButtonWasPressed = m_wheelSource.isPressed(m_settings->led.powerButtonIndex);
+    m_ledPowerButtonWasPressed = m_wheelSource.isPressed(settings.led.powerButtonIndex);
 
     m_idleInputTimer->stop();
     m_transmitTimer->start();
@@ -338,18 +353,16 @@ void TavrixController::stopTransmission()
     if (m_link->isConnected())
         m_link->serialWrite(kStopCommand);
     m_running = false;
+    m_profile->setTransmitting(false);
     m_telemetry->transmissionStopped();
-    m_buttons->reset(m_settings->buttonMappings);
+    m_buttons->reset(m_profile->settings().buttonMappings);
     if (m_helicopter->disarm())
         emit heliArmedChanged(false);
     m_idleInputTimer->start();
     qInfo().noquote()
         << QStringLiteral("TavrixController: transmission stopped after %1 frames").arg(m_frameCount);
     emit runningChanged(false);
-    if (m_profileSwitchPending) {
-        switchToActiveProfile();
-        emit profileChanged(m_profiles->activeProfileId());
-    }
+    m_profile->applyDeferredSwitch();
 }
 
 void TavrixController::safetyStop(const QString &reason)
@@ -425,7 +438,7 @@ void TavrixController::tickHelicopter()
         emit errorOccurred(DeviceRoleSet::disconnectedMessage(DeviceRole::HeliJoystick));
         return;
     }
-    m_helicopter->tick(helicopterInputs(), *m_buttons, m_settings->buttonMappings, m_channels);
+    m_helicopter->tick(helicopterInputs(), *m_buttons, m_profile->settings().buttonMappings, m_channels);
     sendFrame();
     publishInputs();
 }
@@ -438,16 +451,17 @@ void TavrixController::tickCar()
         return;
     }
     const InputDeviceSource &wheel = m_wheelSource;
+    const ProfileSettings &settings = m_profile->settings();
     DriveInputs inputs =
         DriveControls::read(m_devices->device(DeviceRole::WheelBase), m_devices->device(DeviceRole::Pedals),
-                            m_devices->device(DeviceRole::Shifter), *m_settings);
-    inputs.pitLimiterHeld = ButtonMappingEngine::isPitLimiterActive(m_settings->buttonMappings, wheel);
+                            m_devices->device(DeviceRole::Shifter), settings);
+    inputs.pitLimiterHeld = ButtonMappingEngine::isPitLimiterActive(settings.buttonMappings, wheel);
     m_steering = inputs.steering;
     m_throttle = inputs.throttle;
     m_brake = inputs.brake;
 
     const DriveTickResult result = m_drive->tick(inputs, wheel, m_channels);
-    m_buttons->apply(m_settings->buttonMappings, m_channels, wheel);
+    m_buttons->apply(settings.buttonMappings, m_channels, wheel);
     applyLedPower(wheel);
     sendFrame();
 
@@ -460,15 +474,15 @@ void TavrixController::tickCar()
 
 void TavrixController::applyLedPower(const ButtonSource &wheelButtons)
 {
-    const bool pressed = wheelButtons.isPressed(m_settings->led.powerButtonIndex);
+    const ProfileSettings &settings = m_profile->settings();
+    const bool pressed = wheelButtons.isPressed(settings.led.powerButtonIndex);
     const bool flip = pressed && !m_ledPowerButtonWasPressed;
     m_ledPowerButtonWasPressed = pressed;
     if (flip)
-        setLedPower(!m_settings->led.powerOn);
-    if (!ButtonMappingEngine::ownsChannel(m_settings->buttonMappings,
-                                          ButtonMappingEngine::kLedPowerChannel)) {
+        setLedPower(!settings.led.powerOn);
+    if (!ButtonMappingEngine::ownsChannel(settings.buttonMappings, ButtonMappingEngine::kLedPowerChannel)) {
         m_channels[ButtonMappingEngine::kLedPowerChannel] =
-            m_settings->led.powerOn ? kLedPowerOnValue : kLedPowerOffValue;
+            settings.led.powerOn ? kLedPowerOnValue : kLedPowerOffValue;
     }
 }
 
@@ -497,7 +511,7 @@ void TavrixController::readDriveControls()
 {
     const DriveInputs inputs =
         DriveControls::read(m_devices->device(DeviceRole::WheelBase), m_devices->device(DeviceRole::Pedals),
-                            m_devices->device(DeviceRole::Shifter), *m_settings);
+                            m_devices->device(DeviceRole::Shifter), m_profile->settings());
     m_steering = inputs.steering;
     m_throttle = inputs.throttle;
     m_brake = inputs.brake;
@@ -590,22 +604,14 @@ void TavrixController::setHeliRateMode(int mode)
 {
     if (!m_helicopter->setRateMode(mode))
         return;
-    m_settings->helicopter.dualRates.activeMode = mode;
     emit heliRateModeChanged(mode);
-    m_profiles->setSetting(QStringLiteral("helicopterConfig"),
-                           helicopterConfigWithRateMode(
-                               m_profiles->setting(QStringLiteral("helicopterConfig")).toObject(), mode));
+    m_profile->rememberHeliRateMode(mode);
 }
 
 void TavrixController::setLedPower(bool on)
 {
-    if (m_settings->led.powerOn == on)
-        return;
-    m_settings->led.powerOn = on;
-    m_profiles->setSetting(
-        QStringLiteral("ledSettings"),
-        ledSettingsWithPower(m_profiles->setting(QStringLiteral("ledSettings")).toObject(), on));
-    emit ledSettingsChanged();
+    if (m_profile->setLedPower(on))
+        emit ledSettingsChanged();
 }
 
 void TavrixController::setAutoStartEnabled(bool enabled)
@@ -618,72 +624,27 @@ void TavrixController::setAutoStartEnabled(bool enabled)
 
 void TavrixController::reloadSettings()
 {
-    applyProfile();
+    m_profile->reload();
 }
 
-void TavrixController::applyProfile()
+void TavrixController::applySettings(bool ledChanged)
 {
-    auto next = std::make_unique<ProfileSettings>(ProfileSettings::fromProfile(m_profiles->activeProfile()));
-    const bool ledChanged = next->led.powerOn != m_settings->led.powerOn ||
-                            next->led.powerButtonIndex != m_settings->led.powerButtonIndex;
-    const bool vehicleChanged = next->vehicleType != m_vehicle;
-    m_settings = std::move(next);
-    if (m_drive->setSettings(m_settings->drive))
+    const ProfileSettings &settings = m_profile->settings();
+    if (m_drive->setSettings(settings.drive))
         emit reverseModeChanged(false);
     const int rateMode = m_helicopter->settings().dualRates.activeMode;
-    m_helicopter->setSettings(m_settings->helicopter);
-    if (m_settings->helicopter.dualRates.activeMode != rateMode)
-        emit heliRateModeChanged(m_settings->helicopter.dualRates.activeMode);
-    m_telemetry->setReceiverGeneration(m_settings->receiverGeneration);
+    m_helicopter->setSettings(settings.helicopter);
+    if (settings.helicopter.dualRates.activeMode != rateMode)
+        emit heliRateModeChanged(settings.helicopter.dualRates.activeMode);
+    m_telemetry->setReceiverGeneration(settings.receiverGeneration);
     if (ledChanged)
         emit ledSettingsChanged();
-    if (vehicleChanged) {
-        // Changing what is driven mid-run would swap devices under the tick.
-        if (m_running)
-            m_profileSwitchPending = true;
-        else
-            switchVehicle();
-    }
 }
 
-void TavrixController::switchVehicle()
+void TavrixController::reopenSavedDevices()
 {
-    m_vehicle = m_settings->vehicleType;
-    qInfo().noquote() << QStringLiteral("TavrixController: now driving a %1")
-                             .arg(isHelicopter() ? QStringLiteral("helicopter") : QStringLiteral("car"));
     m_devices->closeAll();
     reconnectSavedDevices();
-}
-
-void TavrixController::switchToActiveProfile()
-{
-    m_profileSwitchPending = false;
-    const VehicleType previous = m_vehicle;
-    applyProfile();
-    // Another profile of the same vehicle may name other devices.
-    if (m_vehicle == previous) {
-        m_devices->closeAll();
-        reconnectSavedDevices();
-    }
-}
-
-void TavrixController::onActiveProfileChanged(const QString &profileId)
-{
-    if (m_running) {
-        // The store has switched already; the controller follows once stopped.
-        m_profileSwitchPending = true;
-        emit errorOccurred(tr("The new profile takes effect when transmission stops"));
-        return;
-    }
-    switchToActiveProfile();
-    emit profileChanged(profileId);
-}
-
-void TavrixController::onProfileModified(const QString &profileId)
-{
-    // After a switch deferred by a run, the new profile is read whole once stopped.
-    if (profileId == m_profiles->activeProfileId() && !m_profileSwitchPending)
-        applyProfile();
 }
 
 } // namespace tavrix

@@ -19,6 +19,7 @@ class QTimer;
 
 namespace tavrix {
 
+class ActiveProfileFollower;
 class ButtonMappingEngine;
 class ButtonSource;
 class DeviceRoleSet;
@@ -30,7 +31,6 @@ class TelemetryMonitor;
 class TransmitterLink;
 struct HelicopterInputs;
 struct InputDeviceInfo;
-struct ProfileSettings;
 
 // The spine of the hub: owns the transmitter link, the CRSF codec, one input device
 // per role of the active vehicle and the channel computations, and runs the 7 ms
@@ -78,8 +78,8 @@ public:
     // CH1..CH16 as last computed; they keep their values while stopped.
     [[nodiscard]] const ChannelValues &channels() const { return m_channels; }
     // Follows the active profile; changes only while not transmitting.
-    [[nodiscard]] VehicleType vehicleType() const { return m_vehicle; }
-    [[nodiscard]] bool isHelicopter() const { return m_vehicle == VehicleType::Helicopter; }
+    [[nodiscard]] VehicleType vehicleType() const;
+    [[nodiscard]] bool isHelicopter() const;
     // Steering (-1..+1), throttle and brake (0..1) after calibration, as last read.
     [[nodiscard]] float steering() const { return m_steering; }
     [[nodiscard]] float throttle() const { return m_throttle; }
@@ -196,12 +196,9 @@ private:
     void onIdleInputPoll();
     void onDeviceConnectedChanged(DeviceRole role, bool connected);
     void onDeviceLost(DeviceRole role);
-    void onActiveProfileChanged(const QString &profileId);
-    void onProfileModified(const QString &profileId);
-    // Reads the active profile's settings; switches vehicle and devices only when idle.
-    void applyProfile();
-    void switchToActiveProfile();
-    void switchVehicle();
+    // Hands the active profile's settings, just read again, to the computations.
+    void applySettings(bool ledChanged);
+    void reopenSavedDevices();
     void tickCar();
     void tickHelicopter();
     void sendFrame();
@@ -222,8 +219,9 @@ private:
     TelemetryMonitor *m_telemetry = nullptr;
     QTimer *m_transmitTimer = nullptr;
     QTimer *m_idleInputTimer = nullptr;
+    // The active profile's settings and the vehicle they drive, kept in step with the store.
+    ActiveProfileFollower *m_profile = nullptr;
 
-    std::unique_ptr<ProfileSettings> m_settings;
     std::unique_ptr<DriveComputation> m_drive;
     std::unique_ptr<HelicopterComputation> m_helicopter;
     std::unique_ptr<ButtonMappingEngine> m_buttons;
@@ -237,11 +235,9 @@ private:
     ChannelValues m_channels{};
     ChannelValues m_publishedChannels{};
     quint32 m_frameCount = 0;
-    VehicleType m_vehicle = VehicleType::Car;
     bool m_running = false;
     bool m_configMode = false;
     bool m_safetyStopQueued = false;
-    bool m_profileSwitchPending = false;
     bool m_ledPowerButtonWasPressed = false;
     float m_steering = 0.0f;
     float m_throttle = 0.0f;

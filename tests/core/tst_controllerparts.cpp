@@ -1,6 +1,8 @@
+#include "activeprofilefollower.h"
 #include "crsfprotocol.h"
 #include "deviceroleset.h"
 #include "drivecontrols.h"
+#include "profilemanager.h"
 #include "profileschema.h"
 #include "profilesettings.h"
 #include "telemetrymonitor.h"
@@ -8,6 +10,7 @@
 
 #include <QJsonArray>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace tavrix;
@@ -33,6 +36,9 @@ private slots:
     void carLinkDropsAfterTimeout();
     void staleCountChangesRaiseDashboardOnce();
     void motionWaitAndStop();
+    void followerWaitsForStopToSwitch_data();
+    void followerWaitsForStopToSwitch();
+    void followerStoresLedPower();
 };
 
 void TestControllerParts::defaultProfileReadsAsDefaults()
@@ -339,6 +345,85 @@ void TestControllerParts::motionWaitAndStop()
     fresh.handleFrame(crsf::kTypeVehicleRecord, QByteArray::fromHex("00"
                                                                     "0000"));
     QCOMPARE(fresh.receiverFfbState(), ReceiverFfbState::Idle);
+}
+
+void TestControllerParts::followerWaitsForStopToSwitch_data()
+{
+    QTest::addColumn<bool>("otherProfile");
+    QTest::addColumn<bool>("transmitting");
+    QTest::addColumn<VehicleType>("vehicleAfter");
+
+    QTest::newRow("vehicle edited while idle") << false << false << VehicleType::Helicopter;
+    QTest::newRow("vehicle edited while transmitting") << false << true << VehicleType::Helicopter;
+    // Same vehicle, but the other profile may name other devices.
+    QTest::newRow("other car profile while idle") << true << false << VehicleType::Car;
+    QTest::newRow("other car profile while transmitting") << true << true << VehicleType::Car;
+}
+
+void TestControllerParts::followerWaitsForStopToSwitch()
+{
+    QFETCH(bool, otherProfile);
+    QFETCH(bool, transmitting);
+    QFETCH(VehicleType, vehicleAfter);
+
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    ProfileManager profiles(dir.path());
+    profiles.loadProfiles();
+    const QString other = profiles.createProfile(QStringLiteral("Other"));
+    QVERIFY(!other.isEmpty());
+    ActiveProfileFollower follower(&profiles);
+    follower.reload();
+    QCOMPARE(follower.vehicleType(), VehicleType::Car);
+
+    QSignalSpy reopen(&follower, &ActiveProfileFollower::savedDevicesChanged);
+    QSignalSpy changed(&follower, &ActiveProfileFollower::profileChanged);
+    QSignalSpy errors(&follower, &ActiveProfileFollower::errorOccurred);
+    follower.setTransmitting(transmitting);
+    if (otherProfile)
+        QVERIFY(profiles.setActiveProfile(other));
+    else
+        QVERIFY(profiles.setVehicleType(QStringLiteral("rc_helicopter")));
+
+    if (transmitting) {
+        QCOMPARE(reopen.size(), 0);
+        QCOMPARE(follower.vehicleType(), VehicleType::Car);
+        QCOMPARE(errors.size(), otherProfile ? 1 : 0);
+        follower.setTransmitting(false);
+        follower.applyDeferredSwitch();
+    }
+    QCOMPARE(follower.vehicleType(), vehicleAfter);
+    QCOMPARE(reopen.size(), 1);
+    QCOMPARE(changed.size(), otherProfile || transmitting ? 1 : 0);
+    if (!changed.isEmpty())
+        QCOMPARE(changed.first().at(0).toString(), profiles.activeProfileId());
+
+    // Nothing waits any more.
+    follower.applyDeferredSwitch();
+    QCOMPARE(reopen.size(), 1);
+}
+
+void TestControllerParts::followerStoresLedPower()
+{
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    ProfileManager profiles(dir.path());
+    profiles.loadProfiles();
+    ActiveProfileFollower follower(&profiles);
+    follower.reload();
+    QVERIFY(follower.settings().led.powerOn);
+
+    QSignalSpy reloaded(&follower, &ActiveProfileFollower::settingsReloaded);
+    QVERIFY(follower.setLedPower(false));
+    QVERIFY(!follower.setLedPower(false));
+    QVERIFY(!follower.settings().led.powerOn);
+    QVERIFY(!profiles.setting(QStringLiteral("ledSettings"))
+                 .toObject()
+                 .value(QStringLiteral("powerOn"))
+                 .toBool(true));
+    // The store's echo of the write is not reported as a change of the LED settings.
+    for (const QList<QVariant> &args : reloaded)
+        QVERIFY(!args.at(0).toBool());
 }
 
 QTEST_MAIN(TestControllerParts)

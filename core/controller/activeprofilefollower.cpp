@@ -1,0 +1,106 @@
+#include "activeprofilefollower.h"
+
+#include "profilemanager.h"
+
+#include <QDebug>
+#include <QJsonObject>
+
+namespace tavrix {
+
+ActiveProfileFollower::ActiveProfileFollower(ProfileManager *profiles, QObject *parent)
+    : QObject(parent)
+    , m_profiles(profiles)
+{
+    connect(m_profiles, &ProfileManager::activeProfileChanged, this,
+            &ActiveProfileFollower::onActiveProfileChanged);
+    connect(m_profiles, &ProfileManager::profileModified, this, &ActiveProfileFollower::onProfileModified);
+}
+
+void ActiveProfileFollower::reload()
+{
+    ProfileSettings next = ProfileSettings::fromProfile(m_profiles->activeProfile());
+    const bool ledChanged = next.led.powerOn != m_settings.led.powerOn ||
+                            next.led.powerButtonIndex != m_settings.led.powerButtonIndex;
+    const bool vehicleChanged = next.vehicleType != m_vehicle;
+    m_settings = std::move(next);
+    emit settingsReloaded(ledChanged);
+    if (vehicleChanged) {
+        // Changing what is driven mid-run would swap devices under the tick.
+        if (m_transmitting)
+            m_switchPending = true;
+        else
+            switchVehicle();
+    }
+}
+
+void ActiveProfileFollower::setTransmitting(bool transmitting)
+{
+    m_transmitting = transmitting;
+}
+
+void ActiveProfileFollower::applyDeferredSwitch()
+{
+    if (!m_switchPending)
+        return;
+    switchToActiveProfile();
+    emit profileChanged(m_profiles->activeProfileId());
+}
+
+bool ActiveProfileFollower::setLedPower(bool on)
+{
+    if (m_settings.led.powerOn == on)
+        return false;
+    m_settings.led.powerOn = on;
+    m_profiles->setSetting(
+        QStringLiteral("ledSettings"),
+        ledSettingsWithPower(m_profiles->setting(QStringLiteral("ledSettings")).toObject(), on));
+    return true;
+}
+
+void ActiveProfileFollower::rememberHeliRateMode(int mode)
+{
+    m_settings.helicopter.dualRates.activeMode = mode;
+    m_profiles->setSetting(QStringLiteral("helicopterConfig"),
+                           helicopterConfigWithRateMode(
+                               m_profiles->setting(QStringLiteral("helicopterConfig")).toObject(), mode));
+}
+
+void ActiveProfileFollower::switchVehicle()
+{
+    m_vehicle = m_settings.vehicleType;
+    qInfo().noquote() << QStringLiteral("TavrixController: now driving a %1")
+                             .arg(m_vehicle == VehicleType::Helicopter ? QStringLiteral("helicopter")
+                                                                       : QStringLiteral("car"));
+    emit savedDevicesChanged();
+}
+
+void ActiveProfileFollower::switchToActiveProfile()
+{
+    m_switchPending = false;
+    const VehicleType previous = m_vehicle;
+    reload();
+    // Another profile of the same vehicle may name other devices.
+    if (m_vehicle == previous)
+        emit savedDevicesChanged();
+}
+
+void ActiveProfileFollower::onActiveProfileChanged(const QString &profileId)
+{
+    if (m_transmitting) {
+        // The store has switched already; the controller follows once stopped.
+        m_switchPending = true;
+        emit errorOccurred(tr("The new profile takes effect when transmission stops"));
+        return;
+    }
+    switchToActiveProfile();
+    emit profileChanged(profileId);
+}
+
+void ActiveProfileFollower::onProfileModified(const QString &profileId)
+{
+    // After a switch deferred by a run, the new profile is read whole once stopped.
+    if (profileId == m_profiles->activeProfileId() && !m_switchPending)
+        reload();
+}
+
+} // namespace tavrix

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "controllertypes.h"
+#include "profilesettings.h"
+
+#include <QObject>
+#include <QString>
+
+namespace tavrix {
+
+class ProfileManager;
+
+// Keeps the controller's copy of the active profile's settings in step with the store:
+// rereads them when the active profile is edited or another one becomes active, and
+// writes back the two values the hub itself changes (LED power, rate mode).
+//
+// A change of vehicle, or a switch to another profile, swaps the input devices, so it
+// waits while transmitting and is followed once the controller has stopped. The
+// follower only reports what changed; the controller applies it to its parts.
+class ActiveProfileFollower : public QObject
+{
+    Q_OBJECT
+
+public:
+    // profiles is not owned and must outlive the follower. Nothing is read until reload().
+    explicit ActiveProfileFollower(ProfileManager *profiles, QObject *parent = nullptr);
+
+    [[nodiscard]] const ProfileSettings &settings() const { return m_settings; }
+    // Changes only while not transmitting.
+    [[nodiscard]] VehicleType vehicleType() const { return m_vehicle; }
+
+    // Reads the active profile's settings again; a new vehicle waits while transmitting.
+    void reload();
+    void setTransmitting(bool transmitting);
+    // After transmission stopped: follows a profile switch or vehicle change that had to wait.
+    void applyDeferredSwitch();
+    // Forgets a waiting switch (the controller is going away).
+    void discardDeferredSwitch() { m_switchPending = false; }
+
+    // Stores the LED strip power in the profile; false when it already was so.
+    bool setLedPower(bool on);
+    // Stores the helicopter's dual-rate mode in the profile.
+    void rememberHeliRateMode(int mode);
+
+signals:
+    // The settings were read again; the LED power or its button may have changed.
+    void settingsReloaded(bool ledSettingsChanged);
+    // The vehicle or the profile changed: every device is to be closed and the roles of
+    // the vehicle opened again from the identities saved in the profile.
+    void savedDevicesChanged();
+    void profileChanged(const QString &profileId);
+    void errorOccurred(const QString &message);
+
+private:
+    void onActiveProfileChanged(const QString &profileId);
+    void onProfileModified(const QString &profileId);
+    void switchToActiveProfile();
+    void switchVehicle();
+
+    ProfileManager *m_profiles;
+    ProfileSettings m_settings;
+    VehicleType m_vehicle = VehicleType::Car;
+    bool m_transmitting = false;
+    bool m_switchPending = false;
+};
+
+} // namespace tavrix
