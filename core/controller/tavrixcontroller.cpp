@@ -452,13 +452,8 @@ void TavrixController::tickCar()
     }
     const InputDeviceSource &wheel = m_wheelSource;
     const ProfileSettings &settings = m_profile->settings();
-    DriveInputs inputs =
-        DriveControls::read(m_devices->device(DeviceRole::WheelBase), m_devices->device(DeviceRole::Pedals),
-                            m_devices->device(DeviceRole::Shifter), settings);
+    DriveInputs inputs = readDriveControls();
     inputs.pitLimiterHeld = ButtonMappingEngine::isPitLimiterActive(settings.buttonMappings, wheel);
-    m_steering = inputs.steering;
-    m_throttle = inputs.throttle;
-    m_brake = inputs.brake;
 
     const DriveTickResult result = m_drive->tick(inputs, wheel, m_channels);
     m_buttons->apply(settings.buttonMappings, m_channels, wheel);
@@ -507,7 +502,7 @@ void TavrixController::onIdleInputPoll()
     publishInputs();
 }
 
-void TavrixController::readDriveControls()
+DriveInputs TavrixController::readDriveControls()
 {
     const DriveInputs inputs =
         DriveControls::read(m_devices->device(DeviceRole::WheelBase), m_devices->device(DeviceRole::Pedals),
@@ -515,6 +510,7 @@ void TavrixController::readDriveControls()
     m_steering = inputs.steering;
     m_throttle = inputs.throttle;
     m_brake = inputs.brake;
+    return inputs;
 }
 
 void TavrixController::publishInputs()

@@ -29,6 +29,7 @@ class InputBackend;
 class InputDevice;
 class TelemetryMonitor;
 class TransmitterLink;
+struct DriveInputs;
 struct HelicopterInputs;
 struct InputDeviceInfo;
 
@@ -204,7 +205,8 @@ private:
     void sendFrame();
     void safetyStop(const QString &reason);
     bool checkStartPreconditions();
-    void readDriveControls();
+    // Reads steering, throttle, brake and gear and keeps the first three for the interface.
+    DriveInputs readDriveControls();
     void applyLedPower(const ButtonSource &wheelButtons);
     void publishInputs();
     [[nodiscard]] HelicopterInputs helicopterInputs() const;
