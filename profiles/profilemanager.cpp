@@ -255,9 +255,9 @@ bool ProfileManager::renameProfile(const QString &id, const QString &newName)
     const QString name = newName.trimmed();
     if (name.isEmpty())
         return refuse(tr("Profile name cannot be empty"));
-    const int index = indexOf(id);
+    const int index = indexOrRefuse(id);
     if (index < 0)
-        return refuse(tr("Profile not found: %1").arg(id));
+        return false;
     QJsonObject document = m_profiles.at(index).document;
     document.insert(keys::kName, name);
     if (!commit(index, document))
@@ -270,9 +270,9 @@ bool ProfileManager::renameProfile(const QString &id, const QString &newName)
 
 bool ProfileManager::deleteProfile(const QString &id)
 {
-    const int index = indexOf(id);
+    const int index = indexOrRefuse(id);
     if (index < 0)
-        return refuse(tr("Profile not found: %1").arg(id));
+        return false;
     if (m_profiles.size() == 1)
         return refuse(tr("Cannot delete the last profile"));
     const StoredProfile removed = m_profiles.at(index);
@@ -335,9 +335,9 @@ QString ProfileManager::importProfile(const QString &filePath)
 
 bool ProfileManager::setActiveProfile(const QString &id)
 {
-    const int index = indexOf(id);
+    const int index = indexOrRefuse(id);
     if (index < 0)
-        return refuse(tr("Profile not found: %1").arg(id));
+        return false;
     m_activeId = id;
     m_config.lastActiveProfileId = id;
     m_config.lastActiveByType.insert(m_profiles.at(index).document.value(keys::kVehicleType).toString(), id);
@@ -348,9 +348,9 @@ bool ProfileManager::setActiveProfile(const QString &id)
 
 bool ProfileManager::saveProfile(const QString &id)
 {
-    const int index = indexOf(id);
+    const int index = indexOrRefuse(id);
     if (index < 0)
-        return refuse(tr("Profile not found: %1").arg(id));
+        return false;
     QString reason;
     if (!writeProfile(m_profiles.at(index), &reason)) {
         qCWarning(lcProfiles).noquote()
@@ -586,6 +586,14 @@ bool ProfileManager::refuse(const QString &message)
     qCWarning(lcProfiles).noquote() << "ProfileManager:" << message;
     emit errorOccurred(message);
     return false;
+}
+
+int ProfileManager::indexOrRefuse(const QString &id)
+{
+    const int index = indexOf(id);
+    if (index < 0)
+        refuse(tr("Profile not found: %1").arg(id));
+    return index;
 }
 
 } // namespace tavrix

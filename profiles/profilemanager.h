@@ -158,6 +158,8 @@ private:
     bool commit(int index, QJsonObject document);
     bool writeConfig();
     bool refuse(const QString &message);
+    // The profile's position, or -1 after refusing with "Profile not found: %1".
+    int indexOrRefuse(const QString &id);
 
     QString m_directory;
     QList<StoredProfile> m_profiles;
