@@ -1,5 +1,7 @@
 #include "choicetile.h"
 
+#include "stylesheetbackground.h"
+
 #include "glyphview.h"
 #include "statuspill.h"
 
@@ -7,7 +9,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
-#include <QStyleOption>
 #include <QVBoxLayout>
 
 namespace hub {
@@ -79,10 +80,8 @@ QSize ChoiceTile::minimumSizeHint() const
 
 void ChoiceTile::paintEvent(QPaintEvent *)
 {
-    QStyleOption option;
-    option.initFrom(this);
     QPainter painter(this);
-    style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
+    paintStyleSheetBackground(painter, this);
 }
 
 void ChoiceTile::changeEvent(QEvent *event)

@@ -1,7 +1,8 @@
 #include "glyphbutton.h"
 
+#include "stylesheetbackground.h"
+
 #include <QPainter>
-#include <QStyleOption>
 
 namespace hub {
 
@@ -30,12 +31,8 @@ QSize GlyphButton::sizeHint() const
 
 void GlyphButton::paintEvent(QPaintEvent *)
 {
-    QStyleOption option;
-    option.initFrom(this);
-    if (isDown())
-        option.state |= QStyle::State_Sunken;
     QPainter painter(this);
-    style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
+    paintStyleSheetBackground(painter, this, isDown());
     const QRectF glyphRect = QRectF(rect()).adjusted(5, 5, -5, -5);
     paintGlyph(painter, m_glyph, glyphRect, palette().color(foregroundRole()));
 }

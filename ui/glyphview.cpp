@@ -1,7 +1,8 @@
 #include "glyphview.h"
 
+#include "stylesheetbackground.h"
+
 #include <QPainter>
-#include <QStyleOption>
 
 namespace hub {
 
@@ -32,10 +33,8 @@ QSize GlyphView::sizeHint() const
 
 void GlyphView::paintEvent(QPaintEvent *)
 {
-    QStyleOption option;
-    option.initFrom(this);
     QPainter painter(this);
-    style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
+    paintStyleSheetBackground(painter, this);
     const qreal glyphSize = m_size * 0.5;
     const QRectF glyphRect((width() - glyphSize) / 2, (height() - glyphSize) / 2, glyphSize, glyphSize);
     paintGlyph(painter, m_glyph, glyphRect, palette().color(foregroundRole()));

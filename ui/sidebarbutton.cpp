@@ -1,9 +1,10 @@
 #include "sidebarbutton.h"
 
+#include "stylesheetbackground.h"
+
 #include "tone.h"
 
 #include <QPainter>
-#include <QStyleOption>
 
 namespace hub {
 
@@ -44,12 +45,8 @@ QSize SidebarButton::minimumSizeHint() const
 
 void SidebarButton::paintEvent(QPaintEvent *)
 {
-    QStyleOption option;
-    option.initFrom(this);
-    if (isDown())
-        option.state |= QStyle::State_Sunken;
     QPainter painter(this);
-    style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
+    paintStyleSheetBackground(painter, this, isDown());
 
     const QColor color = palette().color(foregroundRole());
     const QRectF glyphRect(kGlyphInset, (height() - kGlyphSize) / 2.0, kGlyphSize, kGlyphSize);
