@@ -131,15 +131,25 @@ void TavrixSerialPort::assertControlLines(const QString &portName)
 
 void TavrixSerialPort::close()
 {
+    // QSerialPort drops whatever still sits in its write buffer on close; the last
+    // bytes are often the neutral frame and "STOP\n", which must reach the bridge.
+    closePort(PendingBytes::Flush);
+}
+
+void TavrixSerialPort::closePort(PendingBytes pending)
+{
     if (m_opening)
         m_openCancelled = true;
     m_pollTimer->stop();
-    if (!m_port->isOpen())
+    // A flush that fails reports an error, and listeners of connectedChanged may
+    // close again: either would come back here while the port is still open.
+    if (m_closing || !m_port->isOpen())
         return;
-    // QSerialPort drops whatever still sits in its write buffer on close; the last
-    // bytes are often "STOP\n", which must reach the bridge.
-    m_port->flush();
+    m_closing = true;
+    if (pending == PendingBytes::Flush)
+        m_port->flush();
     m_port->close();
+    m_closing = false;
     m_portName.clear();
     emit portNameChanged(m_portName);
     emit connectedChanged(false);
@@ -155,6 +165,11 @@ qint64 TavrixSerialPort::write(const QByteArray &bytes)
 bool TavrixSerialPort::isOpen() const
 {
     return m_port->isOpen();
+}
+
+qint64 TavrixSerialPort::bytesToWrite() const
+{
+    return m_port->isOpen() ? m_port->bytesToWrite() : 0;
 }
 
 QList<SerialPortDescription> TavrixSerialPort::availablePorts()
@@ -193,7 +208,7 @@ void TavrixSerialPort::readPending()
 
 void TavrixSerialPort::onErrorOccurred(QSerialPort::SerialPortError error)
 {
-    if (error == QSerialPort::NoError || m_opening || m_settingControlLines)
+    if (error == QSerialPort::NoError || m_opening || m_settingControlLines || m_closing)
         return;
 
     if (error == QSerialPort::ResourceError) {
@@ -219,7 +234,8 @@ void TavrixSerialPort::onErrorOccurred(QSerialPort::SerialPortError error)
 void TavrixSerialPort::closeAfterLoss(const QString &errorText)
 {
     qCWarning(lcSerialPort).noquote() << "Serial port" << m_portName << "lost:" << errorText;
-    close();
+    // Nothing queued can reach a device that is gone; flushing would only fail again.
+    closePort(PendingBytes::Discard);
     emit errorOccurred(errorText);
 }
 

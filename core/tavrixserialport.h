@@ -38,13 +38,17 @@ public:
     // Returns true once open; false (with errorOccurred, unless cancelled by
     // close()) otherwise, and at once while another open is in progress.
     bool open(const QString &portName, qint32 baudRate);
-    // Closes the port (and cancels an open still waiting for a busy port).
+    // Closes the port (and cancels an open still waiting for a busy port). Bytes still
+    // queued are written out first. Safe to call again from anything close() reports.
     void close();
 
     // Bytes written, or -1 when the port is not open (nothing is queued).
     qint64 write(const QByteArray &bytes);
 
     bool isOpen() const;
+    // Bytes written but still waiting in the port's own buffer (the device is not
+    // taking them as fast as they come).
+    [[nodiscard]] qint64 bytesToWrite() const;
     bool isOpening() const { return m_opening; }
     // Empty while closed.
     QString portName() const { return m_portName; }
@@ -69,6 +73,12 @@ private:
     void assertControlLines(const QString &portName);
     void readPending();
     void closeAfterLoss(const QString &errorText);
+    enum class PendingBytes
+    {
+        Flush,
+        Discard
+    };
+    void closePort(PendingBytes pending);
 
     Timings m_timings;
     QSerialPort *m_port = nullptr;
@@ -77,6 +87,7 @@ private:
     bool m_opening = false;
     bool m_openCancelled = false;
     bool m_settingControlLines = false;
+    bool m_closing = false;
 };
 
 } // namespace tavrix

@@ -62,6 +62,8 @@ private slots:
     void secondOpenDuringRetriesIsRefused();
     void closeCancelsWaitingOpen();
     void hangUpClosesAndReportsOnce();
+    void lossWithBytesStillQueuedClosesOnce_data();
+    void lossWithBytesStillQueuedClosesOnce();
     void pathDirectoryListsPresentPortsOnly();
     void compositeDirectoryListsEachNameOnce_data();
     void compositeDirectoryListsEachNameOnce();
@@ -277,6 +279,36 @@ void TestTavrixSerialPort::hangUpClosesAndReportsOnce()
     QCOMPARE(errors.size(), 1);
     QCOMPARE(connected.size(), 1);
     QCOMPARE(port.write("x"), qint64(-1));
+}
+
+void TestTavrixSerialPort::lossWithBytesStillQueuedClosesOnce_data()
+{
+    QTest::addColumn<bool>("ownerCloses");
+    QTest::newRow("the port notices the loss") << false;
+    QTest::newRow("the owner closes after the loss") << true;
+}
+
+void TestTavrixSerialPort::lossWithBytesStillQueuedClosesOnce()
+{
+    QFETCH(bool, ownerCloses);
+    PseudoTerminal pty;
+    QVERIFY(pty.open());
+    TavrixSerialPort port;
+    QVERIFY(port.open(pty.slavePath(), kBaud));
+    QSignalSpy connected(&port, &TavrixSerialPort::connectedChanged);
+
+    // Queued in the port's buffer; the line goes before the event loop can write them, so
+    // closing finds bytes it cannot deliver.
+    QCOMPARE(port.write(QByteArray(64, 'x')), qint64(64));
+    pty.hangUp();
+    if (ownerCloses)
+        port.close();
+    else
+        QVERIFY(connected.wait(2000));
+
+    QCOMPARE(connected.size(), 1);
+    QVERIFY(!port.isOpen());
+    QCOMPARE(port.bytesToWrite(), qint64(0));
 }
 
 void TestTavrixSerialPort::pathDirectoryListsPresentPortsOnly()
