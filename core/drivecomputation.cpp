@@ -79,6 +79,15 @@ int32_t DriveComputation::steeringChannel(float steeringRaw, float steering) con
     return toChannel(centre + (right - centre) * s);
 }
 
+void DriveComputation::writeNeutral(ChannelValues &channels) const
+{
+    // With custom end points the centre is the one the user trimmed, whatever the
+    // steering calibration would make of a centred raw value.
+    channels[0] = m_settings.hasDefaultSteeringEndpoints() ? steeringChannel(0.0f, 0.0f)
+                                                           : std::clamp(m_settings.steeringCenter, 0, 2047);
+    channels[1] = std::clamp(m_settings.esc().neutral, 0, 2047);
+}
+
 float DriveComputation::decelerationStep() const
 {
     const EscValues esc = m_settings.esc();

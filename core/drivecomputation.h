@@ -72,6 +72,10 @@ public:
     DriveTickResult tick(const DriveInputs &inputs, const ButtonSource &wheelButtons,
                          ChannelValues &channels);
 
+    // The frame a stop leaves behind: CH1 at the steering centre, CH2 at ESC neutral.
+    // The other channels are not the drive's and stay as they are.
+    void writeNeutral(ChannelValues &channels) const;
+
     [[nodiscard]] int32_t steeringChannel(float steeringRaw, float steering) const;
     // Channel units the smoothed output falls per tick.
     [[nodiscard]] float decelerationStep() const;

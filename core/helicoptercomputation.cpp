@@ -113,6 +113,19 @@ void HelicopterComputation::tick(const HelicopterInputs &inputs, ButtonMappingEn
                      microsecondsToChannel(m_armed ? m_settings.arm.onUs : m_settings.arm.offUs));
 }
 
+void HelicopterComputation::writeNeutral(ChannelValues &channels) const
+{
+    const HelicopterSettings::Channels &targets = m_settings.channels;
+    writeChannel(channels, targets.roll, bipolarToChannel(0.0f));
+    writeChannel(channels, targets.pitch, bipolarToChannel(0.0f));
+    writeChannel(channels, targets.rudder, bipolarToChannel(0.0f));
+    writeChannel(channels, targets.throttle, collectiveToChannel(0.0f));
+    if (m_settings.throttleCurve.enabled)
+        writeChannel(channels, m_settings.motorChannel, collectiveToChannel(0.0f));
+    if (m_settings.arm.enabled)
+        writeChannel(channels, m_settings.arm.channel, microsecondsToChannel(m_settings.arm.offUs));
+}
+
 HelicopterComputation::ArmChange HelicopterComputation::requestArmed(bool armed,
                                                                      const HelicopterInputs &inputs)
 {

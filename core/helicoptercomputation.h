@@ -73,6 +73,10 @@ public:
     void tick(const HelicopterInputs &inputs, ButtonMappingEngine &buttons, const ButtonMappingList &mappings,
               ChannelValues &channels);
 
+    // The frame a stop leaves behind: roll, pitch and rudder centred, collective and motor
+    // at the bottom, the arm channel safe. Button channels stay as they are.
+    void writeNeutral(ChannelValues &channels) const;
+
     // Arming rule: arming is refused (Refused; show armRefusedMessage()) while armAtIdle
     // is set, the throttle device is connected, the collective axis is assigned and
     // its calibrated value is above 10%. Changed means: emit heliArmedChanged(armed).

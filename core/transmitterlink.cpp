@@ -44,6 +44,7 @@ TransmitterLink::~TransmitterLink()
 bool TransmitterLink::connectTransmitter(const QString &portName, qint32 baudRate)
 {
     m_lineSplitter.clear();
+    m_droppedFrames = 0;
     m_userDisconnected = false;
     if (!m_port->open(portName, baudRate))
         return false;
@@ -65,6 +66,25 @@ qint64 TransmitterLink::serialWrite(const QByteArray &bytes)
 {
     m_sinceLastWrite.restart();
     return m_port->write(bytes);
+}
+
+bool TransmitterLink::writeChannelFrame(const QByteArray &frame)
+{
+    if (!m_port->isOpen())
+        return false;
+    if (m_port->bytesToWrite() >= kMaxQueuedFrames * frame.size()) {
+        // Said once per stall, not once per tick.
+        if (m_droppedFrames++ == 0)
+            qCWarning(lcTransmitterLink).noquote()
+                << "The bridge is not taking channel frames; dropping them until it does";
+        return false;
+    }
+    if (m_droppedFrames > 0) {
+        qCInfo(lcTransmitterLink).noquote()
+            << "The bridge takes channel frames again;" << m_droppedFrames << "were dropped";
+        m_droppedFrames = 0;
+    }
+    return serialWrite(frame) == frame.size();
 }
 
 void TransmitterLink::setRememberedPort(const QString &portName, qint32 baudRate)

@@ -35,6 +35,8 @@ public:
     };
 
     static constexpr qint32 kDefaultBaudRate = 115200;
+    // Channel frames allowed to wait in the port's buffer while the bridge is not reading.
+    static constexpr int kMaxQueuedFrames = 2;
 
     // ports: where reconnect looks for the remembered port; the operating
     // system's port list when null.
@@ -54,6 +56,11 @@ public:
     // Writes raw bytes to the bridge (frames, commands, parameter traffic).
     // Returns the count written, or -1 when the port is closed.
     qint64 serialWrite(const QByteArray &bytes);
+    // Writes one channel frame, unless the bridge has fallen behind: while the port's
+    // buffer already holds kMaxQueuedFrames frames' worth of bytes the frame is dropped,
+    // so a bridge that resumes reading gets the controls as they are now, not a backlog
+    // of driving commands seconds old. True when the frame was written whole.
+    bool writeChannelFrame(const QByteArray &frame);
 
     bool isConnected() const { return m_port->isOpen(); }
     QString portName() const { return m_port->portName(); }
@@ -105,6 +112,8 @@ private:
     qint32 m_rememberedBaudRate = kDefaultBaudRate;
     bool m_userDisconnected = false;
     bool m_autoReconnectSuppressed = false;
+    // Frames dropped since the bridge stopped taking them (0 while it keeps up).
+    quint64 m_droppedFrames = 0;
 };
 
 } // namespace tavrix

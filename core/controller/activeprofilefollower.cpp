@@ -4,6 +4,7 @@
 
 #include <QDebug>
 #include <QJsonObject>
+#include <QTimer>
 
 namespace tavrix {
 
@@ -16,9 +17,17 @@ ActiveProfileFollower::ActiveProfileFollower(ProfileManager *profiles, QObject *
     connect(m_profiles, &ProfileManager::profileModified, this, &ActiveProfileFollower::onProfileModified);
 }
 
+ActiveProfileFollower::~ActiveProfileFollower()
+{
+    saveLedPower();
+}
+
 void ActiveProfileFollower::reload()
 {
     ProfileSettings next = ProfileSettings::fromProfile(m_profiles->activeProfile());
+    // A switch of the LED power not written yet is newer than what the store holds.
+    if (m_unsavedLedPower && m_unsavedLedProfileId == m_profiles->activeProfileId())
+        next.led.powerOn = *m_unsavedLedPower;
     const bool ledChanged = next.led.powerOn != m_settings.led.powerOn ||
                             next.led.powerButtonIndex != m_settings.led.powerButtonIndex;
     const bool vehicleChanged = next.vehicleType != m_vehicle;
@@ -51,10 +60,25 @@ bool ActiveProfileFollower::setLedPower(bool on)
     if (m_settings.led.powerOn == on)
         return false;
     m_settings.led.powerOn = on;
+    if (!m_unsavedLedPower)
+        QTimer::singleShot(0, this, &ActiveProfileFollower::saveLedPower);
+    m_unsavedLedPower = on;
+    m_unsavedLedProfileId = m_profiles->activeProfileId();
+    return true;
+}
+
+void ActiveProfileFollower::saveLedPower()
+{
+    if (!m_unsavedLedPower)
+        return;
+    const bool on = *m_unsavedLedPower;
+    m_unsavedLedPower.reset();
+    // The switch belonged to the profile that was active when the button was pressed.
+    if (m_unsavedLedProfileId != m_profiles->activeProfileId())
+        return;
     m_profiles->setSetting(
         QStringLiteral("ledSettings"),
         ledSettingsWithPower(m_profiles->setting(QStringLiteral("ledSettings")).toObject(), on));
-    return true;
 }
 
 void ActiveProfileFollower::rememberHeliRateMode(int mode)

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+
 namespace tavrix {
 
 class ProfileManager;
@@ -24,6 +26,8 @@ class ActiveProfileFollower : public QObject
 public:
     // profiles is not owned and must outlive the follower. Nothing is read until reload().
     explicit ActiveProfileFollower(ProfileManager *profiles, QObject *parent = nullptr);
+    // Writes an LED power switch still waiting for the event loop.
+    ~ActiveProfileFollower() override;
 
     [[nodiscard]] const ProfileSettings &settings() const { return m_settings; }
     // Changes only while not transmitting.
@@ -37,7 +41,9 @@ public:
     // Forgets a waiting switch (the controller is going away).
     void discardDeferredSwitch() { m_switchPending = false; }
 
-    // Stores the LED strip power in the profile; false when it already was so.
+    // Switches the LED strip power at once and stores it in the profile from the event
+    // loop, not from the caller's turn: the power button is read on the transmit tick,
+    // and writing a profile file takes longer than a tick. False when it already was so.
     bool setLedPower(bool on);
     // Stores the helicopter's dual-rate mode in the profile.
     void rememberHeliRateMode(int mode);
@@ -56,12 +62,16 @@ private:
     void onProfileModified(const QString &profileId);
     void switchToActiveProfile();
     void switchVehicle();
+    void saveLedPower();
 
     ProfileManager *m_profiles;
     ProfileSettings m_settings;
     VehicleType m_vehicle = VehicleType::Car;
     bool m_transmitting = false;
     bool m_switchPending = false;
+    // The LED power switched but not yet written, and the profile it belongs to.
+    std::optional<bool> m_unsavedLedPower;
+    QString m_unsavedLedProfileId;
 };
 
 } // namespace tavrix

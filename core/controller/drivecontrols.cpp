@@ -24,7 +24,9 @@ DriveInputs DriveControls::read(const InputDevice *wheelBase, const InputDevice 
         inputs.steeringRaw = wheelBase->steering();
         inputs.steering = settings.axes.steering.applyBipolar(inputs.steeringRaw);
     }
-    const InputDevice *pedalSource = connected(pedals) ? pedals : wheelBase;
+    // Assigned pedals that went away read released: the wheel base's own pedal inputs
+    // stand in only when no pedals device is assigned.
+    const InputDevice *pedalSource = (pedals && pedals->isOpen()) ? pedals : wheelBase;
     if (connected(pedalSource)) {
         inputs.throttle = settings.axes.throttle.applyUnipolar(pedalSource->throttle());
         inputs.brake = settings.axes.brake.applyUnipolar(pedalSource->brake());

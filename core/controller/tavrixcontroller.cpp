@@ -69,7 +69,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
 
     // Link: raw chunks go up first, then through the codec; lines come from the link.
     connect(m_link, &TransmitterLink::serialConnectedChanged, this,
-            &TavrixController::serialConnectedChanged);
+            &TavrixController::onSerialConnectedChanged);
     connect(m_link, &TransmitterLink::serialPortNameChanged, this, &TavrixController::serialPortNameChanged);
     connect(m_link, &TransmitterLink::telemetryReceived, this, [this](const QByteArray &data) {
         emit telemetryReceived(data);
@@ -196,7 +196,12 @@ bool TavrixController::connectDevice(DeviceRole role, int enumerationIndex)
 
 void TavrixController::disconnectDevice(DeviceRole role)
 {
-    // While transmitting, the tick notices a missing wheel base or joystick and stops.
+    // Closing the pedals mid-run would hand the throttle to the wheel base's own pedal
+    // inputs, which an inverted preset reads as fully pressed.
+    if (m_running) {
+        emit errorOccurred(tr("Stop transmission before changing devices"));
+        return;
+    }
     m_devices->close(role);
 }
 
@@ -308,6 +313,10 @@ bool TavrixController::checkStartPreconditions()
         emit errorOccurred(tr("Wheel base not connected"));
         return false;
     }
+    if (pedalsAssignedButGone()) {
+        emit errorOccurred(tr("Pedals not connected"));
+        return false;
+    }
     readDriveControls();
     const QString held = DriveControls::pedalsHeldMessage(m_throttle, m_brake, kPedalReleasedLimit);
     if (!held.isEmpty()) {
@@ -350,8 +359,12 @@ void TavrixController::stopTransmission()
     if (!m_running)
         return;
     m_transmitTimer->stop();
-    if (m_link->isConnected())
+    if (m_link->isConnected()) {
+        // Receivers set to hold the last position when the stream ends would otherwise
+        // keep steering and throttle as the last driving frame left them.
+        sendNeutralFrame();
         m_link->serialWrite(kStopCommand);
+    }
     m_running = false;
     m_profile->setTransmitting(false);
     m_telemetry->transmissionStopped();
@@ -425,19 +438,42 @@ void TavrixController::onTransmitTimer()
     if (!m_running || m_safetyStopQueued)
         return;
     m_devices->pollAll();
+    if (const std::optional<DeviceRole> missing = missingDrivingDevice()) {
+        stopTransmission();
+        emit errorOccurred(DeviceRoleSet::disconnectedMessage(*missing));
+        return;
+    }
     if (isHelicopter())
         tickHelicopter();
     else
         tickCar();
 }
 
+std::optional<DeviceRole> TavrixController::missingDrivingDevice() const
+{
+    if (isHelicopter()) {
+        if (!m_devices->isConnected(DeviceRole::HeliJoystick))
+            return DeviceRole::HeliJoystick;
+        return std::nullopt;
+    }
+    if (!m_devices->isConnected(DeviceRole::WheelBase))
+        return DeviceRole::WheelBase;
+    if (pedalsAssignedButGone())
+        return DeviceRole::Pedals;
+    return std::nullopt;
+}
+
+bool TavrixController::pedalsAssignedButGone() const
+{
+    // Pedals that were in use are not replaced by the wheel base's own pedal inputs when
+    // they go: those read fully pressed under an inverted preset. The wheel base's pedals
+    // drive only when no pedals device is assigned at all.
+    const InputDevice *pedals = m_devices->device(DeviceRole::Pedals);
+    return pedals->isOpen() && !pedals->isConnected();
+}
+
 void TavrixController::tickHelicopter()
 {
-    if (!m_devices->isConnected(DeviceRole::HeliJoystick)) {
-        stopTransmission();
-        emit errorOccurred(DeviceRoleSet::disconnectedMessage(DeviceRole::HeliJoystick));
-        return;
-    }
     m_helicopter->tick(helicopterInputs(), *m_buttons, m_profile->settings().buttonMappings, m_channels);
     sendFrame();
     publishInputs();
@@ -445,11 +481,6 @@ void TavrixController::tickHelicopter()
 
 void TavrixController::tickCar()
 {
-    if (!m_devices->isConnected(DeviceRole::WheelBase)) {
-        stopTransmission();
-        emit errorOccurred(DeviceRoleSet::disconnectedMessage(DeviceRole::WheelBase));
-        return;
-    }
     const InputDeviceSource &wheel = m_wheelSource;
     const ProfileSettings &settings = m_profile->settings();
     DriveInputs inputs = readDriveControls();
@@ -483,10 +514,23 @@ void TavrixController::applyLedPower(const ButtonSource &wheelButtons)
 
 void TavrixController::sendFrame()
 {
-    m_link->serialWrite(CrsfProtocol::buildRcChannelsFrame(m_channels));
+    // A frame the port did not take (closed, or the bridge not reading) never reached the
+    // car: it is not counted.
+    if (!m_link->writeChannelFrame(CrsfProtocol::buildRcChannelsFrame(m_channels)))
+        return;
     ++m_frameCount;
     emit frameSent(m_frameCount);
     emit frameCountChanged(m_frameCount);
+}
+
+void TavrixController::sendNeutralFrame()
+{
+    if (isHelicopter())
+        m_helicopter->writeNeutral(m_channels);
+    else
+        m_drive->writeNeutral(m_channels);
+    // Written past the frame queue's limit: this frame must not be the one dropped.
+    m_link->serialWrite(CrsfProtocol::buildRcChannelsFrame(m_channels));
 }
 
 HelicopterInputs TavrixController::helicopterInputs() const
@@ -557,8 +601,7 @@ void TavrixController::onDeviceLost(DeviceRole role)
 {
     // While transmitting, the tick reports the device it cannot drive without (and
     // stops); reporting it here as well would say it twice.
-    const bool tickReports =
-        m_running && (role == (isHelicopter() ? DeviceRole::HeliJoystick : DeviceRole::WheelBase));
+    const bool tickReports = m_running && missingDrivingDevice() == role;
     if (!tickReports)
         emit errorOccurred(DeviceRoleSet::disconnectedMessage(role));
 }
@@ -567,12 +610,32 @@ void TavrixController::onDeviceLost(DeviceRole role)
 
 bool TavrixController::connectTransmitter(const QString &portName, qint32 baudRate)
 {
+    // Switching ports mid-run would leave the old bridge without its STOP and the new one
+    // receiving frames it was never started for.
+    stopTransmission();
     return m_link->connectTransmitter(portName, baudRate);
 }
 
 void TavrixController::disconnectTransmitter()
 {
+    // Stopped while the port is still open, so the neutral frame and "STOP\n" go out.
+    stopTransmission();
     m_link->disconnectTransmitter();
+}
+
+void TavrixController::onSerialConnectedChanged(bool connected)
+{
+    // A transmitter lost mid-run: nothing more can be sent, and whatever comes back later
+    // (the link reconnects by itself) has not been started and checked by anyone. Only a
+    // deliberate start transmits again.
+    const bool lostWhileRunning = !connected && m_running;
+    if (lostWhileRunning)
+        stopTransmission();
+    emit serialConnectedChanged(connected);
+    if (lostWhileRunning) {
+        qWarning().noquote() << QStringLiteral("TavrixController: transmitter lost while transmitting");
+        emit errorOccurred(tr("Transmitter disconnected"));
+    }
 }
 
 qint64 TavrixController::serialWrite(const QByteArray &bytes)

@@ -14,6 +14,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 class QTimer;
 
@@ -197,12 +198,17 @@ private:
     void onIdleInputPoll();
     void onDeviceConnectedChanged(DeviceRole role, bool connected);
     void onDeviceLost(DeviceRole role);
+    void onSerialConnectedChanged(bool connected);
+    // The device whose loss stops transmission of the active vehicle, if one is gone.
+    [[nodiscard]] std::optional<DeviceRole> missingDrivingDevice() const;
+    [[nodiscard]] bool pedalsAssignedButGone() const;
     // Hands the active profile's settings, just read again, to the computations.
     void applySettings(bool ledChanged);
     void reopenSavedDevices();
     void tickCar();
     void tickHelicopter();
     void sendFrame();
+    void sendNeutralFrame();
     void safetyStop(const QString &reason);
     bool checkStartPreconditions();
     // Reads steering, throttle, brake and gear and keeps the first three for the interface.

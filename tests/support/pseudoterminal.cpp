@@ -61,6 +61,7 @@ bool PseudoTerminal::open(const QString &linkPath)
     }
 
     m_readNotifier = new QSocketNotifier(m_masterFd, QSocketNotifier::Read, this);
+    m_readNotifier->setEnabled(!m_readingPaused);
     connect(m_readNotifier, &QSocketNotifier::activated, this, &PseudoTerminal::onReadable);
     m_writeNotifier = new QSocketNotifier(m_masterFd, QSocketNotifier::Write, this);
     m_writeNotifier->setEnabled(false);
@@ -82,6 +83,16 @@ QByteArray PseudoTerminal::readAll()
     QByteArray out;
     out.swap(m_readBuffer);
     return out;
+}
+
+void PseudoTerminal::setReadingPaused(bool paused)
+{
+    m_readingPaused = paused;
+    if (!m_readNotifier)
+        return;
+    m_readNotifier->setEnabled(!paused);
+    if (!paused)
+        onReadable();
 }
 
 void PseudoTerminal::hangUp()

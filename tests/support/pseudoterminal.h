@@ -38,6 +38,10 @@ public:
     QByteArray readAll();
     qsizetype bytesAvailable() const { return m_readBuffer.size(); }
 
+    // A peer that stops reading: what the client writes piles up in the kernel and then
+    // in the client's own buffer. Resuming takes everything that waited.
+    void setReadingPaused(bool paused);
+
     // Simulated unplug: closes both sides and removes the link.
     void hangUp();
     // Simulated replug under the same link path.
@@ -62,6 +66,7 @@ private:
     QByteArray m_pendingWrite;
     QSocketNotifier *m_readNotifier = nullptr;
     QSocketNotifier *m_writeNotifier = nullptr;
+    bool m_readingPaused = false;
 };
 
 } // namespace tavrix

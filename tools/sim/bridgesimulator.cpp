@@ -148,6 +148,11 @@ void BridgeSimulator::setStalled(bool stalled)
     updateTelemetry();
 }
 
+void BridgeSimulator::setReadingPaused(bool paused)
+{
+    m_pty->setReadingPaused(paused);
+}
+
 void BridgeSimulator::setGarbling(bool garbling)
 {
     m_garbling = garbling;

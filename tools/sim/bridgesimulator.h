@@ -99,6 +99,9 @@ public:
     // A hung firmware: bytes are still taken and recorded, nothing is answered or sent.
     void setStalled(bool stalled);
     [[nodiscard]] bool isStalled() const { return m_stalled; }
+    // A bridge that stops reading the USB line (its buffers full): the host's bytes wait
+    // in the line until reading resumes.
+    void setReadingPaused(bool paused);
     // A noisy line: every write is preceded by a few random bytes.
     void setGarbling(bool garbling);
     // Puts these bytes on the line to the host as they are.
