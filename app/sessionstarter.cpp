@@ -88,6 +88,7 @@ SessionStarter::SessionStarter(TavrixController *controller, SessionPlan plan,
 {
     m_retryTimer.setInterval(retryInterval);
     connect(&m_retryTimer, &QTimer::timeout, this, &SessionStarter::attempt);
+    connect(m_controller, &TavrixController::runningChanged, this, &SessionStarter::onRunningChanged);
 }
 
 bool SessionStarter::begin()
@@ -125,8 +126,21 @@ void SessionStarter::attempt()
     if (m_controller->isRunning())
         return;
     openDevices();
-    if (m_plan.start && m_controller->isSerialConnected())
+    if (m_plan.start && !m_startDone && m_controller->isSerialConnected())
         m_controller->startTransmission();
+}
+
+void SessionStarter::onRunningChanged(bool running)
+{
+    if (running) {
+        // Whoever started it (this plan, the window, the mobile app), the plan's start is spent.
+        m_startDone = true;
+        return;
+    }
+    if (m_plan.start) {
+        emit progress(QStringLiteral("transmission will not start again by itself: start it deliberately "
+                                     "(from the window, the mobile app, or a new process)"));
+    }
 }
 
 void SessionStarter::connectTransmitter()

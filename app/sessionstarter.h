@@ -36,12 +36,17 @@ struct SessionPlan
 // refuses. The user's other profiles are left as they are.
 bool activateVehicleProfile(ProfileManager &profiles, VehicleType vehicle, QString *error);
 
-// Brings a plan about and keeps it so: connects the transmitter, opens the devices of each
-// role (by index or name, or as saved in the profile) and starts transmission once both are
-// there. Whatever is missing is tried again every retryInterval: a transmitter plugged in
-// late, a wheel that comes back, pedals that must first be released. A start is only ever
-// asked of the controller, so every start check still applies; refusals come out of the
-// controller's errorOccurred as usual.
+// Brings a plan about: connects the transmitter, opens the devices of each role (by index or
+// name, or as saved in the profile) and, when asked, starts transmission once both are there.
+// Whatever is missing is tried again every retryInterval: a transmitter plugged in late, a
+// wheel that comes back, pedals that must first be released. A start is only ever asked of
+// the controller, so every start check still applies; refusals come out of the controller's
+// errorOccurred as usual.
+//
+// The plan starts transmission once. After any stop (the user's, a safety stop, a lost
+// device or transmitter) the starter keeps the transmitter and devices connected but never
+// starts again: a car that stopped because something went wrong must not drive off again
+// without a person deciding it.
 class SessionStarter : public QObject
 {
     Q_OBJECT
@@ -75,12 +80,15 @@ private:
     // The enumeration index the choice stands for now, or -1 with *why set.
     [[nodiscard]] int resolve(const DeviceChoice &choice, QString *why) const;
     void report(const QString &key, const QString &message);
+    void onRunningChanged(bool running);
 
     TavrixController *m_controller;
     SessionPlan m_plan;
     QString m_port;
     qint32 m_baudRate = 0;
     QTimer m_retryTimer;
+    // The plan's one start has happened; nothing here starts transmission again.
+    bool m_startDone = false;
     // The last thing said per subject, so waiting is reported once, not every retry.
     QHash<QString, QString> m_reported;
 };

@@ -146,6 +146,7 @@ class TestHeadlessEndToEnd : public QObject
 private slots:
     void initTestCase();
     void drivesTheSimulatedCarAndStopsOnSigterm();
+    void lostBridgeComesBackWithoutAStart();
     void listDevicesPrintsTheReplaysLabels();
     void headlessDemoRunsWithoutADisplay();
     void badCommandLinesExitWithStatusTwo_data();
@@ -203,7 +204,7 @@ void TestHeadlessEndToEnd::drivesTheSimulatedCarAndStopsOnSigterm()
     QVERIFY(sim.process->waitForFinished(10000));
     QCOMPARE(sim.process->exitCode(), 0);
 
-    const BridgeLogContents contents = readBridgeLog(log);
+    BridgeLogContents contents = readBridgeLog(log);
     QCOMPARE(contents.commands.count(QStringLiteral("START")), 1);
     QCOMPARE(contents.commands.count(QStringLiteral("STOP")), 1);
     QVERIFY(contents.commands.indexOf(QStringLiteral("START")) <
@@ -211,6 +212,11 @@ void TestHeadlessEndToEnd::drivesTheSimulatedCarAndStopsOnSigterm()
     QCOMPARE(contents.framesBeforeStart, 0);
     QCOMPARE(contents.framesAfterStop, 0);
     QVERIFY(contents.frames.size() > 300);
+    // Right before STOP: the neutral frame, wheel centred and ESC neutral, whatever the
+    // wheel and pedals did last.
+    const Frame neutral = contents.frames.takeLast();
+    QCOMPARE(neutral.channels.value(0), 1023);
+    QCOMPARE(neutral.channels.value(1), kNeutral);
 
     // ~7 ms apart: the median period, and the average over the whole run.
     QList<qint64> periods;
@@ -253,6 +259,65 @@ void TestHeadlessEndToEnd::drivesTheSimulatedCarAndStopsOnSigterm()
     QVERIFY2(last.channels.value(1) >= lastCap - 1.0,
              qPrintable(QStringLiteral("CH2 %1, cap %2").arg(last.channels.value(1)).arg(lastCap)));
     QVERIFY(highest > kNeutral + 50);
+}
+
+void TestHeadlessEndToEnd::lostBridgeComesBackWithoutAStart()
+{
+    QTemporaryDir home;
+    QVERIFY(home.isValid());
+    const QString link = home.filePath(QStringLiteral("ttyTransmitter"));
+    const QString replay = home.filePath(QStringLiteral("drive.jsonl"));
+    {
+        QFile file(replay);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(kReplay);
+    }
+    QProcessEnvironment env = freshEnvironment(home);
+    const auto startBridge = [&](RunningProcess &sim, const QString &log) {
+        sim.start(kSim,
+                  {QStringLiteral("bridge"), QStringLiteral("--log"), log, QStringLiteral("--link"), link},
+                  env);
+        return QTest::qWaitFor([&] { return sim.out.contains("link: "); }, 10000);
+    };
+    RunningProcess first;
+    QVERIFY2(startBridge(first, home.filePath(QStringLiteral("first.jsonl"))),
+             qPrintable(first.transcript()));
+
+    env.insert(QStringLiteral("ORVANEHUB_INPUT"), QStringLiteral("virtual:") + replay);
+    RunningProcess hub;
+    hub.start(kHub,
+              {QStringLiteral("--headless"), QStringLiteral("--transmitter"), link, QStringLiteral("--wheel"),
+               QStringLiteral("0"), QStringLiteral("--pedals"), QStringLiteral("1"),
+               QStringLiteral("--start")},
+              env);
+    QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("transmission started"), qPrintable(hub.transcript()), 15000);
+
+    // The transmitter goes away mid-run (the simulator ends, its line hangs up) and a fresh
+    // one appears under the same name: the hub reconnects, and waits for a person to start.
+    first.process->terminate();
+    QVERIFY(first.process->waitForFinished(10000));
+    QTRY_VERIFY2_WITH_TIMEOUT(hub.err.contains("Transmitter disconnected"), qPrintable(hub.transcript()),
+                              10000);
+    QVERIFY2(hub.out.contains("will not start again by itself"), qPrintable(hub.transcript()));
+    const QString secondLog = home.filePath(QStringLiteral("second.jsonl"));
+    RunningProcess second;
+    QVERIFY2(startBridge(second, secondLog), qPrintable(second.transcript()));
+    QTRY_VERIFY2_WITH_TIMEOUT(hub.out.count("transmitter connected on") == 2, qPrintable(hub.transcript()),
+                              15000);
+    // The hub's keepalive (every 2 to 3 s of silence) shows it is talking to the new bridge;
+    // a start would have come before it.
+    const auto keptAlive = [&secondLog] {
+        QFile file(secondLog);
+        return file.open(QIODevice::ReadOnly) && file.readAll().contains("\"kind\":\"keepalive\"");
+    };
+    QTRY_VERIFY2_WITH_TIMEOUT(keptAlive(), qPrintable(hub.transcript()), 15000);
+    const BridgeLogContents contents = readBridgeLog(secondLog);
+    QVERIFY2(contents.commands.isEmpty(), qPrintable(contents.commands.join(QLatin1Char(','))));
+    QCOMPARE(contents.framesBeforeStart, 0);
+
+    hub.process->terminate();
+    QVERIFY(hub.process->waitForFinished(10000));
+    QCOMPARE(hub.process->exitCode(), 0);
 }
 
 void TestHeadlessEndToEnd::listDevicesPrintsTheReplaysLabels()
