@@ -259,13 +259,16 @@ private slots:
         QTest::addColumn<QStringList>("chosen");
         QTest::addColumn<QStringList>("keys");
         QTest::addColumn<QList<bool>>("stale");
-        // Sensors: RQly updated 500 ms ago, RxBt 2500 ms ago, GPS never.
-        QTest::newRow("all seen") << QStringList() << QStringList{u"RQly"_s, u"RxBt"_s, u"GPS"_s}
-                                  << QList<bool>{false, true, true};
+        // Sensors: RQly updated 500 ms ago, RxBt 2500 ms ago, GPS never, GLat 100 ms ago.
+        QTest::newRow("all seen") << QStringList() << QStringList{u"RQly"_s, u"RxBt"_s, u"GPS"_s, u"GLat"_s}
+                                  << QList<bool>{false, true, true, false};
         QTest::newRow("chosen order") << QStringList{u"GPS"_s, u"RQly"_s} << QStringList{u"GPS"_s, u"RQly"_s}
                                       << QList<bool>{true, false};
         QTest::newRow("chosen, never received")
             << QStringList{u"Sats"_s} << QStringList{u"Sats"_s} << QList<bool>{true};
+        // The profile stores the car's motion as LatG/LonG/VrtG; the catalogue says GLat/GLon/GVrt.
+        QTest::newRow("car motion by the profile's keys")
+            << QStringList{u"LatG"_s, u"GLat"_s} << QStringList{u"GLat"_s} << QList<bool>{false};
     }
 
     void readingsMarkStaleSensors()
@@ -277,7 +280,8 @@ private slots:
         const TelemetryCatalogue sensors = {
             {QStringLiteral("RQly"), QStringLiteral("99 %"), {}, {}, now - 500},
             {QStringLiteral("RxBt"), QStringLiteral("7.4 V"), {}, {}, now - 2500},
-            {QStringLiteral("GPS"), QStringLiteral("No fix"), {}, {}, 0}};
+            {QStringLiteral("GPS"), QStringLiteral("No fix"), {}, {}, 0},
+            {QStringLiteral("GLat"), QStringLiteral("0.12 g"), {}, {}, now - 100}};
         const auto readings =
             DashboardBinder::readings(sensors, chosen, now, std::chrono::milliseconds(2000));
         QStringList gotKeys;
