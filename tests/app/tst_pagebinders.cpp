@@ -4,10 +4,12 @@
 #include "channelbar.h"
 #include "dashboardbinder.h"
 #include "dashboardpage.h"
+#include "devicepickerbinder.h"
 #include "devicepickercard.h"
 #include "emptystate.h"
 #include "helipage.h"
 #include "hubrig.h"
+#include "inputdevice.h"
 #include "levelbar.h"
 #include "logrouter.h"
 #include "mainwindow.h"
@@ -221,6 +223,28 @@ private slots:
         QVERIFY(!c->isRunning());
         QVERIFY(rig.sim.commands().contains(QStringLiteral("STOP")) ||
                 QTest::qWaitFor([&] { return rig.sim.commands().contains(QStringLiteral("STOP")); }, 5000));
+    }
+
+    void devicePickerFollowsTheUnplug()
+    {
+        HubRig rig;
+        rig.plugCarControllers();
+        rig.backend->addDevice({u"Test Shifter"_s, QString(), 2, 8, 0, false});
+        DevicePickerCard card(u"Controllers"_s, {{u"wheel"_s, u"Wheel"_s}, {u"pedals"_s, u"Pedals"_s}});
+        DevicePickerBinder binder(&card, rig.controller(),
+                                  {{u"wheel"_s, DeviceRole::WheelBase}, {u"pedals"_s, DeviceRole::Pedals}});
+        QCOMPARE(card.devices().size(), 3);
+
+        // The wheel goes while the list still shows it: the pedals picked from that list open.
+        rig.backend->removeDevice(rig.firstDevice);
+        emit card.picker(u"pedals"_s)->activated(2); // "None", wheel, pedals, shifter
+        QCOMPARE(rig.controller()->device(DeviceRole::Pedals)->deviceName(), u"Test Pedals"_s);
+        QCOMPARE(card.currentDevice(u"pedals"_s), 0);
+
+        // The open pedals go: the picker says so instead of naming what moved up to their place.
+        rig.backend->removeDevice(rig.secondDevice);
+        QTRY_COMPARE_WITH_TIMEOUT(card.devices().size(), 1, 5000);
+        QCOMPARE(card.currentDevice(u"pedals"_s), -1);
     }
 
     void dashboardShowsConnectionsTransmissionAndSensors()
