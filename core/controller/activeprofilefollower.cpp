@@ -18,6 +18,7 @@ ActiveProfileFollower::ActiveProfileFollower(ProfileManager *profiles, QObject *
 
 void ActiveProfileFollower::reload()
 {
+    m_followedId = m_profiles->activeProfileId();
     ProfileSettings next = ProfileSettings::fromProfile(m_profiles->activeProfile());
     const bool ledChanged = next.led.powerOn != m_settings.led.powerOn ||
                             next.led.powerButtonIndex != m_settings.led.powerButtonIndex;
@@ -86,9 +87,23 @@ void ActiveProfileFollower::switchToActiveProfile()
 
 void ActiveProfileFollower::onActiveProfileChanged(const QString &profileId)
 {
+    // The store also says this when the active profile is renamed or chosen again. Neither
+    // is a switch: the devices stay open and nothing waits for a stop. Choosing the followed
+    // profile again while a switch waits calls that switch off; edits made to it meanwhile
+    // were not followed, so it is read again.
+    if (profileId == m_followedId) {
+        if (m_switchPending) {
+            m_switchPending = false;
+            reload();
+        }
+        return;
+    }
+    if (m_switchPending && profileId == m_waitingId)
+        return; // the same switch, already announced
     if (m_transmitting) {
         // The store has switched already; the controller follows once stopped.
         m_switchPending = true;
+        m_waitingId = profileId;
         emit errorOccurred(tr("The new profile takes effect when transmission stops"));
         return;
     }
