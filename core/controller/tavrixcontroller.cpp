@@ -296,7 +296,9 @@ bool TavrixController::checkStartPreconditions()
         return false;
     }
     // Judge the controls as they are now, not as the last idle poll saw them.
+    m_checkingStart = true;
     m_devices->pollAll();
+    m_checkingStart = false;
     if (isHelicopter()) {
         if (!m_devices->isConnected(DeviceRole::HeliJoystick)) {
             emit errorOccurred(tr("Joystick not connected"));
@@ -556,10 +558,11 @@ void TavrixController::onDeviceConnectedChanged(DeviceRole role, bool connected)
 void TavrixController::onDeviceLost(DeviceRole role)
 {
     // While transmitting, the tick reports the device it cannot drive without (and
-    // stops); reporting it here as well would say it twice.
-    const bool tickReports =
-        m_running && (role == (isHelicopter() ? DeviceRole::HeliJoystick : DeviceRole::WheelBase));
-    if (!tickReports)
+    // stops); while starting, the refusal does. Reporting it here as well would say it twice.
+    const bool reportedElsewhere =
+        (m_running || m_checkingStart) &&
+        (role == (isHelicopter() ? DeviceRole::HeliJoystick : DeviceRole::WheelBase));
+    if (!reportedElsewhere)
         emit errorOccurred(DeviceRoleSet::disconnectedMessage(role));
 }
 
