@@ -87,15 +87,13 @@ void ActiveProfileFollower::switchToActiveProfile()
 
 void ActiveProfileFollower::onActiveProfileChanged(const QString &profileId)
 {
-    // The store also says this when the active profile is renamed or chosen again. Neither
-    // is a switch: the devices stay open and nothing waits for a stop. Choosing the followed
-    // profile again while a switch waits calls that switch off; edits made to it meanwhile
-    // were not followed, so it is read again.
+    // The store also says this when the active profile is renamed, chosen again or read
+    // again. None of these is a switch: the devices stay open and nothing waits for a stop,
+    // only the settings are read afresh. Choosing the followed profile again while a switch
+    // waits calls that switch off.
     if (profileId == m_followedId) {
-        if (m_switchPending) {
-            m_switchPending = false;
-            reload();
-        }
+        m_switchPending = false;
+        reload();
         return;
     }
     if (m_switchPending && profileId == m_waitingId)
