@@ -1,8 +1,10 @@
 #include "dashboardbinder.h"
 
+#include "dashboardkeys.h"
 #include "dashboardpage.h"
 #include "deviceroleset.h"
 #include "inputdevice.h"
+#include "profilekeys.h"
 #include "tavrixcontroller.h"
 
 #include <QDateTime>
@@ -98,9 +100,9 @@ QStringList DashboardBinder::chosenKeys() const
 {
     QStringList keys;
     const QJsonArray chosen =
-        m_controller->profileManager()->setting(QStringLiteral("telemetryDashboard")).toArray();
+        m_controller->profileManager()->setting(profilekeys::kTelemetryDashboard).toArray();
     for (const QJsonValue &key : chosen) {
-        if (key.isString() && !key.toString().isEmpty() && !keys.contains(key.toString()))
+        if (!key.toString().isEmpty())
             keys.append(key.toString());
     }
     return keys;
@@ -137,7 +139,13 @@ QList<TelemetryGrid::Reading> DashboardBinder::readings(const TelemetryCatalogue
             out.append(reading(&sensor, sensor.key));
         return out;
     }
-    for (const QString &key : chosenKeys) {
+    QStringList shown;
+    for (const QString &chosen : chosenKeys) {
+        // The profile spells the car's motion readings its own way; the catalogue's spelling finds them.
+        const QString key = dashboardkeys::catalogueKey(chosen);
+        if (key.isEmpty() || shown.contains(key))
+            continue;
+        shown.append(key);
         const auto it = std::find_if(sensors.cbegin(), sensors.cend(),
                                      [&key](const TelemetrySensor &s) { return s.key == key; });
         out.append(reading(it == sensors.cend() ? nullptr : &*it, key));

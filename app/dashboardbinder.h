@@ -37,7 +37,8 @@ public:
     {}
 
     // The readings to show at time nowMs (ms since the epoch, as the sensors are stamped):
-    // the profile's chosen keys in its order, or every sensor seen when it chose none.
+    // the profile's chosen keys in its order, or every sensor seen when it chose none. Readings
+    // carry the catalogue's keys, whichever spelling the profile chose them by.
     [[nodiscard]] static QList<TelemetryGrid::Reading> readings(const TelemetryCatalogue &sensors,
                                                                 const QStringList &chosenKeys, qint64 nowMs,
                                                                 std::chrono::milliseconds staleAfter);

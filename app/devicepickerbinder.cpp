@@ -8,17 +8,16 @@ namespace tavrix {
 
 namespace {
 
-// Where the device open in a role sits in this enumeration: the same instance first,
-// else the position it was opened at; -1 when nothing is open.
-int positionOf(const InputDevice *device, const QList<InputDeviceInfo> &devices)
+// Where a controller sits in this enumeration, found by its instance: positions shift when
+// another controller is unplugged, so a remembered position may name a different one; -1 when
+// it is not attached any more.
+int positionOf(const DeviceGuid &instance, const QList<InputDeviceInfo> &devices)
 {
-    if (!device->isOpen())
-        return -1;
     for (int i = 0; i < devices.size(); ++i) {
-        if (devices.at(i).instanceGuid == device->instanceGuid())
+        if (devices.at(i).instanceGuid == instance)
             return i;
     }
-    return device->deviceIndex() < devices.size() ? device->deviceIndex() : -1;
+    return -1;
 }
 
 } // namespace
@@ -42,13 +41,16 @@ DevicePickerBinder::DevicePickerBinder(DevicePickerCard *card, TavrixController 
 
 void DevicePickerBinder::refresh()
 {
-    const QList<InputDeviceInfo> devices = m_controller->availableDevices();
+    m_shown = m_controller->availableDevices();
     QStringList labels;
-    for (const InputDeviceInfo &info : devices)
+    for (const InputDeviceInfo &info : std::as_const(m_shown))
         labels.append(info.listLabel());
     m_card->setDevices(labels);
-    for (const RoleKey &entry : std::as_const(m_roles))
-        m_card->setCurrentDevice(entry.key, positionOf(m_controller->device(entry.role), devices));
+    for (const RoleKey &entry : std::as_const(m_roles)) {
+        const InputDevice *device = m_controller->device(entry.role);
+        m_card->setCurrentDevice(entry.key,
+                                 device->isOpen() ? positionOf(device->instanceGuid(), m_shown) : -1);
+    }
 }
 
 void DevicePickerBinder::choose(const QString &key, int deviceIndex)
@@ -57,10 +59,18 @@ void DevicePickerBinder::choose(const QString &key, int deviceIndex)
         if (entry.key != key)
             continue;
         // A refused or failed open reports itself through the controller's errorOccurred.
-        if (deviceIndex < 0)
+        if (deviceIndex < 0) {
             m_controller->disconnectDevice(entry.role);
-        else
-            m_controller->connectDevice(entry.role, deviceIndex);
+            continue;
+        }
+        // The list may be older than the last plug or unplug: open the controller that was
+        // picked where it sits now, and nothing when it has gone (the refresh shows that).
+        if (deviceIndex >= m_shown.size())
+            continue;
+        const int position =
+            positionOf(m_shown.at(deviceIndex).instanceGuid, m_controller->availableDevices());
+        if (position >= 0)
+            m_controller->connectDevice(entry.role, position);
     }
     refresh();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inputdeviceinfo.h"
 #include "profilemanager.h"
 
 #include <QList>
@@ -35,6 +36,8 @@ private:
     DevicePickerCard *m_card;
     TavrixController *m_controller;
     QList<RoleKey> m_roles;
+    // The controllers as the card lists them; a pick is by position in this list.
+    QList<InputDeviceInfo> m_shown;
 };
 
 } // namespace tavrix

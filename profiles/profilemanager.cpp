@@ -25,33 +25,6 @@ constexpr QLatin1String kConfigFile{"config.json"};
 constexpr QLatin1String kEscPresetsFile{"esc_presets.json"};
 constexpr QLatin1String kJsonSuffix{".json"};
 
-// Where a role's connection record sits: section, optional group inside it, and key.
-struct RoleLocation
-{
-    QLatin1String section;
-    QLatin1String group;
-    QLatin1String key;
-};
-
-RoleLocation locationOf(DeviceRole role)
-{
-    switch (role) {
-    case DeviceRole::WheelBase:
-        return {keys::kDeviceConnections, {}, keys::kWheelBase};
-    case DeviceRole::Pedals:
-        return {keys::kDeviceConnections, {}, keys::kPedals};
-    case DeviceRole::Shifter:
-        return {keys::kDeviceConnections, {}, keys::kShifter};
-    case DeviceRole::HeliJoystick:
-        return {keys::kHelicopterConfig, keys::kInputs, keys::kJoystick};
-    case DeviceRole::HeliThrottle:
-        return {keys::kHelicopterConfig, keys::kInputs, keys::kThrottle};
-    case DeviceRole::HeliPedals:
-        return {keys::kHelicopterConfig, keys::kInputs, keys::kPedals};
-    }
-    return {keys::kDeviceConnections, {}, keys::kWheelBase};
-}
-
 QString defaultBaseDirectory()
 {
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
@@ -87,7 +60,7 @@ ProfileManager::~ProfileManager()
     // Nothing was read, so there is nothing to keep; writing now would wipe config.json.
     if (!m_loaded)
         return;
-    for (const StoredProfile &stored : std::as_const(m_profiles)) {
+    for (StoredProfile &stored : m_profiles) {
         QString reason;
         if (!writeProfile(stored, &reason))
             qCWarning(lcProfiles).noquote()
@@ -161,9 +134,15 @@ void ProfileManager::readProfileFiles()
             qCWarning(lcProfiles).noquote() << "ProfileManager: skipped" << path << ": empty id or name";
             continue;
         }
-        if (hasProfile(id)) {
+        if (const int loaded = indexOf(id); loaded >= 0) {
+            // Two files claim one identifier. The one named after it wins: that is where the
+            // other one went when it was last saved, so it holds the newer settings.
+            const bool home = QFileInfo(path) == QFileInfo(pathFor(id));
             qCWarning(lcProfiles).noquote()
-                << "ProfileManager: skipped" << path << ": identifier" << id << "already loaded";
+                << "ProfileManager: skipped" << (home ? m_profiles.at(loaded).filePath : path)
+                << ": identifier" << id << "already loaded";
+            if (home)
+                m_profiles[loaded] = {std::move(document), path};
             continue;
         }
         for (const QString &migration : std::as_const(migrations))
@@ -352,7 +331,7 @@ bool ProfileManager::saveProfile(const QString &id)
     if (index < 0)
         return false;
     QString reason;
-    if (!writeProfile(m_profiles.at(index), &reason)) {
+    if (!writeProfile(m_profiles[index], &reason)) {
         qCWarning(lcProfiles).noquote()
             << "ProfileManager: cannot write" << m_profiles.at(index).filePath << ":" << reason;
         return refuse(tr("Failed to save profile: %1").arg(nameOf(m_profiles.at(index).document)));
@@ -386,8 +365,9 @@ bool ProfileManager::setSetting(const QString &key, const QJsonValue &value)
         return refuse(tr("Unknown profile setting: %1").arg(key));
     QJsonObject document = m_profiles.at(index).document;
     document.insert(key, value);
-    // Read back the way a file is read, so the stored shape and migrations always hold.
-    document = ProfileSchema::readProfile(document);
+    // Brought to the stored shape (defaults, types) as a file is, but not migrated: migrations
+    // translate what older versions wrote, while a value set now already means what it says.
+    document = ProfileSchema::normalise(document, ProfileSchema::profileFields());
     if (document == m_profiles.at(index).document)
         return true;
     if (!commit(index, document))
@@ -449,54 +429,6 @@ bool ProfileManager::setTransmitterPort(const QString &portName, int baudRate)
     return setSetting(keys::kDeviceConnections, connections);
 }
 
-QJsonObject ProfileManager::deviceConnection(DeviceRole role) const
-{
-    const RoleLocation where = locationOf(role);
-    QJsonObject container = setting(where.section).toObject();
-    if (!where.group.isEmpty())
-        container = container.value(where.group).toObject();
-    return container.value(where.key).toObject();
-}
-
-bool ProfileManager::setDeviceConnection(DeviceRole role, const QJsonObject &connection)
-{
-    const RoleLocation where = locationOf(role);
-    QJsonObject section = setting(where.section).toObject();
-    if (where.group.isEmpty()) {
-        section.insert(where.key, connection);
-    } else {
-        QJsonObject group = section.value(where.group).toObject();
-        group.insert(where.key, connection);
-        section.insert(where.group, group);
-    }
-    return setSetting(where.section, section);
-}
-
-DeviceIdentity ProfileManager::deviceIdentity(DeviceRole role) const
-{
-    const QJsonObject record = deviceConnection(role);
-    DeviceIdentity identity;
-    identity.productName = record.value(keys::kProductName).toString();
-    identity.instanceGuid = record.value(keys::kInstanceGuid).toString();
-    identity.devicePath = record.value(keys::kDevicePath).toString();
-    identity.uniqId = record.value(keys::kUniqId).toString();
-    identity.vendorId = record.value(keys::kVendorId).toInt();
-    identity.productId = record.value(keys::kProductId).toInt();
-    return identity;
-}
-
-bool ProfileManager::setDeviceIdentity(DeviceRole role, const DeviceIdentity &identity)
-{
-    QJsonObject record = deviceConnection(role);
-    record.insert(keys::kProductName, identity.productName);
-    record.insert(keys::kInstanceGuid, identity.instanceGuid);
-    record.insert(keys::kDevicePath, identity.devicePath);
-    record.insert(keys::kUniqId, identity.uniqId);
-    record.insert(keys::kVendorId, identity.vendorId);
-    record.insert(keys::kProductId, identity.productId);
-    return setDeviceConnection(role, record);
-}
-
 // --- ESC presets ---
 
 bool ProfileManager::applyEscPreset(const QString &id)
@@ -542,7 +474,7 @@ bool ProfileManager::addNewProfile(QJsonObject document)
     // A new identifier never names an existing file, not even one skipped as unreadable.
     while (QFileInfo::exists(pathFor(idOf(document))))
         document.insert(keys::kId, ProfileSchema::newIdentifier());
-    const StoredProfile stored{document, pathFor(idOf(document))};
+    StoredProfile stored{document, pathFor(idOf(document))};
     QString reason;
     if (!writeProfile(stored, &reason)) {
         qCWarning(lcProfiles).noquote() << "ProfileManager: cannot write" << stored.filePath << ":" << reason;
@@ -552,15 +484,28 @@ bool ProfileManager::addNewProfile(QJsonObject document)
     return true;
 }
 
-bool ProfileManager::writeProfile(const StoredProfile &stored, QString *reason)
+bool ProfileManager::writeProfile(StoredProfile &stored, QString *reason)
 {
-    return JsonFile::write(stored.filePath, stored.document, reason);
+    // Every profile is saved as <id>.json, wherever it was read from: a profile copied in under
+    // another name moves there on its first save, so the folder never holds it twice. A file of
+    // that name that this store did not read (unreadable, or a second copy) is never written over.
+    const QString home = pathFor(idOf(stored.document));
+    const bool moving = QFileInfo(stored.filePath) != QFileInfo(home) && !QFileInfo::exists(home);
+    if (!JsonFile::write(moving ? home : stored.filePath, stored.document, reason))
+        return false;
+    if (moving) {
+        if (!QFile::remove(stored.filePath))
+            qCWarning(lcProfiles).noquote()
+                << "ProfileManager: saved" << home << "but could not remove its old file" << stored.filePath;
+        stored.filePath = home;
+    }
+    return true;
 }
 
 bool ProfileManager::commit(int index, QJsonObject document)
 {
     document.insert(keys::kModifiedAt, ProfileSchema::currentTimestamp());
-    const StoredProfile next{document, m_profiles.at(index).filePath};
+    StoredProfile next{document, m_profiles.at(index).filePath};
     QString reason;
     if (!writeProfile(next, &reason)) {
         qCWarning(lcProfiles).noquote() << "ProfileManager: cannot write" << next.filePath << ":" << reason;

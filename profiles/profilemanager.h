@@ -107,8 +107,8 @@ public:
     // Generic access to one top-level key of the active profile ("axisSettings",
     // "buttonMappings", "ledSettings", "helicopterConfig", ...).
     [[nodiscard]] QJsonValue setting(const QString &key) const;
-    // Replaces that key; the value is completed with defaults the way a file is read.
-    // Identity, name, dates and version are not settable this way.
+    // Replaces that key; the value is completed with defaults the way a file is read, but
+    // not migrated. Identity, name, dates and version are not settable this way.
     bool setSetting(const QString &key, const QJsonValue &value);
 
     // --- typed helpers over the active profile ---
@@ -145,7 +145,7 @@ private:
     struct StoredProfile
     {
         QJsonObject document;
-        QString filePath; // where it was read from, or <id>.json for profiles made here
+        QString filePath; // <id>.json, or until its first save the file it was read from
     };
 
     [[nodiscard]] int indexOf(const QString &id) const;
@@ -153,7 +153,8 @@ private:
     [[nodiscard]] QString configPath() const;
     void readProfileFiles();
     bool addNewProfile(QJsonObject document);
-    bool writeProfile(const StoredProfile &stored, QString *reason = nullptr);
+    // Writes the profile as <id>.json, moving it there from a file of another name.
+    bool writeProfile(StoredProfile &stored, QString *reason = nullptr);
     // Stamps modifiedAt, writes the file and only then takes the new document.
     bool commit(int index, QJsonObject document);
     bool writeConfig();

@@ -1,10 +1,9 @@
 #include "profilemigrations.h"
 
+#include "dashboardkeys.h"
 #include "profilekeys.h"
 
 #include <QJsonArray>
-
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -28,23 +27,13 @@ bool mergeEscModeOne(QJsonObject &profile)
 // Dashboard sensor keys of the old form; duplicates that the renaming creates are dropped.
 bool renameDashboardKeys(QJsonObject &profile)
 {
-    static const std::pair<QLatin1String, QLatin1String> kRenames[] = {
-        {"GLat"_L1, "LatG"_L1},
-        {"GLon"_L1, "LonG"_L1},
-        {"GVrt"_L1, "VrtG"_L1},
-    };
     const QJsonArray stored = profile.value(keys::kTelemetryDashboard).toArray();
     QJsonArray current;
     QStringList seen;
     bool changed = false;
     for (const QJsonValue &entry : stored) {
-        QString key = entry.toString();
-        for (const auto &[oldKey, newKey] : kRenames) {
-            if (key == oldKey) {
-                key = newKey;
-                changed = true;
-            }
-        }
+        const QString key = dashboardkeys::profileKey(entry.toString());
+        changed = changed || key != entry.toString();
         if (seen.contains(key)) {
             changed = true;
             continue;

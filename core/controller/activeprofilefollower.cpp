@@ -24,6 +24,7 @@ ActiveProfileFollower::~ActiveProfileFollower()
 
 void ActiveProfileFollower::reload()
 {
+    m_followedId = m_profiles->activeProfileId();
     ProfileSettings next = ProfileSettings::fromProfile(m_profiles->activeProfile());
     // A switch of the LED power not written yet is newer than what the store holds.
     if (m_unsavedLedPower && m_unsavedLedProfileId == m_profiles->activeProfileId())
@@ -110,9 +111,21 @@ void ActiveProfileFollower::switchToActiveProfile()
 
 void ActiveProfileFollower::onActiveProfileChanged(const QString &profileId)
 {
+    // The store also says this when the active profile is renamed, chosen again or read
+    // again. None of these is a switch: the devices stay open and nothing waits for a stop,
+    // only the settings are read afresh. Choosing the followed profile again while a switch
+    // waits calls that switch off.
+    if (profileId == m_followedId) {
+        m_switchPending = false;
+        reload();
+        return;
+    }
+    if (m_switchPending && profileId == m_waitingId)
+        return; // the same switch, already announced
     if (m_transmitting) {
         // The store has switched already; the controller follows once stopped.
         m_switchPending = true;
+        m_waitingId = profileId;
         emit errorOccurred(tr("The new profile takes effect when transmission stops"));
         return;
     }

@@ -65,6 +65,10 @@ private:
     void saveLedPower();
 
     ProfileManager *m_profiles;
+    // The profile whose settings are held (the store's active one, unless a switch waits).
+    QString m_followedId;
+    // The profile a waiting switch goes to, when it is a switch of profile.
+    QString m_waitingId;
     ProfileSettings m_settings;
     VehicleType m_vehicle = VehicleType::Car;
     bool m_transmitting = false;

@@ -301,7 +301,9 @@ bool TavrixController::checkStartPreconditions()
         return false;
     }
     // Judge the controls as they are now, not as the last idle poll saw them.
+    m_checkingStart = true;
     m_devices->pollAll();
+    m_checkingStart = false;
     if (isHelicopter()) {
         if (!m_devices->isConnected(DeviceRole::HeliJoystick)) {
             emit errorOccurred(tr("Joystick not connected"));
@@ -600,9 +602,9 @@ void TavrixController::onDeviceConnectedChanged(DeviceRole role, bool connected)
 void TavrixController::onDeviceLost(DeviceRole role)
 {
     // While transmitting, the tick reports the device it cannot drive without (and
-    // stops); reporting it here as well would say it twice.
-    const bool tickReports = m_running && missingDrivingDevice() == role;
-    if (!tickReports)
+    // stops); while starting, the refusal does. Reporting it here as well would say it twice.
+    const bool reportedElsewhere = (m_running || m_checkingStart) && missingDrivingDevice() == role;
+    if (!reportedElsewhere)
         emit errorOccurred(DeviceRoleSet::disconnectedMessage(role));
 }
 

@@ -244,6 +244,8 @@ private:
     ChannelValues m_publishedChannels{};
     quint32 m_frameCount = 0;
     bool m_running = false;
+    // While a start polls the devices: a loss it finds is reported by the refusal.
+    bool m_checkingStart = false;
     bool m_configMode = false;
     bool m_safetyStopQueued = false;
     bool m_ledPowerButtonWasPressed = false;

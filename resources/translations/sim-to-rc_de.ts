@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>HelicopterComputation</name>
+    <message>
+        <source>Lower the collective before arming the motor.</source>
+        <translation>Senke das Kollektiv ab, bevor du den Motor scharf schaltest.</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>OrvaneLabs HUB</source>
@@ -48,6 +55,13 @@
     <message>
         <source>Expand</source>
         <translation>Ausklappen</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ActiveProfileFollower</name>
+    <message>
+        <source>The new profile takes effect when transmission stops</source>
+        <translation>Das neue Profil gilt, sobald die Übertragung stoppt</translation>
     </message>
 </context>
 <context>
@@ -370,6 +384,82 @@
     </message>
 </context>
 <context>
+    <name>tavrix::DeviceRoleSet</name>
+    <message>
+        <source>Failed to open wheel base device</source>
+        <translation>Das Lenkrad konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Failed to open pedals device</source>
+        <translation>Die Pedale konnten nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Failed to open shifter device</source>
+        <translation>Der Schaltknauf konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Failed to open joystick device</source>
+        <translation>Der Joystick konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Failed to open throttle device</source>
+        <translation>Der Gashebel konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Wheel base disconnected</source>
+        <translation>Lenkrad getrennt</translation>
+    </message>
+    <message>
+        <source>Pedals disconnected</source>
+        <translation>Pedale getrennt</translation>
+    </message>
+    <message>
+        <source>Shifter disconnected</source>
+        <translation>Schaltknauf getrennt</translation>
+    </message>
+    <message>
+        <source>Joystick disconnected</source>
+        <translation>Joystick getrennt</translation>
+    </message>
+    <message>
+        <source>Throttle disconnected</source>
+        <translation>Gashebel getrennt</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DriveComputation</name>
+    <message>
+        <source>impossible throttle spike detected</source>
+        <translation>unmöglicher Gassprung erkannt</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DriveSettings</name>
+    <message>
+        <source>Custom</source>
+        <translation>Benutzerdefiniert</translation>
+    </message>
+    <message>
+        <source>Traxxas/Tamiya/Arma Standard (172-992-1811)</source>
+        <translation>Traxxas/Tamiya/Arma Standard (172-992-1811)</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::EscPresetStore</name>
+    <message>
+        <source>ESC preset name cannot be empty</source>
+        <translation>Der Name der ESC-Vorgabe darf nicht leer sein</translation>
+    </message>
+    <message>
+        <source>ESC preset not found: %1</source>
+        <translation>ESC-Vorgabe nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>Failed to save ESC presets</source>
+        <translation>Die ESC-Vorgaben konnten nicht gespeichert werden</translation>
+    </message>
+</context>
+<context>
     <name>tavrix::HeliPage</name>
     <message>
         <source>RC Helicopter</source>
@@ -555,6 +645,21 @@
     </message>
 </context>
 <context>
+    <name>tavrix::InputDevice</name>
+    <message>
+        <source>No input backend</source>
+        <translation>Keine Eingabeschnittstelle</translation>
+    </message>
+    <message>
+        <source>No game controller at position %1</source>
+        <translation>Kein Gamecontroller an Position %1</translation>
+    </message>
+    <message>
+        <source>The game controller could not be opened</source>
+        <translation>Der Gamecontroller konnte nicht geöffnet werden</translation>
+    </message>
+</context>
+<context>
     <name>tavrix::MotionChooserPage</name>
     <message>
         <source>Motion</source>
@@ -649,6 +754,119 @@
     </message>
 </context>
 <context>
+    <name>tavrix::ProfileManager</name>
+    <message>
+        <source>Source profile not found: %1</source>
+        <translation>Ausgangsprofil nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>Profile name cannot be empty</source>
+        <translation>Der Profilname darf nicht leer sein</translation>
+    </message>
+    <message>
+        <source>Cannot delete the last profile</source>
+        <translation>Das letzte Profil kann nicht gelöscht werden</translation>
+    </message>
+    <message>
+        <source>Failed to delete profile: %1</source>
+        <translation>Das Profil konnte nicht gelöscht werden: %1</translation>
+    </message>
+    <message>
+        <source>Failed to open file: %1</source>
+        <translation>Die Datei konnte nicht geöffnet werden: %1</translation>
+    </message>
+    <message>
+        <source>Invalid profile file format</source>
+        <translation>Ungültiges Format der Profildatei</translation>
+    </message>
+    <message>
+        <source>Invalid profile data</source>
+        <translation>Ungültige Profildaten</translation>
+    </message>
+    <message>
+        <source>Failed to save profile: %1</source>
+        <translation>Das Profil konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>No active profile</source>
+        <translation>Kein aktives Profil</translation>
+    </message>
+    <message>
+        <source>Unknown profile setting: %1</source>
+        <translation>Unbekannte Profileinstellung: %1</translation>
+    </message>
+    <message>
+        <source>ESC preset not found: %1</source>
+        <translation>ESC-Vorgabe nicht gefunden: %1</translation>
+    </message>
+    <message>
+        <source>Failed to save the active profile choice</source>
+        <translation>Die Wahl des aktiven Profils konnte nicht gespeichert werden</translation>
+    </message>
+    <message>
+        <source>Profile not found: %1</source>
+        <translation>Profil nicht gefunden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::TavrixController</name>
+    <message>
+        <source>throttle</source>
+        <translation>das Gaspedal</translation>
+    </message>
+    <message>
+        <source>brake</source>
+        <translation>das Bremspedal</translation>
+    </message>
+    <message>
+        <source>Release the %1 and %2 pedals before starting transmission.</source>
+        <translation>Lass %1 und %2 los, bevor du die Übertragung startest.</translation>
+    </message>
+    <message>
+        <source>Release the %1 pedal before starting transmission.</source>
+        <translation>Lass %1 los, bevor du die Übertragung startest.</translation>
+    </message>
+    <message>
+        <source>Stop transmission before changing devices</source>
+        <translation>Stoppe die Übertragung, bevor du Geräte wechselst</translation>
+    </message>
+    <message>
+        <source>Stop configuring before starting transmission</source>
+        <translation>Beende die Konfiguration, bevor du die Übertragung startest</translation>
+    </message>
+    <message>
+        <source>RP2040 Bridge not connected</source>
+        <translation>RP2040-Bridge nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Joystick not connected</source>
+        <translation>Joystick nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Wheel base not connected</source>
+        <translation>Lenkrad nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Transmission stopped for safety: %1. Verify the pedals and press Start Transmission again.</source>
+        <translation>Übertragung aus Sicherheitsgründen gestoppt: %1. Prüfe die Pedale und drücke erneut auf „Übertragung starten“.</translation>
+    </message>
+    <message>
+        <source>Stop transmission before configuring</source>
+        <translation>Stoppe die Übertragung, bevor du konfigurierst</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::TavrixSerialPort</name>
+    <message>
+        <source>%1: %2 stayed busy — it may be in use by another application, or the transmitter is still starting up. Wait a few seconds and try again.</source>
+        <translation>%1: %2 blieb belegt – vielleicht nutzt eine andere Anwendung den Anschluss, oder der Sender startet noch. Warte ein paar Sekunden und versuche es erneut.</translation>
+    </message>
+    <message>
+        <source>Device disappeared from the system</source>
+        <translation>Das Gerät ist aus dem System verschwunden</translation>
+    </message>
+</context>
+<context>
     <name>tavrix::TelemetryGrid</name>
     <message>
         <source>%1 · stale</source>
@@ -723,6 +941,13 @@
     <message>
         <source>No ports</source>
         <translation>Keine Anschlüsse</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::TransmitterLink</name>
+    <message>
+        <source>Lost connection to the Orvane Transmitter and could not reconnect. Check the USB cable and press Connect.</source>
+        <translation>Die Verbindung zum Orvane Transmitter ist abgerissen und konnte nicht wiederhergestellt werden. Prüfe das USB-Kabel und drücke auf „Verbinden“.</translation>
     </message>
 </context>
 <context>

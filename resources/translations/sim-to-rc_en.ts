@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en">
 <context>
+    <name>HelicopterComputation</name>
+    <message>
+        <source>Lower the collective before arming the motor.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>OrvaneLabs HUB</source>
@@ -47,6 +54,13 @@
     </message>
     <message>
         <source>Expand</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ActiveProfileFollower</name>
+    <message>
+        <source>The new profile takes effect when transmission stops</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -370,6 +384,82 @@
     </message>
 </context>
 <context>
+    <name>tavrix::DeviceRoleSet</name>
+    <message>
+        <source>Failed to open wheel base device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to open pedals device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to open shifter device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to open joystick device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to open throttle device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wheel base disconnected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pedals disconnected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shifter disconnected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Joystick disconnected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle disconnected</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DriveComputation</name>
+    <message>
+        <source>impossible throttle spike detected</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DriveSettings</name>
+    <message>
+        <source>Custom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traxxas/Tamiya/Arma Standard (172-992-1811)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::EscPresetStore</name>
+    <message>
+        <source>ESC preset name cannot be empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ESC preset not found: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to save ESC presets</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::HeliPage</name>
     <message>
         <source>RC Helicopter</source>
@@ -555,6 +645,21 @@
     </message>
 </context>
 <context>
+    <name>tavrix::InputDevice</name>
+    <message>
+        <source>No input backend</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No game controller at position %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The game controller could not be opened</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::MotionChooserPage</name>
     <message>
         <source>Motion</source>
@@ -649,6 +754,119 @@
     </message>
 </context>
 <context>
+    <name>tavrix::ProfileManager</name>
+    <message>
+        <source>Source profile not found: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Profile name cannot be empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot delete the last profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to delete profile: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to open file: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid profile file format</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid profile data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to save profile: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No active profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown profile setting: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ESC preset not found: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to save the active profile choice</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Profile not found: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::TavrixController</name>
+    <message>
+        <source>throttle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>brake</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Release the %1 and %2 pedals before starting transmission.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Release the %1 pedal before starting transmission.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop transmission before changing devices</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop configuring before starting transmission</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RP2040 Bridge not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Joystick not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wheel base not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmission stopped for safety: %1. Verify the pedals and press Start Transmission again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop transmission before configuring</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::TavrixSerialPort</name>
+    <message>
+        <source>%1: %2 stayed busy — it may be in use by another application, or the transmitter is still starting up. Wait a few seconds and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Device disappeared from the system</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::TelemetryGrid</name>
     <message>
         <source>%1 · stale</source>
@@ -722,6 +940,13 @@
     </message>
     <message>
         <source>No ports</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::TransmitterLink</name>
+    <message>
+        <source>Lost connection to the Orvane Transmitter and could not reconnect. Check the USB cable and press Connect.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

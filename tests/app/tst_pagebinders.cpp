@@ -4,10 +4,12 @@
 #include "channelbar.h"
 #include "dashboardbinder.h"
 #include "dashboardpage.h"
+#include "devicepickerbinder.h"
 #include "devicepickercard.h"
 #include "emptystate.h"
 #include "helipage.h"
 #include "hubrig.h"
+#include "inputdevice.h"
 #include "levelbar.h"
 #include "logrouter.h"
 #include "mainwindow.h"
@@ -223,6 +225,28 @@ private slots:
                 QTest::qWaitFor([&] { return rig.sim.commands().contains(QStringLiteral("STOP")); }, 5000));
     }
 
+    void devicePickerFollowsTheUnplug()
+    {
+        HubRig rig;
+        rig.plugCarControllers();
+        rig.backend->addDevice({u"Test Shifter"_s, QString(), 2, 8, 0, false});
+        DevicePickerCard card(u"Controllers"_s, {{u"wheel"_s, u"Wheel"_s}, {u"pedals"_s, u"Pedals"_s}});
+        DevicePickerBinder binder(&card, rig.controller(),
+                                  {{u"wheel"_s, DeviceRole::WheelBase}, {u"pedals"_s, DeviceRole::Pedals}});
+        QCOMPARE(card.devices().size(), 3);
+
+        // The wheel goes while the list still shows it: the pedals picked from that list open.
+        rig.backend->removeDevice(rig.firstDevice);
+        emit card.picker(u"pedals"_s)->activated(2); // "None", wheel, pedals, shifter
+        QCOMPARE(rig.controller()->device(DeviceRole::Pedals)->deviceName(), u"Test Pedals"_s);
+        QCOMPARE(card.currentDevice(u"pedals"_s), 0);
+
+        // The open pedals go: the picker says so instead of naming what moved up to their place.
+        rig.backend->removeDevice(rig.secondDevice);
+        QTRY_COMPARE_WITH_TIMEOUT(card.devices().size(), 1, 5000);
+        QCOMPARE(card.currentDevice(u"pedals"_s), -1);
+    }
+
     void dashboardShowsConnectionsTransmissionAndSensors()
     {
         HubRig rig;
@@ -259,13 +283,16 @@ private slots:
         QTest::addColumn<QStringList>("chosen");
         QTest::addColumn<QStringList>("keys");
         QTest::addColumn<QList<bool>>("stale");
-        // Sensors: RQly updated 500 ms ago, RxBt 2500 ms ago, GPS never.
-        QTest::newRow("all seen") << QStringList() << QStringList{u"RQly"_s, u"RxBt"_s, u"GPS"_s}
-                                  << QList<bool>{false, true, true};
+        // Sensors: RQly updated 500 ms ago, RxBt 2500 ms ago, GPS never, GLat 100 ms ago.
+        QTest::newRow("all seen") << QStringList() << QStringList{u"RQly"_s, u"RxBt"_s, u"GPS"_s, u"GLat"_s}
+                                  << QList<bool>{false, true, true, false};
         QTest::newRow("chosen order") << QStringList{u"GPS"_s, u"RQly"_s} << QStringList{u"GPS"_s, u"RQly"_s}
                                       << QList<bool>{true, false};
         QTest::newRow("chosen, never received")
             << QStringList{u"Sats"_s} << QStringList{u"Sats"_s} << QList<bool>{true};
+        // The profile stores the car's motion as LatG/LonG/VrtG; the catalogue says GLat/GLon/GVrt.
+        QTest::newRow("car motion by the profile's keys")
+            << QStringList{u"LatG"_s, u"GLat"_s} << QStringList{u"GLat"_s} << QList<bool>{false};
     }
 
     void readingsMarkStaleSensors()
@@ -277,7 +304,8 @@ private slots:
         const TelemetryCatalogue sensors = {
             {QStringLiteral("RQly"), QStringLiteral("99 %"), {}, {}, now - 500},
             {QStringLiteral("RxBt"), QStringLiteral("7.4 V"), {}, {}, now - 2500},
-            {QStringLiteral("GPS"), QStringLiteral("No fix"), {}, {}, 0}};
+            {QStringLiteral("GPS"), QStringLiteral("No fix"), {}, {}, 0},
+            {QStringLiteral("GLat"), QStringLiteral("0.12 g"), {}, {}, now - 100}};
         const auto readings =
             DashboardBinder::readings(sensors, chosen, now, std::chrono::milliseconds(2000));
         QStringList gotKeys;

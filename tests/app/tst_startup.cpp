@@ -1,3 +1,5 @@
+#include "deviceroleset.h"
+#include "drivecontrols.h"
 #include "startup.h"
 
 #include <QApplication>
@@ -46,7 +48,7 @@ private slots:
         QCoreApplication::removeTranslator(&translator);
     }
 
-    void germanTranslationCoversTheThemeQuestion()
+    void germanTranslationCoversWindowAndControllerTexts()
     {
         QTranslator translator;
         QCOMPARE(tavrix::installTranslation(*qApp, translator, {QStringLiteral("de-DE")}),
@@ -54,6 +56,11 @@ private slots:
         QCOMPARE(QCoreApplication::translate("tavrix::ThemeSwitcher", "Restart now"),
                  QStringLiteral("Jetzt neu starten"));
         QCOMPARE(QCoreApplication::translate("hub::Sidebar", "Collapse"), QStringLiteral("Einklappen"));
+        // The controller's refusals reach the window as they are made, so they are translated too.
+        QCOMPARE(tavrix::DeviceRoleSet::disconnectedMessage(tavrix::DeviceRole::WheelBase),
+                 QStringLiteral("Lenkrad getrennt"));
+        QCOMPARE(tavrix::DriveControls::pedalsHeldMessage(1.0f, 0.0f, 0.05f),
+                 QStringLiteral("Lass das Gaspedal los, bevor du die Übertragung startest."));
         QCoreApplication::removeTranslator(&translator);
         QCOMPARE(QCoreApplication::translate("tavrix::ThemeSwitcher", "Restart now"),
                  QStringLiteral("Restart now"));

@@ -14,6 +14,7 @@
 #include <QTest>
 
 using namespace tavrix;
+using namespace Qt::StringLiterals;
 
 class TestControllerParts : public QObject
 {
@@ -349,20 +350,23 @@ void TestControllerParts::motionWaitAndStop()
 
 void TestControllerParts::followerWaitsForStopToSwitch_data()
 {
-    QTest::addColumn<bool>("otherProfile");
+    QTest::addColumn<QString>("change");
     QTest::addColumn<bool>("transmitting");
     QTest::addColumn<VehicleType>("vehicleAfter");
 
-    QTest::newRow("vehicle edited while idle") << false << false << VehicleType::Helicopter;
-    QTest::newRow("vehicle edited while transmitting") << false << true << VehicleType::Helicopter;
+    QTest::newRow("vehicle edited while idle") << u"vehicle"_s << false << VehicleType::Helicopter;
+    QTest::newRow("vehicle edited while transmitting") << u"vehicle"_s << true << VehicleType::Helicopter;
     // Same vehicle, but the other profile may name other devices.
-    QTest::newRow("other car profile while idle") << true << false << VehicleType::Car;
-    QTest::newRow("other car profile while transmitting") << true << true << VehicleType::Car;
+    QTest::newRow("other car profile while idle") << u"other"_s << false << VehicleType::Car;
+    QTest::newRow("other car profile while transmitting") << u"other"_s << true << VehicleType::Car;
+    // Not switches at all: nothing is reopened and nothing waits.
+    QTest::newRow("renamed while transmitting") << u"rename"_s << true << VehicleType::Car;
+    QTest::newRow("chosen again while idle") << u"again"_s << false << VehicleType::Car;
 }
 
 void TestControllerParts::followerWaitsForStopToSwitch()
 {
-    QFETCH(bool, otherProfile);
+    QFETCH(QString, change);
     QFETCH(bool, transmitting);
     QFETCH(VehicleType, vehicleAfter);
 
@@ -380,10 +384,16 @@ void TestControllerParts::followerWaitsForStopToSwitch()
     QSignalSpy changed(&follower, &ActiveProfileFollower::profileChanged);
     QSignalSpy errors(&follower, &ActiveProfileFollower::errorOccurred);
     follower.setTransmitting(transmitting);
+    const bool otherProfile = change == u"other"_s;
+    const bool switches = otherProfile || change == u"vehicle"_s;
     if (otherProfile)
         QVERIFY(profiles.setActiveProfile(other));
-    else
+    else if (change == u"vehicle"_s)
         QVERIFY(profiles.setVehicleType(QStringLiteral("rc_helicopter")));
+    else if (change == u"rename"_s)
+        QVERIFY(profiles.renameProfile(profiles.activeProfileId(), QStringLiteral("Renamed")));
+    else
+        QVERIFY(profiles.setActiveProfile(profiles.activeProfileId()));
 
     if (transmitting) {
         QCOMPARE(reopen.size(), 0);
@@ -393,14 +403,15 @@ void TestControllerParts::followerWaitsForStopToSwitch()
         follower.applyDeferredSwitch();
     }
     QCOMPARE(follower.vehicleType(), vehicleAfter);
-    QCOMPARE(reopen.size(), 1);
-    QCOMPARE(changed.size(), otherProfile || transmitting ? 1 : 0);
+    QCOMPARE(reopen.size(), switches ? 1 : 0);
+    QCOMPARE(changed.size(), switches && (otherProfile || transmitting) ? 1 : 0);
+    QCOMPARE(errors.size(), otherProfile && transmitting ? 1 : 0);
     if (!changed.isEmpty())
         QCOMPARE(changed.first().at(0).toString(), profiles.activeProfileId());
 
     // Nothing waits any more.
     follower.applyDeferredSwitch();
-    QCOMPARE(reopen.size(), 1);
+    QCOMPARE(reopen.size(), switches ? 1 : 0);
 }
 
 void TestControllerParts::followerStoresLedPower()

@@ -133,6 +133,12 @@ void TestTavrixController::startRefusedWithoutBridgeOrWheel()
     SET_UP_RIG(rig);
     QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
 
+    // Lost just now, found by the start's own poll: the refusal is the one report.
+    rig.backend.setLost(rig.firstDevice, true);
+    QVERIFY(!rig.controller->startTransmission());
+    QCOMPARE(errors.size(), 1);
+    QCOMPARE(errors.takeFirst().at(0).toString(), QStringLiteral("Wheel base not connected"));
+
     rig.controller->disconnectDevice(DeviceRole::WheelBase);
     QVERIFY(!rig.controller->startTransmission());
     QCOMPARE(errors.takeFirst().at(0).toString(), QStringLiteral("Wheel base not connected"));

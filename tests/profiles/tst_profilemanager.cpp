@@ -609,8 +609,13 @@ void TestProfileManager::duplicateIdentifierIsSkipped()
         QCOMPARE(names(*manager), QStringList{u"First"_s});
         QVERIFY(manager->setAutoStartEnabled(true));
     }
+    // Saved, the first moved to same.json; the skipped copy is left as it was.
     QCOMPARE(readFile(profileDir() + u"/b.json"_s), secondBytes);
-    QVERIFY(readJson(profileDir() + u"/a.json"_s).value(keys::kAutoStartEnabled).toBool());
+    QVERIFY(!QFile::exists(profileDir() + u"/a.json"_s));
+    // The file named after the identifier holds the newer settings and wins at the next start.
+    auto manager = loadedStore();
+    QCOMPARE(names(*manager), QStringList{u"First"_s});
+    QVERIFY(manager->autoStartEnabled());
 }
 
 void TestProfileManager::interruptedWriteKeepsOldFile_data()
@@ -685,8 +690,9 @@ void TestProfileManager::interruptedWriteKeepsOldFile()
 
 void TestProfileManager::settingsAreWrittenThrough()
 {
+    // Copied in by hand under another name: saved, it moves to <id>.json.
     QVERIFY(writeFile(
-        profileDir() + u"/p.json"_s,
+        profileDir() + u"/my car.json"_s,
         profileJson(u"p"_s, u"P"_s, {{keys::kCreatedAt, kOldDate}, {keys::kModifiedAt, kOldDate}})));
     {
         auto manager = loadedStore();
@@ -699,17 +705,21 @@ void TestProfileManager::settingsAreWrittenThrough()
         const QJsonObject stored = manager->setting(keys::kLedSettings).toObject();
         QCOMPARE(stored.value(u"brightness"_s).toInt(), 50);
         QCOMPARE(stored.value(u"ledCount"_s).toInt(), 8);
-        // Old dashboard keys set by a caller are migrated too.
+        // Migrations are for files: what a caller sets is kept as set.
         QVERIFY(manager->setSetting(keys::kTelemetryDashboard, QJsonArray{u"GVrt"_s}));
-        QCOMPARE(manager->setting(keys::kTelemetryDashboard).toArray(), QJsonArray{u"VrtG"_s});
+        QCOMPARE(manager->setting(keys::kTelemetryDashboard).toArray(), QJsonArray{u"GVrt"_s});
+        QVERIFY(manager->setSetting(keys::kAxisSettings, QJsonObject{{keys::kEscMode, 1}}));
+        QCOMPARE(manager->setting(keys::kAxisSettings).toObject().value(keys::kEscMode).toInt(), 1);
         QVERIFY(manager->setVehicleType(vehicletype::kHelicopter));
         QCOMPARE(manager->vehicleType(), u"rc_helicopter"_s);
         const QJsonObject onDisk = readJson(profileDir() + u"/p.json"_s);
         QCOMPARE(onDisk, manager->activeProfile());
+        QVERIFY(!QFile::exists(profileDir() + u"/my car.json"_s));
         QCOMPARE(onDisk.value(keys::kCreatedAt).toString(), kOldDate);
         QVERIFY(onDisk.value(keys::kModifiedAt).toString() != kOldDate);
     }
     auto manager = loadedStore();
+    QCOMPARE(manager->profiles().size(), 1);
     QCOMPARE(manager->setting(keys::kLedSettings).toObject().value(u"mode"_s).toString(), u"range"_s);
     QCOMPARE(manager->vehicleType(), u"rc_helicopter"_s);
 }
