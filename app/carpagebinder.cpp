@@ -10,13 +10,7 @@ CarPageBinder::CarPageBinder(CarPage *page, TavrixController *controller, QObjec
     : QObject(parent)
     , m_page(page)
     , m_controller(controller)
-    , m_vehicle(new VehiclePageBinder(page, controller,
-                                      {VehicleType::Car,
-                                       page->deviceCard(),
-                                       {{QStringLiteral("wheel"), DeviceRole::WheelBase},
-                                        {QStringLiteral("pedals"), DeviceRole::Pedals},
-                                        {QStringLiteral("shifter"), DeviceRole::Shifter}}},
-                                      this))
+    , m_vehicle(new VehiclePageBinder(page, controller, {VehicleType::Car, page->deviceCard()}, this))
 {
     connect(m_vehicle, &VehiclePageBinder::repaintDue, this, &CarPageBinder::showInput);
     connect(controller, &TavrixController::carLinkChanged, this, &CarPageBinder::showCarLink);
@@ -29,14 +23,14 @@ CarPageBinder::CarPageBinder(CarPage *page, TavrixController *controller, QObjec
     connect(controller, &TavrixController::profileChanged, this, &CarPageBinder::showProfileName);
     connect(controller->profileManager(), &ProfileManager::profileListChanged, this,
             &CarPageBinder::showProfileName);
-    showCarLink(controller->isCarLinked());
+    showCarLink(controller->telemetry()->isCarLinked());
     showProfileName();
     showInput();
 }
 
 void CarPageBinder::showInput()
 {
-    if (m_vehicle->isActiveVehicle() && m_controller->isDeviceConnected(DeviceRole::WheelBase))
+    if (m_vehicle->isActiveVehicle() && m_controller->devices()->isConnected(DeviceRole::WheelBase))
         m_page->showInput(m_controller->steering(), m_controller->throttle(), m_controller->brake());
     else
         m_page->clearInput();
@@ -52,11 +46,11 @@ void CarPageBinder::showCarLink(bool linked)
 
 void CarPageBinder::showBattery()
 {
-    for (const TelemetrySensor &sensor : m_controller->telemetrySensors()) {
+    for (const TelemetrySensor &sensor : m_controller->telemetry()->catalogue()) {
         // Only the classic receiver reports volts here: the newer one carries an acceleration
         // in that field, and one that does not measure its battery reports "--".
         if (sensor.key == QLatin1String("RxBt") && sensor.value.endsWith(QLatin1String(" V"))) {
-            const BatterySensor battery = m_controller->battery();
+            const BatterySensor battery = m_controller->telemetry()->battery();
             m_page->showBattery(battery.voltage, battery.remaining);
         }
     }

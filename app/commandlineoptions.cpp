@@ -14,22 +14,6 @@ constexpr qint32 kHighestBaudRate = 12000000;
 // Far more than any machine has game controllers; a bigger number is a typo.
 constexpr int kHighestDeviceIndex = 255;
 
-struct RoleOption
-{
-    QLatin1StringView name;
-    DeviceRole role;
-    bool helicopter;
-};
-
-constexpr std::array<RoleOption, 6> kRoleOptions{{
-    {QLatin1StringView("wheel"), DeviceRole::WheelBase, false},
-    {QLatin1StringView("pedals"), DeviceRole::Pedals, false},
-    {QLatin1StringView("shifter"), DeviceRole::Shifter, false},
-    {QLatin1StringView("joystick"), DeviceRole::HeliJoystick, true},
-    {QLatin1StringView("throttle"), DeviceRole::HeliThrottle, true},
-    {QLatin1StringView("rudder"), DeviceRole::HeliPedals, true},
-}};
-
 QString dashed(QLatin1StringView name)
 {
     return QStringLiteral("--") + name;
@@ -65,9 +49,9 @@ QStringList headlessOnlyOptions(const QCommandLineParser &parser)
         if (parser.isSet(QLatin1String(name)))
             set.append(dashed(QLatin1StringView(name)));
     }
-    for (const RoleOption &role : kRoleOptions) {
-        if (parser.isSet(role.name))
-            set.append(dashed(role.name));
+    for (const DeviceRoleInfo &role : deviceRoles()) {
+        if (parser.isSet(role.option))
+            set.append(dashed(role.option));
     }
     return set;
 }
@@ -85,8 +69,8 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     const QCommandLineOption baud(QStringLiteral("baud"), QString(), QStringLiteral("rate"));
     const QCommandLineOption vehicle(QStringLiteral("vehicle"), QString(), QStringLiteral("type"));
     parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, vehicle});
-    for (const RoleOption &role : kRoleOptions)
-        parser.addOption(QCommandLineOption(QString(role.name), QString(), QStringLiteral("device")));
+    for (const DeviceRoleInfo &role : deviceRoles())
+        parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
     if (!parser.parse(arguments))
         return parser.errorText();
@@ -151,17 +135,17 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     options.start = options.start || parser.isSet(start);
 
     const bool helicopter = options.vehicle == VehicleType::Helicopter;
-    for (const RoleOption &role : kRoleOptions) {
-        if (!parser.isSet(role.name))
+    for (const DeviceRoleInfo &role : deviceRoles()) {
+        if (!parser.isSet(role.option))
             continue;
         if (role.helicopter && !helicopter)
-            return QStringLiteral("%1 is a helicopter role: add --vehicle heli").arg(dashed(role.name));
+            return QStringLiteral("%1 is a helicopter role: add --vehicle heli").arg(dashed(role.option));
         if (!role.helicopter && helicopter)
             return QStringLiteral("%1 is a car role and cannot be used with --vehicle heli")
-                .arg(dashed(role.name));
+                .arg(dashed(role.option));
         QString error;
         const std::optional<DeviceChoice> choice =
-            parseDeviceChoice(parser.value(role.name), &error, role.name);
+            parseDeviceChoice(parser.value(role.option), &error, role.option);
         if (!choice)
             return error;
         options.devices.append(RoleChoice{role.role, *choice});

@@ -50,7 +50,7 @@ DashboardBinder::DashboardBinder(DashboardPage *page, TavrixController *controll
 
     showTransmitter();
     showDevices();
-    page->setCarLinked(controller->isCarLinked());
+    page->setCarLinked(controller->telemetry()->isCarLinked());
     showTransmission();
     showTelemetry();
 }
@@ -65,11 +65,11 @@ void DashboardBinder::showDevices()
     const QList<DeviceRole> roles = DeviceRoleSet::rolesFor(m_controller->vehicleType());
     QStringList names;
     for (DeviceRole role : roles) {
-        if (m_controller->isDeviceConnected(role))
-            names.append(m_controller->device(role)->deviceName());
+        if (m_controller->devices()->isConnected(role))
+            names.append(m_controller->devices()->device(role)->deviceName());
     }
     // The first role (wheel base, joystick) is the one transmission needs; the others are optional.
-    const bool ready = !roles.isEmpty() && m_controller->isDeviceConnected(roles.first());
+    const bool ready = !roles.isEmpty() && m_controller->devices()->isConnected(roles.first());
     m_page->setDevicesState(int(names.size()), int(roles.size()), ready,
                             names.isEmpty() ? tr("Choose them on the vehicle's page")
                                             : names.join(QStringLiteral(", ")));
@@ -110,7 +110,7 @@ QStringList DashboardBinder::chosenKeys() const
 
 void DashboardBinder::showTelemetry()
 {
-    const TelemetryCatalogue sensors = m_controller->telemetrySensors();
+    const TelemetryCatalogue sensors = m_controller->telemetry()->catalogue();
     // Until the car has reported anything, the card says how to get readings instead of
     // showing a grid of dashes.
     if (sensors.isEmpty()) {

@@ -41,13 +41,13 @@ DevicePickerBinder::DevicePickerBinder(DevicePickerCard *card, TavrixController 
 
 void DevicePickerBinder::refresh()
 {
-    m_shown = m_controller->availableDevices();
+    m_shown = m_controller->devices()->availableDevices();
     QStringList labels;
     for (const InputDeviceInfo &info : std::as_const(m_shown))
         labels.append(info.listLabel());
     m_card->setDevices(labels);
     for (const RoleKey &entry : std::as_const(m_roles)) {
-        const InputDevice *device = m_controller->device(entry.role);
+        const InputDevice *device = m_controller->devices()->device(entry.role);
         m_card->setCurrentDevice(entry.key,
                                  device->isOpen() ? positionOf(device->instanceGuid(), m_shown) : -1);
     }
@@ -68,7 +68,7 @@ void DevicePickerBinder::choose(const QString &key, int deviceIndex)
         if (deviceIndex >= m_shown.size())
             continue;
         const int position =
-            positionOf(m_shown.at(deviceIndex).instanceGuid, m_controller->availableDevices());
+            positionOf(m_shown.at(deviceIndex).instanceGuid, m_controller->devices()->availableDevices());
         if (position >= 0)
             m_controller->connectDevice(entry.role, position);
     }

@@ -11,10 +11,10 @@ namespace tavrix {
 
 namespace {
 
-QString onOff(bool connected, const char *what)
+QString onOff(bool connected, QLatin1String what)
 {
-    return QStringLiteral("%1 %2").arg(QLatin1String(what), connected ? QStringLiteral("connected")
-                                                                      : QStringLiteral("disconnected"));
+    return QStringLiteral("%1 %2").arg(what, connected ? QStringLiteral("connected")
+                                                       : QStringLiteral("disconnected"));
 }
 
 } // namespace
@@ -64,26 +64,14 @@ void HeadlessRunner::watchController()
     });
     connect(controller, &TavrixController::errorOccurred, this, &HeadlessRunner::printError);
 
-    const auto deviceLine = [this, controller](DeviceRole role, const char *what) {
-        return [this, controller, role, what](bool connected) {
-            QString line = onOff(connected, what);
-            if (connected)
-                line += QStringLiteral(": %1").arg(controller->device(role)->deviceName());
-            printLine(line);
-        };
-    };
-    connect(controller, &TavrixController::wheelBaseConnectedChanged, this,
-            deviceLine(DeviceRole::WheelBase, "wheel base"));
-    connect(controller, &TavrixController::pedalsConnectedChanged, this,
-            deviceLine(DeviceRole::Pedals, "pedals"));
-    connect(controller, &TavrixController::shifterConnectedChanged, this,
-            deviceLine(DeviceRole::Shifter, "shifter"));
-    connect(controller, &TavrixController::heliJoystickConnectedChanged, this,
-            deviceLine(DeviceRole::HeliJoystick, "joystick"));
-    connect(controller, &TavrixController::heliThrottleConnectedChanged, this,
-            deviceLine(DeviceRole::HeliThrottle, "throttle"));
-    connect(controller, &TavrixController::heliPedalsConnectedChanged, this,
-            deviceLine(DeviceRole::HeliPedals, "rudder pedals"));
+    // The role set reports every role's connection; the controller's per-role signals say the same.
+    connect(controller->devices(), &DeviceRoleSet::connectedChanged, this,
+            [this, controller](DeviceRole role, bool connected) {
+                QString line = onOff(connected, deviceRoleInfo(role).name);
+                if (connected)
+                    line += QStringLiteral(": %1").arg(controller->devices()->device(role)->deviceName());
+                printLine(line);
+            });
 }
 
 bool HeadlessRunner::begin()
@@ -95,11 +83,10 @@ bool HeadlessRunner::begin()
                   .arg(m_services.profiles()->activeProfileName(),
                        controller->isHelicopter() ? QStringLiteral("helicopter") : QStringLiteral("car")));
     // Devices the profile reopened before anyone listened.
-    for (const DeviceRole role :
-         {DeviceRole::WheelBase, DeviceRole::Pedals, DeviceRole::Shifter, DeviceRole::HeliJoystick,
-          DeviceRole::HeliThrottle, DeviceRole::HeliPedals}) {
-        if (controller->isDeviceConnected(role))
-            printLine(QStringLiteral("saved device open: %1").arg(controller->device(role)->deviceName()));
+    for (const DeviceRoleInfo &info : deviceRoles()) {
+        if (controller->devices()->isConnected(info.role))
+            printLine(QStringLiteral("saved device open: %1")
+                          .arg(controller->devices()->device(info.role)->deviceName()));
     }
     return m_starter->begin();
 }
@@ -148,8 +135,9 @@ void HeadlessRunner::printStatus()
             .arg(double(controller->brake()), 0, 'f', 2)
             .arg(channels[0])
             .arg(channels[1]);
-    if (controller->isCarLinked())
-        line += QStringLiteral(", link quality %1%").arg(controller->linkStatistics().linkQuality);
+    if (controller->telemetry()->isCarLinked())
+        line +=
+            QStringLiteral(", link quality %1%").arg(controller->telemetry()->linkStatistics().linkQuality);
     else
         line += QStringLiteral(", no car link");
     printLine(line);

@@ -32,13 +32,8 @@ HeliPageBinder::HeliPageBinder(HeliPage *page, TavrixController *controller, QOb
     : QObject(parent)
     , m_page(page)
     , m_controller(controller)
-    , m_vehicle(new VehiclePageBinder(page, controller,
-                                      {VehicleType::Helicopter,
-                                       page->controlsCard(),
-                                       {{QStringLiteral("joystick"), DeviceRole::HeliJoystick},
-                                        {QStringLiteral("throttle"), DeviceRole::HeliThrottle},
-                                        {QStringLiteral("pedals"), DeviceRole::HeliPedals}}},
-                                      this))
+    , m_vehicle(
+          new VehiclePageBinder(page, controller, {VehicleType::Helicopter, page->controlsCard()}, this))
 {
     connect(page, &HeliPage::armRequested, controller, [controller] { controller->setHeliArmed(true); });
     connect(page, &HeliPage::disarmRequested, controller, [controller] { controller->setHeliArmed(false); });

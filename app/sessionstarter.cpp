@@ -9,25 +9,6 @@ namespace tavrix {
 
 namespace {
 
-QString roleName(DeviceRole role)
-{
-    switch (role) {
-    case DeviceRole::WheelBase:
-        return QStringLiteral("wheel base");
-    case DeviceRole::Pedals:
-        return QStringLiteral("pedals");
-    case DeviceRole::Shifter:
-        return QStringLiteral("shifter");
-    case DeviceRole::HeliJoystick:
-        return QStringLiteral("joystick");
-    case DeviceRole::HeliThrottle:
-        return QStringLiteral("throttle");
-    case DeviceRole::HeliPedals:
-        return QStringLiteral("rudder pedals");
-    }
-    return QString();
-}
-
 QString vehicleTypeName(VehicleType vehicle)
 {
     return vehicle == VehicleType::Helicopter ? QString(vehicletype::kHelicopter)
@@ -103,7 +84,7 @@ bool SessionStarter::begin()
     }
     if (m_port.isEmpty()) {
         QStringList seen;
-        for (const SerialPortDescription &port : m_controller->availablePorts())
+        for (const SerialPortDescription &port : m_controller->transmitterLink()->availablePorts())
             seen.append(port.portName);
         emit failed(QStringLiteral("no transmitter port: pass --transmitter PORT (serial ports now: %1)")
                         .arg(seen.isEmpty() ? QStringLiteral("none") : seen.join(QStringLiteral(", "))));
@@ -148,7 +129,7 @@ void SessionStarter::connectTransmitter()
     const QString key = QStringLiteral("transmitter");
     if (m_controller->isSerialConnected())
         m_reported.remove(key); // say it again should the transmitter go away
-    if (m_controller->isSerialConnected() || m_controller->isReconnecting())
+    if (m_controller->isSerialConnected() || m_controller->transmitterLink()->isReconnecting())
         return;
     report(key, QStringLiteral("connecting to the transmitter on %1 at %2 baud").arg(m_port).arg(m_baudRate));
     m_controller->connectTransmitter(m_port, m_baudRate);
@@ -162,7 +143,7 @@ void SessionStarter::openDevices()
     }
     for (const RoleChoice &choice : std::as_const(m_plan.devices)) {
         const QString key = QStringLiteral("role:%1").arg(int(choice.role));
-        if (m_controller->isDeviceConnected(choice.role)) {
+        if (m_controller->devices()->isConnected(choice.role)) {
             m_reported.remove(key);
             continue;
         }
@@ -170,17 +151,18 @@ void SessionStarter::openDevices()
         const int index = resolve(choice.device, &why);
         if (index < 0) {
             report(key, QStringLiteral("waiting for the %1 %2: %3")
-                            .arg(roleName(choice.role), choice.device.describe(), why));
+                            .arg(deviceRoleInfo(choice.role).name, choice.device.describe(), why));
             continue;
         }
-        report(key, QStringLiteral("opening the %1 %2").arg(roleName(choice.role), choice.device.describe()));
+        report(key, QStringLiteral("opening the %1 %2")
+                        .arg(deviceRoleInfo(choice.role).name, choice.device.describe()));
         m_controller->connectDevice(choice.role, index);
     }
 }
 
 int SessionStarter::resolve(const DeviceChoice &choice, QString *why) const
 {
-    const QList<InputDeviceInfo> devices = m_controller->availableDevices();
+    const QList<InputDeviceInfo> devices = m_controller->devices()->availableDevices();
     if (choice.isByIndex()) {
         if (choice.index < devices.size())
             return choice.index;

@@ -24,7 +24,7 @@ TransmitterCardBinder::TransmitterCardBinder(TransmitterCard *card, TavrixContro
 void TransmitterCardBinder::refreshPorts()
 {
     QStringList names;
-    for (const SerialPortDescription &port : m_controller->availablePorts())
+    for (const SerialPortDescription &port : m_controller->transmitterLink()->availablePorts())
         names.append(port.portName);
     const QString open = m_controller->serialPortName();
     if (m_controller->isSerialConnected() && !open.isEmpty() && !names.contains(open))

@@ -9,6 +9,18 @@
 
 namespace tavrix {
 
+namespace {
+
+QList<DevicePickerBinder::RoleKey> pickerRoles(VehicleType vehicle)
+{
+    QList<DevicePickerBinder::RoleKey> roles;
+    for (const DeviceRole role : DeviceRoleSet::rolesFor(vehicle))
+        roles.append({QString(deviceRoleInfo(role).option), role});
+    return roles;
+}
+
+} // namespace
+
 VehiclePageBinder::VehiclePageBinder(VehiclePage *page, TavrixController *controller, const Setup &setup,
                                      QObject *parent)
     : QObject(parent)
@@ -16,7 +28,7 @@ VehiclePageBinder::VehiclePageBinder(VehiclePage *page, TavrixController *contro
     , m_controller(controller)
     , m_vehicle(setup.vehicle)
     , m_transmitter(new TransmitterCardBinder(page->transmitterCard(), controller, this))
-    , m_devices(new DevicePickerBinder(setup.devices, controller, setup.roles, this))
+    , m_devices(new DevicePickerBinder(setup.devices, controller, pickerRoles(setup.vehicle), this))
     , m_repaint(new RepaintThrottle([this] { repaint(); }, this))
 {
     new VisibleRefresh(

@@ -24,8 +24,8 @@ public:
     struct Setup
     {
         VehicleType vehicle;
+        // One picker per role of the vehicle, keyed by the role's option name ("wheel").
         DevicePickerCard *devices;
-        QList<DevicePickerBinder::RoleKey> roles;
     };
 
     // How often the port and controller lists are read again while the page is visible.

@@ -9,56 +9,29 @@ namespace {
 
 namespace keys = profilekeys;
 
-// Where a role's connection record sits: section, optional group inside it, and key.
-struct RoleLocation
-{
-    QLatin1String section;
-    QLatin1String group;
-    QLatin1String key;
-};
-
-RoleLocation locationOf(DeviceRole role)
-{
-    switch (role) {
-    case DeviceRole::WheelBase:
-        return {keys::kDeviceConnections, {}, keys::kWheelBase};
-    case DeviceRole::Pedals:
-        return {keys::kDeviceConnections, {}, keys::kPedals};
-    case DeviceRole::Shifter:
-        return {keys::kDeviceConnections, {}, keys::kShifter};
-    case DeviceRole::HeliJoystick:
-        return {keys::kHelicopterConfig, keys::kInputs, keys::kJoystick};
-    case DeviceRole::HeliThrottle:
-        return {keys::kHelicopterConfig, keys::kInputs, keys::kThrottle};
-    case DeviceRole::HeliPedals:
-        return {keys::kHelicopterConfig, keys::kInputs, keys::kPedals};
-    }
-    return {keys::kDeviceConnections, {}, keys::kWheelBase};
-}
-
 } // namespace
 
 QJsonObject ProfileManager::deviceConnection(DeviceRole role) const
 {
-    const RoleLocation where = locationOf(role);
-    QJsonObject container = setting(where.section).toObject();
-    if (!where.group.isEmpty())
-        container = container.value(where.group).toObject();
-    return container.value(where.key).toObject();
+    const DeviceRoleInfo &where = deviceRoleInfo(role);
+    QJsonObject container = setting(where.profileSection).toObject();
+    if (!where.profileGroup.isEmpty())
+        container = container.value(where.profileGroup).toObject();
+    return container.value(where.profileKey).toObject();
 }
 
 bool ProfileManager::setDeviceConnection(DeviceRole role, const QJsonObject &connection)
 {
-    const RoleLocation where = locationOf(role);
-    QJsonObject section = setting(where.section).toObject();
-    if (where.group.isEmpty()) {
-        section.insert(where.key, connection);
+    const DeviceRoleInfo &where = deviceRoleInfo(role);
+    QJsonObject section = setting(where.profileSection).toObject();
+    if (where.profileGroup.isEmpty()) {
+        section.insert(where.profileKey, connection);
     } else {
-        QJsonObject group = section.value(where.group).toObject();
-        group.insert(where.key, connection);
-        section.insert(where.group, group);
+        QJsonObject group = section.value(where.profileGroup).toObject();
+        group.insert(where.profileKey, connection);
+        section.insert(where.profileGroup, group);
     }
-    return setSetting(where.section, section);
+    return setSetting(where.profileSection, section);
 }
 
 DeviceIdentity ProfileManager::deviceIdentity(DeviceRole role) const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "deviceroles.h"
+
 #include "escpresetstore.h"
 #include "profileconfig.h"
 
@@ -21,17 +23,6 @@ struct ProfileSummary
     QString vehicleType;
     QString createdAt;
     QString modifiedAt;
-};
-
-// The game-controller roles a profile remembers a device for.
-enum class DeviceRole
-{
-    WheelBase,
-    Pedals,
-    Shifter,
-    HeliJoystick,
-    HeliThrottle,
-    HeliPedals,
 };
 
 // How a saved game controller is found again: names, GUID, path and USB ids.

@@ -49,45 +49,7 @@ DeviceRoleSet::~DeviceRoleSet()
 
 QList<DeviceRole> DeviceRoleSet::rolesFor(VehicleType vehicle)
 {
-    if (vehicle == VehicleType::Helicopter)
-        return {DeviceRole::HeliJoystick, DeviceRole::HeliThrottle, DeviceRole::HeliPedals};
-    return {DeviceRole::WheelBase, DeviceRole::Pedals, DeviceRole::Shifter};
-}
-
-QString DeviceRoleSet::openFailedMessage(DeviceRole role)
-{
-    switch (role) {
-    case DeviceRole::WheelBase:
-        return tr("Failed to open wheel base device");
-    case DeviceRole::Pedals:
-    case DeviceRole::HeliPedals:
-        return tr("Failed to open pedals device");
-    case DeviceRole::Shifter:
-        return tr("Failed to open shifter device");
-    case DeviceRole::HeliJoystick:
-        return tr("Failed to open joystick device");
-    case DeviceRole::HeliThrottle:
-        return tr("Failed to open throttle device");
-    }
-    return QString();
-}
-
-QString DeviceRoleSet::disconnectedMessage(DeviceRole role)
-{
-    switch (role) {
-    case DeviceRole::WheelBase:
-        return tr("Wheel base disconnected");
-    case DeviceRole::Pedals:
-    case DeviceRole::HeliPedals:
-        return tr("Pedals disconnected");
-    case DeviceRole::Shifter:
-        return tr("Shifter disconnected");
-    case DeviceRole::HeliJoystick:
-        return tr("Joystick disconnected");
-    case DeviceRole::HeliThrottle:
-        return tr("Throttle disconnected");
-    }
-    return QString();
+    return deviceRolesFor(vehicle == VehicleType::Helicopter);
 }
 
 InputDevice *DeviceRoleSet::device(DeviceRole role) const
@@ -110,9 +72,9 @@ bool DeviceRoleSet::open(DeviceRole role, int enumerationIndex)
 {
     InputDevice *d = device(role);
     if (!d->open(enumerationIndex)) {
-        qWarning().noquote()
-            << QStringLiteral("TavrixController: %1 (%2)").arg(openFailedMessage(role), d->lastOpenError());
-        emit errorOccurred(openFailedMessage(role));
+        qWarning().noquote() << QStringLiteral("TavrixController: %1 (%2)")
+                                    .arg(deviceOpenFailedMessage(role), d->lastOpenError());
+        emit errorOccurred(deviceOpenFailedMessage(role));
         updateConnected(role);
         return false;
     }

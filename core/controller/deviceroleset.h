@@ -28,16 +28,12 @@ class DeviceRoleSet : public QObject
 {
     Q_OBJECT
 public:
-    static constexpr int kRoleCount = 6;
+    static constexpr int kRoleCount = kDeviceRoleCount;
 
     DeviceRoleSet(InputBackend *backend, ProfileManager *profiles, QObject *parent = nullptr);
     ~DeviceRoleSet() override;
 
     [[nodiscard]] static QList<DeviceRole> rolesFor(VehicleType vehicle);
-    // "Failed to open wheel base device" and its siblings.
-    [[nodiscard]] static QString openFailedMessage(DeviceRole role);
-    // "Wheel base disconnected" and its siblings.
-    [[nodiscard]] static QString disconnectedMessage(DeviceRole role);
 
     // Never null; closed while nothing is open in that role.
     [[nodiscard]] InputDevice *device(DeviceRole role) const;

@@ -2,12 +2,11 @@
 
 #include "activeprofilefollower.h"
 #include "buttonmappingengine.h"
+#include "cartick.h"
 #include "deviceroleset.h"
-#include "drivecomputation.h"
 #include "drivecontrols.h"
-#include "helicoptercomputation.h"
+#include "helicoptertick.h"
 #include "inputdevice.h"
-#include "inputdevicesource.h"
 #include "profilesettings.h"
 #include "telemetrymonitor.h"
 #include "transmitterlink.h"
@@ -26,8 +25,6 @@ const QByteArray kStopCommand = QByteArrayLiteral("STOP\n");
 const QByteArray kConfigOnCommand = QByteArrayLiteral("CFGMODE ON\n");
 const QByteArray kConfigOffCommand = QByteArrayLiteral("CFGMODE OFF\n");
 
-constexpr int32_t kLedPowerOnValue = 2047;
-constexpr int32_t kLedPowerOffValue = 0;
 // Smaller moves of the controls are not worth a repaint.
 constexpr float kInputChangeEpsilon = 0.001f;
 
@@ -52,9 +49,9 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     , m_transmitTimer(new QTimer(this))
     , m_idleInputTimer(new QTimer(this))
     , m_profile(new ActiveProfileFollower(profiles, this))
-    , m_drive(std::make_unique<DriveComputation>())
-    , m_helicopter(std::make_unique<HelicopterComputation>())
     , m_buttons(std::make_unique<ButtonMappingEngine>())
+    , m_car(std::make_unique<CarTick>(*m_devices, *m_profile, *m_buttons))
+    , m_helicopter(std::make_unique<HelicopterTick>(*m_devices, *m_profile, *m_buttons))
 {
     qRegisterMetaType<tavrix::LinkStatistics>();
     qRegisterMetaType<tavrix::GpsFix>();
@@ -129,11 +126,6 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     if (!rememberedPort.isEmpty())
         m_link->setRememberedPort(rememberedPort, m_profiles->transmitterBaudRate());
 
-    m_wheelSource = InputDeviceSource(m_devices->device(DeviceRole::WheelBase));
-    m_joystickSource = InputDeviceSource(m_devices->device(DeviceRole::HeliJoystick));
-    m_heliThrottleSource = InputDeviceSource(m_devices->device(DeviceRole::HeliThrottle));
-    m_heliPedalsSource = InputDeviceSource(m_devices->device(DeviceRole::HeliPedals));
-
     m_profile->reload();
     reconnectSavedDevices();
     m_idleInputTimer->start();
@@ -162,27 +154,12 @@ bool TavrixController::isHelicopter() const
 
 bool TavrixController::isReverseModeActive() const
 {
-    return m_drive->isReverseModeActive();
+    return m_car->drive().isReverseModeActive();
 }
 
 bool TavrixController::isLedPowerOn() const
 {
     return m_profile->settings().led.powerOn;
-}
-
-InputDevice *TavrixController::device(DeviceRole role) const
-{
-    return m_devices->device(role);
-}
-
-bool TavrixController::isDeviceConnected(DeviceRole role) const
-{
-    return m_devices->isConnected(role);
-}
-
-QList<InputDeviceInfo> TavrixController::availableDevices() const
-{
-    return m_devices->availableDevices();
 }
 
 bool TavrixController::connectDevice(DeviceRole role, int enumerationIndex)
@@ -223,64 +200,14 @@ QString TavrixController::serialPortName() const
     return m_link->portName();
 }
 
-QList<SerialPortDescription> TavrixController::availablePorts() const
-{
-    return m_link->availablePorts();
-}
-
-bool TavrixController::isReconnecting() const
-{
-    return m_link->isReconnecting();
-}
-
-LinkStatistics TavrixController::linkStatistics() const
-{
-    return m_telemetry->linkStatistics();
-}
-
-bool TavrixController::isCarLinked() const
-{
-    return m_telemetry->isCarLinked();
-}
-
-TelemetryCatalogue TavrixController::telemetrySensors() const
-{
-    return m_telemetry->catalogue();
-}
-
-int TavrixController::staleSensorCount() const
-{
-    return m_telemetry->staleSensorCount();
-}
-
-GpsFix TavrixController::gpsFix() const
-{
-    return m_telemetry->gpsFix();
-}
-
-BatterySensor TavrixController::battery() const
-{
-    return m_telemetry->battery();
-}
-
-ReceiverFfbState TavrixController::receiverFfbState() const
-{
-    return m_telemetry->receiverFfbState();
-}
-
-std::array<float, 3> TavrixController::carMotion() const
-{
-    return m_telemetry->carMotion();
-}
-
 bool TavrixController::isHeliArmed() const
 {
-    return m_helicopter->isArmed();
+    return m_helicopter->computation().isArmed();
 }
 
 int TavrixController::heliRateMode() const
 {
-    return m_helicopter->settings().dualRates.activeMode;
+    return m_helicopter->computation().settings().dualRates.activeMode;
 }
 
 bool TavrixController::autoStartEnabled() const
@@ -304,21 +231,12 @@ bool TavrixController::checkStartPreconditions()
     m_checkingStart = true;
     m_devices->pollAll();
     m_checkingStart = false;
-    if (isHelicopter()) {
-        if (!m_devices->isConnected(DeviceRole::HeliJoystick)) {
-            emit errorOccurred(tr("Joystick not connected"));
-            return false;
-        }
+    if (const std::optional<DeviceRole> missing = missingDrivingDevice()) {
+        emit errorOccurred(deviceNotConnectedMessage(*missing));
+        return false;
+    }
+    if (isHelicopter())
         return true;
-    }
-    if (!m_devices->isConnected(DeviceRole::WheelBase)) {
-        emit errorOccurred(tr("Wheel base not connected"));
-        return false;
-    }
-    if (pedalsAssignedButGone()) {
-        emit errorOccurred(tr("Pedals not connected"));
-        return false;
-    }
     readDriveControls();
     const QString held = DriveControls::pedalsHeldMessage(m_throttle, m_brake, kPedalReleasedLimit);
     if (!held.isEmpty()) {
@@ -339,12 +257,9 @@ bool TavrixController::startTransmission()
     m_profile->setTransmitting(true);
     m_frameCount = 0;
     m_safetyStopQueued = false;
-    const ProfileSettings &settings = m_profile->settings();
-    m_buttons->reset(settings.buttonMappings);
-    m_drive->reset();
-    m_helicopter->reset();
-    // A power button held while starting is not a press.
-    m_ledPowerButtonWasPressed = m_wheelSource.isPressed(settings.led.powerButtonIndex);
+    m_buttons->reset(m_profile->settings().buttonMappings);
+    m_car->reset();
+    m_helicopter->computation().reset();
 
     m_idleInputTimer->stop();
     m_transmitTimer->start();
@@ -371,7 +286,7 @@ void TavrixController::stopTransmission()
     m_profile->setTransmitting(false);
     m_telemetry->transmissionStopped();
     m_buttons->reset(m_profile->settings().buttonMappings);
-    if (m_helicopter->disarm())
+    if (m_helicopter->computation().disarm())
         emit heliArmedChanged(false);
     m_idleInputTimer->start();
     qInfo().noquote()
@@ -442,7 +357,7 @@ void TavrixController::onTransmitTimer()
     m_devices->pollAll();
     if (const std::optional<DeviceRole> missing = missingDrivingDevice()) {
         stopTransmission();
-        emit errorOccurred(DeviceRoleSet::disconnectedMessage(*missing));
+        emit errorOccurred(deviceDisconnectedMessage(*missing));
         return;
     }
     if (isHelicopter())
@@ -476,42 +391,23 @@ bool TavrixController::pedalsAssignedButGone() const
 
 void TavrixController::tickHelicopter()
 {
-    m_helicopter->tick(helicopterInputs(), *m_buttons, m_profile->settings().buttonMappings, m_channels);
+    m_helicopter->tick(m_channels);
     sendFrame();
     publishInputs();
 }
 
 void TavrixController::tickCar()
 {
-    const InputDeviceSource &wheel = m_wheelSource;
-    const ProfileSettings &settings = m_profile->settings();
-    DriveInputs inputs = readDriveControls();
-    inputs.pitLimiterHeld = ButtonMappingEngine::isPitLimiterActive(settings.buttonMappings, wheel);
-
-    const DriveTickResult result = m_drive->tick(inputs, wheel, m_channels);
-    m_buttons->apply(settings.buttonMappings, m_channels, wheel);
-    applyLedPower(wheel);
+    const CarTickResult result = m_car->tick(readDriveControls(), m_channels);
     sendFrame();
 
-    if (result.reverseModeChanged)
-        emit reverseModeChanged(result.reverseActive);
-    if (result.safetyStopRequested)
+    if (result.ledPowerSwitched)
+        emit ledSettingsChanged();
+    if (result.drive.reverseModeChanged)
+        emit reverseModeChanged(result.drive.reverseActive);
+    if (result.drive.safetyStopRequested)
         safetyStop(DriveComputation::spikeStopReason());
     publishInputs();
-}
-
-void TavrixController::applyLedPower(const ButtonSource &wheelButtons)
-{
-    const ProfileSettings &settings = m_profile->settings();
-    const bool pressed = wheelButtons.isPressed(settings.led.powerButtonIndex);
-    const bool flip = pressed && !m_ledPowerButtonWasPressed;
-    m_ledPowerButtonWasPressed = pressed;
-    if (flip)
-        setLedPower(!settings.led.powerOn);
-    if (!ButtonMappingEngine::ownsChannel(settings.buttonMappings, ButtonMappingEngine::kLedPowerChannel)) {
-        m_channels[ButtonMappingEngine::kLedPowerChannel] =
-            settings.led.powerOn ? kLedPowerOnValue : kLedPowerOffValue;
-    }
 }
 
 void TavrixController::sendFrame()
@@ -528,16 +424,11 @@ void TavrixController::sendFrame()
 void TavrixController::sendNeutralFrame()
 {
     if (isHelicopter())
-        m_helicopter->writeNeutral(m_channels);
+        m_helicopter->computation().writeNeutral(m_channels);
     else
-        m_drive->writeNeutral(m_channels);
+        m_car->drive().writeNeutral(m_channels);
     // Written past the frame queue's limit: this frame must not be the one dropped.
     m_link->serialWrite(CrsfProtocol::buildRcChannelsFrame(m_channels));
-}
-
-HelicopterInputs TavrixController::helicopterInputs() const
-{
-    return {&m_joystickSource, &m_heliThrottleSource, &m_heliPedalsSource, &m_joystickSource};
 }
 
 void TavrixController::onIdleInputPoll()
@@ -550,9 +441,7 @@ void TavrixController::onIdleInputPoll()
 
 DriveInputs TavrixController::readDriveControls()
 {
-    const DriveInputs inputs =
-        DriveControls::read(m_devices->device(DeviceRole::WheelBase), m_devices->device(DeviceRole::Pedals),
-                            m_devices->device(DeviceRole::Shifter), m_profile->settings());
+    const DriveInputs inputs = m_car->readControls();
     m_steering = inputs.steering;
     m_throttle = inputs.throttle;
     m_brake = inputs.brake;
@@ -577,26 +466,14 @@ void TavrixController::publishInputs()
 
 void TavrixController::onDeviceConnectedChanged(DeviceRole role, bool connected)
 {
-    switch (role) {
-    case DeviceRole::WheelBase:
-        emit wheelBaseConnectedChanged(connected);
-        break;
-    case DeviceRole::Pedals:
-        emit pedalsConnectedChanged(connected);
-        break;
-    case DeviceRole::Shifter:
-        emit shifterConnectedChanged(connected);
-        break;
-    case DeviceRole::HeliJoystick:
-        emit heliJoystickConnectedChanged(connected);
-        break;
-    case DeviceRole::HeliThrottle:
-        emit heliThrottleConnectedChanged(connected);
-        break;
-    case DeviceRole::HeliPedals:
-        emit heliPedalsConnectedChanged(connected);
-        break;
-    }
+    // Each role has its own signal; indexed by role.
+    using ConnectedSignal = void (TavrixController::*)(bool);
+    static constexpr std::array<ConnectedSignal, kDeviceRoleCount> kSignals{
+        &TavrixController::wheelBaseConnectedChanged,    &TavrixController::pedalsConnectedChanged,
+        &TavrixController::shifterConnectedChanged,      &TavrixController::heliJoystickConnectedChanged,
+        &TavrixController::heliThrottleConnectedChanged, &TavrixController::heliPedalsConnectedChanged,
+    };
+    emit(this->*kSignals[std::size_t(role)])(connected);
 }
 
 void TavrixController::onDeviceLost(DeviceRole role)
@@ -605,7 +482,7 @@ void TavrixController::onDeviceLost(DeviceRole role)
     // stops); while starting, the refusal does. Reporting it here as well would say it twice.
     const bool reportedElsewhere = (m_running || m_checkingStart) && missingDrivingDevice() == role;
     if (!reportedElsewhere)
-        emit errorOccurred(DeviceRoleSet::disconnectedMessage(role));
+        emit errorOccurred(deviceDisconnectedMessage(role));
 }
 
 // --- link ---
@@ -649,7 +526,7 @@ qint64 TavrixController::serialWrite(const QByteArray &bytes)
 
 void TavrixController::setHeliArmed(bool armed)
 {
-    switch (m_helicopter->requestArmed(armed, helicopterInputs())) {
+    switch (m_helicopter->computation().requestArmed(armed, m_helicopter->inputs())) {
     case HelicopterComputation::ArmChange::Refused:
         emit errorOccurred(HelicopterComputation::armRefusedMessage());
         break;
@@ -663,7 +540,7 @@ void TavrixController::setHeliArmed(bool armed)
 
 void TavrixController::setHeliRateMode(int mode)
 {
-    if (!m_helicopter->setRateMode(mode))
+    if (!m_helicopter->computation().setRateMode(mode))
         return;
     emit heliRateModeChanged(mode);
     m_profile->rememberHeliRateMode(mode);
@@ -691,10 +568,11 @@ void TavrixController::reloadSettings()
 void TavrixController::applySettings(bool ledChanged)
 {
     const ProfileSettings &settings = m_profile->settings();
-    if (m_drive->setSettings(settings.drive))
+    if (m_car->drive().setSettings(settings.drive))
         emit reverseModeChanged(false);
-    const int rateMode = m_helicopter->settings().dualRates.activeMode;
-    m_helicopter->setSettings(settings.helicopter);
+    HelicopterComputation &helicopter = m_helicopter->computation();
+    const int rateMode = helicopter.settings().dualRates.activeMode;
+    helicopter.setSettings(settings.helicopter);
     if (settings.helicopter.dualRates.activeMode != rateMode)
         emit heliRateModeChanged(settings.helicopter.dualRates.activeMode);
     m_telemetry->setReceiverGeneration(settings.receiverGeneration);

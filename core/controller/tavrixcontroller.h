@@ -3,9 +3,10 @@
 #include "controllertimings.h"
 #include "controllertypes.h"
 #include "crsfprotocol.h"
-#include "inputdevicesource.h"
+#include "deviceroleset.h"
 #include "profilemanager.h"
 #include "serialportdirectory.h"
+#include "telemetrymonitor.h"
 
 #include <QByteArray>
 #include <QList>
@@ -22,17 +23,11 @@ namespace tavrix {
 
 class ActiveProfileFollower;
 class ButtonMappingEngine;
-class ButtonSource;
-class DeviceRoleSet;
-class DriveComputation;
-class HelicopterComputation;
+class CarTick;
+class HelicopterTick;
 class InputBackend;
-class InputDevice;
-class TelemetryMonitor;
 class TransmitterLink;
 struct DriveInputs;
-struct HelicopterInputs;
-struct InputDeviceInfo;
 
 // The spine of the hub: owns the transmitter link, the CRSF codec, one input device
 // per role of the active vehicle and the channel computations, and runs the 7 ms
@@ -89,12 +84,7 @@ public:
     [[nodiscard]] bool isReverseModeActive() const;
     [[nodiscard]] bool isLedPowerOn() const;
 
-    // --- input devices ---
-    // The device of a role (never null; closed when nothing is open in that role).
-    [[nodiscard]] InputDevice *device(DeviceRole role) const;
-    [[nodiscard]] bool isDeviceConnected(DeviceRole role) const;
-    // The game controllers attached now, in enumeration order (what connectDevice indexes).
-    [[nodiscard]] QList<InputDeviceInfo> availableDevices() const;
+    // --- input devices (read them through devices()) ---
     // Opens the device at that position of a fresh enumeration in that role and remembers
     // it in the profile; refused while transmitting. "Failed to open ... device" on failure.
     bool connectDevice(DeviceRole role, int enumerationIndex);
@@ -102,22 +92,9 @@ public:
     // Opens every role of the active vehicle from the identities saved in the profile.
     void reconnectSavedDevices();
 
-    // --- transmitter link ---
+    // --- transmitter link (more through transmitterLink()) ---
     [[nodiscard]] bool isSerialConnected() const;
     [[nodiscard]] QString serialPortName() const;
-    [[nodiscard]] QList<SerialPortDescription> availablePorts() const;
-    [[nodiscard]] bool isReconnecting() const;
-
-    // --- telemetry ---
-    [[nodiscard]] LinkStatistics linkStatistics() const;
-    [[nodiscard]] bool isCarLinked() const;
-    [[nodiscard]] TelemetryCatalogue telemetrySensors() const;
-    [[nodiscard]] int staleSensorCount() const;
-    [[nodiscard]] GpsFix gpsFix() const;
-    [[nodiscard]] BatterySensor battery() const;
-    [[nodiscard]] ReceiverFfbState receiverFfbState() const;
-    // The car's last motion record (longitudinal, lateral, vertical g).
-    [[nodiscard]] std::array<float, 3> carMotion() const;
 
     // --- helicopter ---
     [[nodiscard]] bool isHeliArmed() const;
@@ -126,10 +103,14 @@ public:
     // --- profile ---
     [[nodiscard]] bool autoStartEnabled() const;
 
-    // The parts other services reach through the controller.
+    // The parts other services and the interface read through the controller: the link,
+    // the codec, the profile store, the devices of every role and the car's telemetry.
+    // Changes go through the controller's slots, which apply its rules.
     [[nodiscard]] TransmitterLink *transmitterLink() const { return m_link; }
     [[nodiscard]] CrsfProtocol *crsfProtocol() const { return m_crsf; }
     [[nodiscard]] ProfileManager *profileManager() const { return m_profiles; }
+    [[nodiscard]] const DeviceRoleSet *devices() const { return m_devices; }
+    [[nodiscard]] const TelemetryMonitor *telemetry() const { return m_telemetry; }
 
 public slots:
     // Each refusal emits errorOccurred once and changes nothing. True once running.
@@ -213,9 +194,7 @@ private:
     bool checkStartPreconditions();
     // Reads steering, throttle, brake and gear and keeps the first three for the interface.
     DriveInputs readDriveControls();
-    void applyLedPower(const ButtonSource &wheelButtons);
     void publishInputs();
-    [[nodiscard]] HelicopterInputs helicopterInputs() const;
 
     InputBackend *m_inputBackend;
     ProfileManager *m_profiles;
@@ -230,15 +209,9 @@ private:
     // The active profile's settings and the vehicle they drive, kept in step with the store.
     ActiveProfileFollower *m_profile = nullptr;
 
-    std::unique_ptr<DriveComputation> m_drive;
-    std::unique_ptr<HelicopterComputation> m_helicopter;
     std::unique_ptr<ButtonMappingEngine> m_buttons;
-
-    // The computations read the role set's devices through these views.
-    InputDeviceSource m_wheelSource;
-    InputDeviceSource m_joystickSource;
-    InputDeviceSource m_heliThrottleSource;
-    InputDeviceSource m_heliPedalsSource;
+    std::unique_ptr<CarTick> m_car;
+    std::unique_ptr<HelicopterTick> m_helicopter;
 
     ChannelValues m_channels{};
     ChannelValues m_publishedChannels{};
@@ -248,7 +221,6 @@ private:
     bool m_checkingStart = false;
     bool m_configMode = false;
     bool m_safetyStopQueued = false;
-    bool m_ledPowerButtonWasPressed = false;
     float m_steering = 0.0f;
     float m_throttle = 0.0f;
     float m_brake = 0.0f;

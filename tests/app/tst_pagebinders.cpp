@@ -82,14 +82,14 @@ private slots:
 
         pick(car->deviceCard()->picker(QStringLiteral("wheel")), 1);
         pick(car->deviceCard()->picker(QStringLiteral("pedals")), 2);
-        QVERIFY(rig.controller()->isDeviceConnected(DeviceRole::WheelBase));
-        QVERIFY(rig.controller()->isDeviceConnected(DeviceRole::Pedals));
+        QVERIFY(rig.controller()->devices()->isConnected(DeviceRole::WheelBase));
+        QVERIFY(rig.controller()->devices()->isConnected(DeviceRole::Pedals));
         QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("wheel")), 0);
         QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("pedals")), 1);
 
         // Choosing "None" closes the role again.
         pick(car->deviceCard()->picker(QStringLiteral("pedals")), 0);
-        QVERIFY(!rig.controller()->isDeviceConnected(DeviceRole::Pedals));
+        QVERIFY(!rig.controller()->devices()->isConnected(DeviceRole::Pedals));
 
         car->transmitterCard()->connectButton()->click();
         QVERIFY(!rig.controller()->isSerialConnected());
@@ -238,7 +238,7 @@ private slots:
         // The wheel goes while the list still shows it: the pedals picked from that list open.
         rig.backend->removeDevice(rig.firstDevice);
         emit card.picker(u"pedals"_s)->activated(2); // "None", wheel, pedals, shifter
-        QCOMPARE(rig.controller()->device(DeviceRole::Pedals)->deviceName(), u"Test Pedals"_s);
+        QCOMPARE(rig.controller()->devices()->device(DeviceRole::Pedals)->deviceName(), u"Test Pedals"_s);
         QCOMPARE(card.currentDevice(u"pedals"_s), 0);
 
         // The open pedals go: the picker says so instead of naming what moved up to their place.
@@ -361,8 +361,8 @@ private slots:
         QVERIFY(c->isSerialConnected());
         pick(heli->controlsCard()->picker(QStringLiteral("joystick")), 1);
         pick(heli->controlsCard()->picker(QStringLiteral("throttle")), 2);
-        QVERIFY(c->isDeviceConnected(DeviceRole::HeliJoystick));
-        QVERIFY(c->isDeviceConnected(DeviceRole::HeliThrottle));
+        QVERIFY(c->devices()->isConnected(DeviceRole::HeliJoystick));
+        QVERIFY(c->devices()->isConnected(DeviceRole::HeliThrottle));
         QVERIFY(!heli->armButton()->isEnabled());
 
         constexpr int kCollectiveSlot = 2;
@@ -378,7 +378,7 @@ private slots:
         QVERIFY(!heli->isArmed());
 
         rig.backend->setAxis(rig.secondDevice, kCollectiveSlot, rawForDeviceValue(-0.9));
-        QTRY_VERIFY(c->device(DeviceRole::HeliThrottle)->axis(kCollectiveSlot) < -0.85f);
+        QTRY_VERIFY(c->devices()->device(DeviceRole::HeliThrottle)->axis(kCollectiveSlot) < -0.85f);
         heli->armButton()->click();
         QVERIFY(c->isHeliArmed());
         QVERIFY(heli->isArmed());

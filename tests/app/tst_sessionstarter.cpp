@@ -1,4 +1,5 @@
 #include "bridgesimulator.h"
+#include "inputdevice.h"
 #include "profilekeys.h"
 #include "profilemanager.h"
 #include "serialportdirectory.h"
@@ -94,8 +95,8 @@ void TestSessionStarter::refusedStartIsRetriedUntilThePedalsAreReleased()
     QCOMPARE(errors.last().at(0).toString(),
              QStringLiteral("Release the throttle pedal before starting transmission."));
     QVERIFY(rig.controller->isSerialConnected());
-    QVERIFY(rig.controller->isDeviceConnected(DeviceRole::WheelBase));
-    QVERIFY(rig.controller->isDeviceConnected(DeviceRole::Pedals));
+    QVERIFY(rig.controller->devices()->isConnected(DeviceRole::WheelBase));
+    QVERIFY(rig.controller->devices()->isConnected(DeviceRole::Pedals));
     QVERIFY(!rig.controller->isRunning());
     QVERIFY(!rig.bridge.commands().contains(QStringLiteral("START")));
 
@@ -128,7 +129,8 @@ void TestSessionStarter::waitsForAMissingDeviceAndSaysSoOnce()
     // Plugged in late, found by its name without regard to case, and started.
     rig.backend.addDevice({QStringLiteral("MOZA R10 Base"), {}, 2, 32, 1, true});
     QTRY_VERIFY(rig.controller->isRunning());
-    QCOMPARE(rig.controller->device(DeviceRole::WheelBase)->deviceName(), QStringLiteral("MOZA R10 Base"));
+    QCOMPARE(rig.controller->devices()->device(DeviceRole::WheelBase)->deviceName(),
+             QStringLiteral("MOZA R10 Base"));
 }
 
 void TestSessionStarter::neverStartsAgainAfterAStop_data()
@@ -157,7 +159,7 @@ void TestSessionStarter::neverStartsAgainAfterAStop()
     QTRY_COMPARE(rig.bridge.commands().count(QStringLiteral("STOP")), 1);
     if (wheelLost) {
         rig.backend.setLost(rig.wheel, false);
-        QTRY_VERIFY(rig.controller->isDeviceConnected(DeviceRole::WheelBase));
+        QTRY_VERIFY(rig.controller->devices()->isConnected(DeviceRole::WheelBase));
     }
     const auto saidSo = [&progress] {
         for (const QList<QVariant> &args : progress)

@@ -57,7 +57,7 @@ private slots:
                  QStringLiteral("Jetzt neu starten"));
         QCOMPARE(QCoreApplication::translate("hub::Sidebar", "Collapse"), QStringLiteral("Einklappen"));
         // The controller's refusals reach the window as they are made, so they are translated too.
-        QCOMPARE(tavrix::DeviceRoleSet::disconnectedMessage(tavrix::DeviceRole::WheelBase),
+        QCOMPARE(tavrix::deviceDisconnectedMessage(tavrix::DeviceRole::WheelBase),
                  QStringLiteral("Lenkrad getrennt"));
         QCOMPARE(tavrix::DriveControls::pedalsHeldMessage(1.0f, 0.0f, 0.05f),
                  QStringLiteral("Lass das Gaspedal los, bevor du die Übertragung startest."));

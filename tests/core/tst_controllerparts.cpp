@@ -428,10 +428,15 @@ void TestControllerParts::followerStoresLedPower()
     QVERIFY(follower.setLedPower(false));
     QVERIFY(!follower.setLedPower(false));
     QVERIFY(!follower.settings().led.powerOn);
-    QVERIFY(!profiles.setting(QStringLiteral("ledSettings"))
-                 .toObject()
-                 .value(QStringLiteral("powerOn"))
-                 .toBool(true));
+    // Written from the event loop, not from the caller's turn (the transmit tick).
+    const auto stored = [&profiles] {
+        return profiles.setting(QStringLiteral("ledSettings"))
+            .toObject()
+            .value(QStringLiteral("powerOn"))
+            .toBool(true);
+    };
+    QVERIFY(stored());
+    QTRY_VERIFY(!stored());
     // The store's echo of the write is not reported as a change of the LED settings.
     for (const QList<QVariant> &args : reloaded)
         QVERIFY(!args.at(0).toBool());

@@ -216,7 +216,7 @@ void TestTavrixController::unpluggedWheelStopsOnce()
     const quint32 framesAtStop = rig.controller->frameCount();
     // Let the idle polls see the lost wheel a good number of times (each poll of the
     // pedals, still there, marks one round).
-    QSignalSpy idlePolls(rig.controller->device(DeviceRole::Pedals), &InputDevice::stateChanged);
+    QSignalSpy idlePolls(rig.controller->devices()->device(DeviceRole::Pedals), &InputDevice::stateChanged);
     while (idlePolls.size() < 10)
         QVERIFY(idlePolls.wait(2000));
     QVERIFY(rig.flushToBridge());
@@ -229,7 +229,7 @@ void TestTavrixController::unpluggedWheelStopsOnce()
     QCOMPARE(rig.sim.channelFrameCount(), quint64(framesAtStop) + 1);
     QCOMPARE(wheel.size(), 1);
     QCOMPARE(wheel.first().at(0).toBool(), false);
-    QVERIFY(!rig.controller->isDeviceConnected(DeviceRole::WheelBase));
+    QVERIFY(!rig.controller->devices()->isConnected(DeviceRole::WheelBase));
 }
 
 void TestTavrixController::throttleSpikeSendsOneZeroedFrameAndStops()
@@ -279,7 +279,7 @@ void TestTavrixController::ledPowerButtonFlipsChannel12()
 
     // Holding the button is one press; releasing and pressing again is the next.
     rig.backend.setButton(rig.firstDevice, 5, false);
-    QTRY_VERIFY(!rig.controller->device(DeviceRole::WheelBase)->button(5));
+    QTRY_VERIFY(!rig.controller->devices()->device(DeviceRole::WheelBase)->button(5));
     QCOMPARE(ledChanged.size(), 1);
     rig.backend.setButton(rig.firstDevice, 5, true);
     QTRY_COMPARE(rig.sim.lastChannels()[kCh12], 2047);
@@ -295,7 +295,7 @@ void TestTavrixController::bridgeDropReconnectsWhileIdle()
 
     rig.sim.hangUp();
     QTRY_VERIFY(!rig.controller->isSerialConnected());
-    QVERIFY(rig.controller->isReconnecting());
+    QVERIFY(rig.controller->transmitterLink()->isReconnecting());
     QVERIFY(rig.sim.plugIn());
     QTRY_VERIFY(rig.controller->isSerialConnected());
     QCOMPARE(rig.controller->serialPortName(), rig.linkPath());
@@ -322,15 +322,15 @@ void TestTavrixController::telemetryReachesTheController()
     QTRY_VERIFY(!stats.isEmpty());
     QTRY_VERIFY(!motion.isEmpty());
     QTRY_VERIFY(!gps.isEmpty());
-    QVERIFY(c.isCarLinked());
+    QVERIFY(c.telemetry()->isCarLinked());
     QCOMPARE(link.first().at(0).toBool(), true);
     QCOMPARE(ffbStates(ffb), QList<ReceiverFfbState>(
                                  {ReceiverFfbState::WaitingForMotion, ReceiverFfbState::ReceivingMotion}));
-    QCOMPARE(c.receiverFfbState(), ReceiverFfbState::ReceivingMotion);
-    QVERIFY(c.gpsFix().satellites > 0);
+    QCOMPARE(c.telemetry()->receiverFfbState(), ReceiverFfbState::ReceivingMotion);
+    QVERIFY(c.telemetry()->gpsFix().satellites > 0);
 
     QStringList keys;
-    for (const TelemetrySensor &sensor : c.telemetrySensors()) {
+    for (const TelemetrySensor &sensor : c.telemetry()->catalogue()) {
         keys.append(sensor.key);
         QVERIFY(sensor.updatedMs > 0);
     }
@@ -339,9 +339,9 @@ void TestTavrixController::telemetryReachesTheController()
 
     // Stopped, the car falls silent: unlinked after the timeout, its sensors go stale.
     c.stopTransmission();
-    QCOMPARE(c.receiverFfbState(), ReceiverFfbState::ReceivingMotion); // "receiving" stays
+    QCOMPARE(c.telemetry()->receiverFfbState(), ReceiverFfbState::ReceivingMotion); // "receiving" stays
     QTRY_COMPARE(link.last().at(0).toBool(), false);
-    QTRY_COMPARE(c.staleSensorCount(), int(c.telemetrySensors().size()));
+    QTRY_COMPARE(c.telemetry()->staleSensorCount(), int(c.telemetry()->catalogue().size()));
     QVERIFY(!dashboard.isEmpty());
 }
 
@@ -354,17 +354,17 @@ void TestTavrixController::motionWaitEndsInNoMotionData()
     QSignalSpy ffb(rig.controller.get(), &TavrixController::receiverFfbStateChanged);
 
     QVERIFY(rig.controller->startTransmission());
-    QTRY_COMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::NoMotionData);
+    QTRY_COMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::NoMotionData);
     QCOMPARE(ffbStates(ffb),
              QList<ReceiverFfbState>({ReceiverFfbState::WaitingForMotion, ReceiverFfbState::NoMotionData}));
 
     // Stopping leaves "no motion data"; the next start waits again.
     rig.controller->stopTransmission();
-    QCOMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::NoMotionData);
+    QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::NoMotionData);
     QVERIFY(rig.controller->startTransmission());
-    QCOMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::WaitingForMotion);
+    QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::WaitingForMotion);
     rig.controller->stopTransmission();
-    QCOMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::Idle);
+    QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::Idle);
 }
 
 void TestTavrixController::wrappedMotionRecord_data()
@@ -399,14 +399,14 @@ void TestTavrixController::wrappedMotionRecord()
     QCOMPARE(frames.first().at(0).value<uint8_t>(), uint8_t(0x50));
     if (!isMotion) {
         QVERIFY(motion.isEmpty());
-        QCOMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::Idle);
+        QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::Idle);
         return;
     }
     QCOMPARE(motion.size(), 1);
     QCOMPARE(motion.first().at(0).toFloat(), 0.5f);
     QCOMPARE(motion.first().at(1).toFloat(), -0.2f);
     QCOMPARE(motion.first().at(2).toFloat(), 1.0f);
-    QCOMPARE(rig.controller->receiverFfbState(), ReceiverFfbState::ReceivingMotion);
+    QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::ReceivingMotion);
 }
 
 void TestTavrixController::helicopterStartsAndRefusesArmingAboveIdle()
@@ -433,7 +433,7 @@ void TestTavrixController::helicopterStartsAndRefusesArmingAboveIdle()
     QVERIFY(armed.isEmpty());
 
     rig.backend.setAxis(rig.secondDevice, kCollectiveSlot, rawForDeviceValue(-0.9));
-    QTRY_VERIFY(c.device(DeviceRole::HeliThrottle)->axis(kCollectiveSlot) < -0.85f);
+    QTRY_VERIFY(c.devices()->device(DeviceRole::HeliThrottle)->axis(kCollectiveSlot) < -0.85f);
     c.setHeliArmed(true);
     QVERIFY(c.isHeliArmed());
     QCOMPARE(armed.size(), 1);
@@ -469,7 +469,7 @@ void TestTavrixController::profileSwitchWaitsForStop()
     QVERIFY(rig.controller->isHelicopter());
     QCOMPARE(changed.size(), 1);
     QCOMPARE(changed.first().at(0).toString(), heli);
-    QVERIFY(!rig.controller->isDeviceConnected(DeviceRole::WheelBase));
+    QVERIFY(!rig.controller->devices()->isConnected(DeviceRole::WheelBase));
 }
 
 QTEST_MAIN(TestTavrixController)

@@ -19,7 +19,7 @@ HeliPage::HeliPage(QWidget *parent)
     m_controls = new DevicePickerCard(tr("Controls"),
                                       {{QStringLiteral("joystick"), tr("Joystick")},
                                        {QStringLiteral("throttle"), tr("Throttle")},
-                                       {QStringLiteral("pedals"), tr("Pedals")}},
+                                       {QStringLiteral("rudder"), tr("Pedals")}},
                                       this);
     m_controls->setSubtitle(tr("Game controllers for each role"));
     addToLeftColumn(m_controls);
