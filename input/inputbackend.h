@@ -64,6 +64,14 @@ struct DeviceListEntry
     uint32_t buttonCount = 0;
     uint32_t povCount = 0;
     bool hasForceFeedback = false;
+    // Which axis slots the device reports, bit n for slot n. A slot it lacks never moves, so
+    // whoever assigns it must treat it as unassigned. A backend that cannot tell sets them all.
+    uint8_t axisSlots = 0xFF;
+
+    [[nodiscard]] bool hasAxisSlot(int slot) const
+    {
+        return slot >= 0 && slot < AxisSlotCount && ((axisSlots >> slot) & 1u) != 0;
+    }
 };
 
 // A device the backend could see but not use, with a message a person can act on

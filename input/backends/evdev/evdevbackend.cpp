@@ -28,6 +28,7 @@ DeviceListEntry entryFor(const evdev::SysfsInputDevice &device)
     entry.instanceGuid = evdev::instanceGuid(device.identity);
     entry.productGuid = evdev::productGuid(device.identity.vendor, device.identity.product);
     entry.axisCount = layout.axisCount;
+    entry.axisSlots = layout.axisSlotMask();
     entry.buttonCount = static_cast<uint32_t>(layout.buttonCodes.size());
     entry.povCount = static_cast<uint32_t>(
         std::count_if(layout.povHat.begin(), layout.povHat.end(), [](int h) { return h >= 0; }));

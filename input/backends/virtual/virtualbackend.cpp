@@ -103,6 +103,8 @@ int VirtualBackend::addDevice(const VirtualDeviceSpec &spec)
         guidFor(QStringLiteral("virtual-instance:%1:%2").arg(spec.name).arg(m_records.size()));
     rec->info.productGuid = guidFor(QStringLiteral("virtual-product:%1").arg(product));
     rec->info.axisCount = quint32(std::clamp(spec.axes, 0, int(AxisSlotCount)));
+    // A virtual device of n axes has the first n slots.
+    rec->info.axisSlots = quint8((1u << rec->info.axisCount) - 1u);
     rec->info.buttonCount = quint32(std::clamp(spec.buttons, 0, kRawButtonCount));
     rec->info.povCount = quint32(std::clamp(spec.povs, 0, kRawPovCount));
     rec->info.hasForceFeedback = spec.ffb;
