@@ -561,6 +561,14 @@ void TavrixController::onDeviceLost(DeviceRole role)
         m_running && (role == (isHelicopter() ? DeviceRole::HeliJoystick : DeviceRole::WheelBase));
     if (!tickReports)
         emit errorOccurred(DeviceRoleSet::disconnectedMessage(role));
+    // Without its lever the collective reads bottom and the idle rule cannot be judged; a
+    // lever plugged back in could stand anywhere. So the motor disarms and is armed again
+    // by hand, with the lever down.
+    if (role == DeviceRole::HeliThrottle && m_helicopter->disarm()) {
+        qWarning().noquote() << QStringLiteral("TavrixController: throttle device \"%1\" lost: disarmed")
+                                    .arg(m_devices->device(role)->deviceName());
+        emit heliArmedChanged(false);
+    }
 }
 
 // --- link ---
@@ -630,6 +638,8 @@ void TavrixController::applySettings(bool ledChanged)
         emit reverseModeChanged(false);
     const int rateMode = m_helicopter->settings().dualRates.activeMode;
     m_helicopter->setSettings(settings.helicopter);
+    m_devices->setCentredAxes(DeviceRole::HeliJoystick, settings.helicopter.joystickCentredSlots());
+    m_devices->setCentredAxes(DeviceRole::HeliPedals, settings.helicopter.pedalsCentredSlots());
     if (settings.helicopter.dualRates.activeMode != rateMode)
         emit heliRateModeChanged(settings.helicopter.dualRates.activeMode);
     m_telemetry->setReceiverGeneration(settings.receiverGeneration);
