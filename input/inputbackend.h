@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -125,6 +126,17 @@ public:
     virtual Enumeration enumerate() = 0;
     // Opens the entry at that position of a fresh enumeration; nullptr when out of range or refused.
     virtual std::unique_ptr<BackendDevice> open(int index, std::string *error = nullptr) = 0;
+
+    // Hot-plug news, for backends that have any. Nothing here enumerates: whoever is told
+    // reads the list again. A backend that watches the system gives a descriptor that turns
+    // readable when controllers may have come or gone (-1 when it cannot watch) and
+    // takeChanges() to consume that without blocking; true when any of it was about game
+    // controllers.
+    virtual int changeDescriptor() const { return -1; }
+    virtual bool takeChanges() { return false; }
+    // A backend whose devices come and go through its own calls (virtual devices) calls the
+    // listener after each such change, on the caller's thread. An empty listener stops that.
+    virtual void setChangeListener(std::function<void()> /*listener*/) {}
 };
 
 } // namespace tavrix

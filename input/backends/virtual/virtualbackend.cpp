@@ -109,6 +109,8 @@ int VirtualBackend::addDevice(const VirtualDeviceSpec &spec)
     rec->info.povCount = quint32(std::clamp(spec.povs, 0, kRawPovCount));
     rec->info.hasForceFeedback = spec.ffb;
     m_records.push_back(std::move(rec));
+    if (m_changeListener)
+        m_changeListener();
     return int(m_records.size()) - 1;
 }
 
@@ -119,8 +121,17 @@ VirtualBackend::Record *VirtualBackend::record(int id) const
 
 void VirtualBackend::removeDevice(int id)
 {
-    if (Record *r = record(id))
-        r->present = false;
+    Record *r = record(id);
+    if (!r || !r->present)
+        return;
+    r->present = false;
+    if (m_changeListener)
+        m_changeListener();
+}
+
+void VirtualBackend::setChangeListener(std::function<void()> listener)
+{
+    m_changeListener = std::move(listener);
 }
 
 void VirtualBackend::setLost(int id, bool lost)
