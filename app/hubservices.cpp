@@ -16,9 +16,10 @@ HubServices::HubServices(Options options, QObject *parent)
     , m_inputBackend(std::move(options.inputBackend))
 {
     if (!m_inputBackend) {
-        m_inputBackend = options.inputSelection.isEmpty()
-                             ? createInputBackend(&m_inputProblem)
-                             : createInputBackend(options.inputSelection, &m_inputProblem);
+        m_inputBackend =
+            options.inputSelection.isEmpty()
+                ? createInputBackend(&m_inputProblem, options.nativeWindow)
+                : createInputBackend(options.inputSelection, &m_inputProblem, options.nativeWindow);
         if (!m_inputProblem.isEmpty())
             qWarning().noquote() << "hub: game controllers:" << m_inputProblem;
     }

@@ -30,6 +30,9 @@ public:
         QString inputSelection;
         // An already made backend (the demo's virtual rig, tests); wins over inputSelection.
         std::unique_ptr<InputBackend> inputBackend;
+        // The main window's native handle, 0 without a window. DirectInput ties the devices it
+        // opens (the saved ones at once) to it, so the window must exist before the services.
+        quintptr nativeWindow = 0;
         // Where the transmitter may be found (the system's serial ports when null).
         std::shared_ptr<const SerialPortDirectory> ports;
         // Profile storage; empty means the user's application data directory.

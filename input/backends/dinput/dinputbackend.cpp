@@ -572,4 +572,10 @@ std::unique_ptr<BackendDevice> DInputBackend::open(int index, std::string *error
     return std::make_unique<DInputDevice>(device, std::move(info), exclusive);
 }
 
+std::unique_ptr<InputBackend> createDirectInputBackend(void *nativeWindow)
+{
+    DInputBackend::setCooperativeWindow(nativeWindow);
+    return std::make_unique<DInputBackend>();
+}
+
 } // namespace tavrix
