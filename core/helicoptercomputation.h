@@ -77,8 +77,8 @@ public:
               ChannelValues &channels);
 
     // Arming rule: arming is refused (Refused; show armRefusedMessage()) while armAtIdle
-    // is set, the throttle device is connected, the collective axis is assigned and
-    // its calibrated value is above 10%. Changed means: emit heliArmedChanged(armed).
+    // is set, the throttle device is connected, the collective axis is assigned (and the
+    // device has it) and its calibrated value is above 10%. Changed means: emit heliArmedChanged(armed).
     ArmChange requestArmed(bool armed, const HelicopterInputs &inputs);
     // Disarms; true when it was armed (emit heliArmedChanged(false)).
     bool disarm();
