@@ -1,7 +1,9 @@
 #include "hubservices.h"
 
+#include "devicechangenotifier.h"
 #include "inputbackend.h"
 #include "inputbackendfactory.h"
+#include "lostdevicereopener.h"
 #include "profilemanager.h"
 #include "tavrixcontroller.h"
 
@@ -14,9 +16,10 @@ HubServices::HubServices(Options options, QObject *parent)
     , m_inputBackend(std::move(options.inputBackend))
 {
     if (!m_inputBackend) {
-        m_inputBackend = options.inputSelection.isEmpty()
-                             ? createInputBackend(&m_inputProblem)
-                             : createInputBackend(options.inputSelection, &m_inputProblem);
+        m_inputBackend =
+            options.inputSelection.isEmpty()
+                ? createInputBackend(&m_inputProblem, options.nativeWindow)
+                : createInputBackend(options.inputSelection, &m_inputProblem, options.nativeWindow);
         if (!m_inputProblem.isEmpty())
             qWarning().noquote() << "hub: game controllers:" << m_inputProblem;
     }
@@ -27,12 +30,20 @@ HubServices::HubServices(Options options, QObject *parent)
 
     m_controller = new TavrixController(m_inputBackend.get(), m_profiles, std::move(options.ports),
                                         options.timings, this);
+    m_deviceChanges = new DeviceChangeNotifier(m_inputBackend.get(), this);
+    m_reopener = new LostDeviceReopener(m_controller, this);
+    connect(m_deviceChanges, &DeviceChangeNotifier::devicesChanged, m_reopener, &LostDeviceReopener::reopen);
 }
 
 HubServices::~HubServices()
 {
     // The controller stops transmission ("STOP\n") and releases the devices before the
-    // profile store writes its files and the backend goes away.
+    // profile store writes its files and the backend goes away; the backend's listeners
+    // go first.
+    delete m_reopener;
+    m_reopener = nullptr;
+    delete m_deviceChanges;
+    m_deviceChanges = nullptr;
     delete m_controller;
     m_controller = nullptr;
     delete m_profiles;

@@ -10,14 +10,16 @@
 
 namespace tavrix {
 
+class DeviceChangeNotifier;
+class LostDeviceReopener;
 class ProfileManager;
 class SerialPortDirectory;
 class TavrixController;
 
 // Owns the hub's long-lived services for one run: the profile store, the game-controller
-// backend and the transmission controller (later also the remote server and the motion
-// services). The main window and the headless runner both present one HubServices; neither
-// owns a service directly, so the two modes run exactly the same code.
+// backend with its hot-plug news, the transmission controller and the reopening of lost
+// controllers (later also the remote server and the motion services). The main window and the headless runner
+// both present one HubServices; neither owns a service directly, so the two modes run exactly the same code.
 class HubServices : public QObject
 {
     Q_OBJECT
@@ -28,6 +30,9 @@ public:
         QString inputSelection;
         // An already made backend (the demo's virtual rig, tests); wins over inputSelection.
         std::unique_ptr<InputBackend> inputBackend;
+        // The main window's native handle, 0 without a window. DirectInput ties the devices it
+        // opens (the saved ones at once) to it, so the window must exist before the services.
+        quintptr nativeWindow = 0;
         // Where the transmitter may be found (the system's serial ports when null).
         std::shared_ptr<const SerialPortDirectory> ports;
         // Profile storage; empty means the user's application data directory.
@@ -41,6 +46,8 @@ public:
     [[nodiscard]] TavrixController *controller() const { return m_controller; }
     [[nodiscard]] ProfileManager *profiles() const { return m_profiles; }
     [[nodiscard]] InputBackend *inputBackend() const { return m_inputBackend.get(); }
+    // Says when game controllers may have come or gone.
+    [[nodiscard]] DeviceChangeNotifier *deviceChanges() const { return m_deviceChanges; }
     // Why the requested input source could not be used (empty when it could).
     [[nodiscard]] QString inputProblem() const { return m_inputProblem; }
 
@@ -50,6 +57,8 @@ private:
     QString m_inputProblem;
     ProfileManager *m_profiles = nullptr;
     TavrixController *m_controller = nullptr;
+    DeviceChangeNotifier *m_deviceChanges = nullptr;
+    LostDeviceReopener *m_reopener = nullptr;
 };
 
 } // namespace tavrix

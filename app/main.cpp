@@ -20,6 +20,7 @@
 
 #include <csignal>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -58,14 +59,19 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
                 return 1;
             }
         }
-        tavrix::HubServices services(std::move(serviceOptions));
+        // The window comes first: its native handle goes to the game-controller backend
+        // (DirectInput ties devices to it). The services, made next, still outlive it.
+        std::optional<tavrix::HubServices> services;
+        MainWindow window(theme, *tavrix::LogRouter::instance());
+        serviceOptions.nativeWindow = quintptr(window.winId());
+        services.emplace(std::move(serviceOptions));
         std::unique_ptr<tavrix::SessionStarter> demoStarter;
         if (demo) {
-            demoStarter = std::make_unique<tavrix::SessionStarter>(services.controller(), demo->plan());
+            demoStarter = std::make_unique<tavrix::SessionStarter>(services->controller(), demo->plan());
             demoStarter->begin();
         }
 
-        MainWindow window(services, theme, *tavrix::LogRouter::instance());
+        window.present(*services);
         window.show();
 
         if (const auto snapshotOptions = tavrix::ScreenshotMode::fromEnvironment()) {

@@ -25,8 +25,13 @@
 using namespace tavrix;
 
 MainWindow::MainWindow(HubServices &services, const QString &activeTheme, LogRouter &log, QWidget *parent)
+    : MainWindow(activeTheme, log, parent)
+{
+    present(services);
+}
+
+MainWindow::MainWindow(const QString &activeTheme, LogRouter &log, QWidget *parent)
     : QMainWindow(parent)
-    , m_services(services)
     , m_log(&log)
 {
     setWindowTitle(tr("OrvaneLabs HUB"));
@@ -54,11 +59,8 @@ MainWindow::MainWindow(HubServices &services, const QString &activeTheme, LogRou
     m_toast = new hub::Toast(root);
 
     createPages();
-    bindPages();
 
     m_themeSwitcher = new ThemeSwitcher(activeTheme, this);
-    TavrixController *controller = services.controller();
-    m_themeSwitcher->setTransmissionProbe([controller] { return controller->isRunning(); });
     const bool dark = m_themeSwitcher->activeTheme() == hub::ShellSettings::darkTheme();
     m_sidebar->setThemeButton(dark ? hub::Glyph::Sun : hub::Glyph::Moon,
                               dark ? tr("Light mode") : tr("Dark mode"));
@@ -132,9 +134,18 @@ QWidget *MainWindow::page(const QString &key) const
     return m_pages->page(key);
 }
 
+void MainWindow::present(HubServices &services)
+{
+    Q_ASSERT(!m_services);
+    m_services = &services;
+    bindPages();
+    TavrixController *controller = services.controller();
+    m_themeSwitcher->setTransmissionProbe([controller] { return controller->isRunning(); });
+}
+
 void MainWindow::bindPages()
 {
-    TavrixController *controller = m_services.controller();
+    TavrixController *controller = m_services->controller();
     new DashboardBinder(m_dashboard, controller, this);
     new CarPageBinder(m_car, controller, this);
     new HeliPageBinder(m_heli, controller, this);

@@ -32,8 +32,14 @@ class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
+    // The window and its pages without services, for a start-up that must hand the window's
+    // native handle to the services it then makes; present() ties the pages to them.
+    MainWindow(const QString &activeTheme, tavrix::LogRouter &log, QWidget *parent = nullptr);
     MainWindow(tavrix::HubServices &services, const QString &activeTheme, tavrix::LogRouter &log,
                QWidget *parent = nullptr);
+
+    // Once only.
+    void present(tavrix::HubServices &services);
 
     // "dashboard", "vehicles", "rc-car", "rc-heli", "motion-chooser", "motion-panel", "info".
     QStringList pageKeys() const;
@@ -60,7 +66,7 @@ private:
     // Refusals and faults the vehicle pages do not show because neither is in front.
     void showErrorElsewhere(const QString &error);
 
-    tavrix::HubServices &m_services;
+    tavrix::HubServices *m_services = nullptr;
     tavrix::LogRouter *m_log;
     hub::Sidebar *m_sidebar = nullptr;
     hub::PageStack *m_pages = nullptr;

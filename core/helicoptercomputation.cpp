@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace tavrix {
 
@@ -12,16 +13,20 @@ namespace {
 
 constexpr int kAxisSlots = 8;
 
-float readAxis(const AxisSource *device, int32_t slot)
-{
-    if (!device || !device->isConnected() || slot < 0 || slot >= kAxisSlots)
-        return 0.0f;
-    return device->axis(slot);
-}
-
 bool isAssigned(int32_t slot)
 {
     return slot >= 0 && slot < kAxisSlots;
+}
+
+// The raw value of an assigned slot of a connected device that has it; nothing otherwise.
+// An unassigned slot, a slot the device lacks and a device that is gone all leave their
+// control at rest, after calibration: a captured centre or minimum that is off the raw
+// 0 must not turn "nothing there" into a deflection or half collective.
+std::optional<float> readAxis(const AxisSource *device, int32_t slot)
+{
+    if (!device || !device->isConnected() || !isAssigned(slot) || !device->hasAxis(slot))
+        return std::nullopt;
+    return device->axis(slot);
 }
 
 void writeChannel(ChannelValues &channels, int32_t index, int32_t value)
@@ -30,9 +35,10 @@ void writeChannel(ChannelValues &channels, int32_t index, int32_t value)
         channels[index] = std::clamp(value, 0, 2047);
 }
 
-float calibratedBipolar(const AxisCalibration &calibration, float raw)
+// Centred when the axis is not there.
+float calibratedBipolar(const AxisCalibration &calibration, std::optional<float> raw)
 {
-    return std::clamp(calibration.bipolar(raw), -1.0f, 1.0f);
+    return raw ? std::clamp(calibration.bipolar(*raw), -1.0f, 1.0f) : 0.0f;
 }
 
 } // namespace
@@ -72,8 +78,12 @@ void HelicopterComputation::tick(const HelicopterInputs &inputs, ButtonMappingEn
     float roll = calibratedBipolar(calibration.roll, readAxis(inputs.joystick, joystick.xAxis));
     float pitch = calibratedBipolar(calibration.pitch, readAxis(inputs.joystick, joystick.yAxis));
     float rudder = calibratedBipolar(calibration.rudder, rawRudder(inputs));
-    const float stick = calibratedCollectiveStick(inputs);
-    float collective = m_settings.pitchCurve.enabled ? m_settings.pitchCurve.apply(stick) : stick;
+    // Without a collective lever the collective and the motor sit at the bottom, whatever
+    // the curves would make of a lever there.
+    const std::optional<float> stick = collectiveStick(inputs);
+    float collective = 0.0f;
+    if (stick)
+        collective = m_settings.pitchCurve.enabled ? m_settings.pitchCurve.apply(*stick) : *stick;
 
     roll = screen(m_roll, roll);
     pitch = screen(m_pitch, pitch);
@@ -81,7 +91,7 @@ void HelicopterComputation::tick(const HelicopterInputs &inputs, ButtonMappingEn
     rudder = screen(m_rudder, rudder);
     const bool driveMotor = m_settings.throttleCurve.enabled;
     // The motor value is screened and ramped like the collective it is derived from.
-    float motor = driveMotor ? screen(m_motor, m_settings.throttleCurve.apply(stick)) : 0.0f;
+    float motor = driveMotor ? screen(m_motor, stick ? m_settings.throttleCurve.apply(*stick) : 0.0f) : 0.0f;
 
     const float ramp = softStartRamp();
     collective *= ramp;
@@ -131,8 +141,9 @@ HelicopterComputation::ArmChange HelicopterComputation::requestArmed(bool armed,
 {
     if (armed == m_armed)
         return ArmChange::Unchanged;
-    if (armed && m_settings.fly.armAtIdle && inputs.throttle && inputs.throttle->isConnected() &&
-        isAssigned(m_settings.inputs.throttle.axis) && calibratedCollectiveStick(inputs) > kArmIdleLimit)
+    // Only a lever that is there can be judged; without one the collective reads bottom.
+    const std::optional<float> stick = armed ? collectiveStick(inputs) : std::nullopt;
+    if (m_settings.fly.armAtIdle && stick && *stick > kArmIdleLimit)
         return ArmChange::Refused;
     m_armed = armed;
     return ArmChange::Changed;
@@ -179,19 +190,25 @@ float HelicopterComputation::screen(SpikeGuard &guard, float value)
     return value;
 }
 
-float HelicopterComputation::calibratedCollectiveStick(const HelicopterInputs &inputs) const
+std::optional<float> HelicopterComputation::collectiveStick(const HelicopterInputs &inputs) const
 {
-    return m_settings.calibration.throttle.oneSided(
-        readAxis(inputs.throttle, m_settings.inputs.throttle.axis));
+    const std::optional<float> raw = readAxis(inputs.throttle, m_settings.inputs.throttle.axis);
+    if (!raw)
+        return std::nullopt;
+    return m_settings.calibration.throttle.oneSided(*raw);
 }
 
-float HelicopterComputation::rawRudder(const HelicopterInputs &inputs) const
+std::optional<float> HelicopterComputation::rawRudder(const HelicopterInputs &inputs) const
 {
     const HelicopterSettings::Pedals &pedals = m_settings.inputs.pedals;
     if (pedals.differential && isAssigned(pedals.axis) && isAssigned(pedals.axis2)) {
+        const std::optional<float> leftRaw = readAxis(inputs.pedals, pedals.axis);
+        const std::optional<float> rightRaw = readAxis(inputs.pedals, pedals.axis2);
+        if (!leftRaw || !rightRaw)
+            return std::nullopt;
         // Each pedal rests at -1 (released) and reads +1 fully pressed.
-        const float left = (readAxis(inputs.pedals, pedals.axis) + 1.0f) / 2.0f;
-        const float right = (readAxis(inputs.pedals, pedals.axis2) + 1.0f) / 2.0f;
+        const float left = (*leftRaw + 1.0f) / 2.0f;
+        const float right = (*rightRaw + 1.0f) / 2.0f;
         return std::clamp(right - left, -1.0f, 1.0f);
     }
     return readAxis(inputs.pedals, pedals.axis);

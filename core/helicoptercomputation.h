@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 namespace tavrix {
 
@@ -15,8 +16,10 @@ class AxisSource;
 class ButtonSource;
 class ButtonMappingEngine;
 
-// The devices of one helicopter tick. A missing or disconnected device reads 0 on
-// every axis; without joystick buttons the button mappings are not applied.
+// The devices of one helicopter tick. A missing or disconnected device leaves its
+// controls at rest (stick and rudder centred, collective at the bottom), as does an
+// axis that is unassigned or that the device lacks; without joystick buttons the
+// button mappings are not applied.
 struct HelicopterInputs
 {
     const AxisSource *joystick = nullptr;
@@ -78,8 +81,8 @@ public:
     void writeNeutral(ChannelValues &channels) const;
 
     // Arming rule: arming is refused (Refused; show armRefusedMessage()) while armAtIdle
-    // is set, the throttle device is connected, the collective axis is assigned and
-    // its calibrated value is above 10%. Changed means: emit heliArmedChanged(armed).
+    // is set, the throttle device is connected, the collective axis is assigned (and the
+    // device has it) and its calibrated value is above 10%. Changed means: emit heliArmedChanged(armed).
     ArmChange requestArmed(bool armed, const HelicopterInputs &inputs);
     // Disarms; true when it was armed (emit heliArmedChanged(false)).
     bool disarm();
@@ -105,8 +108,10 @@ private:
         int heldTicks = 0;
     };
     static float screen(SpikeGuard &guard, float value);
-    [[nodiscard]] float calibratedCollectiveStick(const HelicopterInputs &inputs) const;
-    [[nodiscard]] float rawRudder(const HelicopterInputs &inputs) const;
+    // The calibrated collective lever (0..1); nothing when there is no lever to read.
+    [[nodiscard]] std::optional<float> collectiveStick(const HelicopterInputs &inputs) const;
+    // The rudder before calibration; nothing when a rudder axis is not there.
+    [[nodiscard]] std::optional<float> rawRudder(const HelicopterInputs &inputs) const;
     // Advances the soft start by one tick and returns the collective's factor.
     float softStartRamp();
 

@@ -30,4 +30,16 @@ int32_t HelicopterSettings::DualRates::activePercent() const
     }
 }
 
+QList<int> HelicopterSettings::joystickCentredSlots() const
+{
+    return {inputs.joystick.xAxis, inputs.joystick.yAxis};
+}
+
+QList<int> HelicopterSettings::pedalsCentredSlots() const
+{
+    if (inputs.pedals.differential)
+        return {};
+    return {inputs.pedals.axis};
+}
+
 } // namespace tavrix

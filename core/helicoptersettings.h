@@ -106,6 +106,14 @@ struct HelicopterSettings
     int32_t motorChannel = 5;
     // Used to show the helicopter's reported attitude; not part of the channel computation.
     Attitude attitude;
+
+    // The assigned slots of the joystick (roll, pitch) and of the rudder pedals (a single
+    // rudder axis) that rest at centre. They count as touched from the moment their device
+    // opens: an untouched axis reads -1 like a released pedal, which here would be full
+    // deflection until the stick first moved. Differential pedals do rest released and are
+    // left out; so is the collective lever, which reads bottom until it moves.
+    [[nodiscard]] QList<int> joystickCentredSlots() const;
+    [[nodiscard]] QList<int> pedalsCentredSlots() const;
 };
 
 } // namespace tavrix

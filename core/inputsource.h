@@ -15,12 +15,14 @@ public:
 };
 
 // What the helicopter computation asks of a game controller's axes: whether the
-// device is there, and the normalised value (-1..+1) of one axis slot 0..7.
+// device is there, whether it has an axis slot 0..7 at all, and the normalised value
+// (-1..+1) of one.
 class AxisSource
 {
 public:
     virtual ~AxisSource() = default;
     [[nodiscard]] virtual bool isConnected() const = 0;
+    [[nodiscard]] virtual bool hasAxis(int /*slot*/) const { return true; }
     [[nodiscard]] virtual float axis(int slot) const = 0;
 };
 

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -64,6 +65,14 @@ struct DeviceListEntry
     uint32_t buttonCount = 0;
     uint32_t povCount = 0;
     bool hasForceFeedback = false;
+    // Which axis slots the device reports, bit n for slot n. A slot it lacks never moves, so
+    // whoever assigns it must treat it as unassigned. A backend that cannot tell sets them all.
+    uint8_t axisSlots = 0xFF;
+
+    [[nodiscard]] bool hasAxisSlot(int slot) const
+    {
+        return slot >= 0 && slot < AxisSlotCount && ((axisSlots >> slot) & 1u) != 0;
+    }
 };
 
 // A device the backend could see but not use, with a message a person can act on
@@ -117,6 +126,17 @@ public:
     virtual Enumeration enumerate() = 0;
     // Opens the entry at that position of a fresh enumeration; nullptr when out of range or refused.
     virtual std::unique_ptr<BackendDevice> open(int index, std::string *error = nullptr) = 0;
+
+    // Hot-plug news, for backends that have any. Nothing here enumerates: whoever is told
+    // reads the list again. A backend that watches the system gives a descriptor that turns
+    // readable when controllers may have come or gone (-1 when it cannot watch) and
+    // takeChanges() to consume that without blocking; true when any of it was about game
+    // controllers.
+    virtual int changeDescriptor() const { return -1; }
+    virtual bool takeChanges() { return false; }
+    // A backend whose devices come and go through its own calls (virtual devices) calls the
+    // listener after each such change, on the caller's thread. An empty listener stops that.
+    virtual void setChangeListener(std::function<void()> /*listener*/) {}
 };
 
 } // namespace tavrix

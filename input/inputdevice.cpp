@@ -179,6 +179,17 @@ bool InputDevice::isAxisActive(int slot) const
     return validSlot(slot) && m_tracks[slot].active;
 }
 
+bool InputDevice::hasAxis(int slot) const
+{
+    return isOpen() && validSlot(slot) && ((m_info.axisSlots >> slot) & 1u) != 0;
+}
+
+void InputDevice::activateAxis(int slot)
+{
+    if (validSlot(slot))
+        m_tracks[slot].active = true;
+}
+
 bool InputDevice::axisRestsAtCentre(int slot) const
 {
     return validSlot(slot) && m_tracks[slot].restsAtCentre;

@@ -71,6 +71,12 @@ public:
     // Normalised slot value in -1..+1; exactly -1.0 until the axis first moves beyond 0.1.
     float axis(int slot) const;
     bool isAxisActive(int slot) const;
+    // Whether the open device reports that slot at all.
+    bool hasAxis(int slot) const;
+    // Treats the slot as touched from now on: for an axis known to rest at centre (a stick, a
+    // single rudder axis), whose untouched -1 would read as full deflection. Survives close
+    // and open like any activation.
+    void activateAxis(int slot);
     bool axisRestsAtCentre(int slot) const;
     bool button(int n) const;
     // Whole degrees 0..359, or -1 when centred or outside 0..3.

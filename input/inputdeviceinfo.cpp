@@ -13,6 +13,7 @@ InputDeviceInfo InputDeviceInfo::fromEntry(const DeviceListEntry &entry)
     info.buttonCount = entry.buttonCount;
     info.povCount = entry.povCount;
     info.hasForceFeedback = entry.hasForceFeedback;
+    info.axisSlots = entry.axisSlots;
     return info;
 }
 

@@ -18,6 +18,7 @@ struct InputDeviceInfo
     quint32 buttonCount = 0;
     quint32 povCount = 0;
     bool hasForceFeedback = false;
+    quint8 axisSlots = 0xFF; // bit n: the device has axis slot n
 
     [[nodiscard]] static InputDeviceInfo fromEntry(const DeviceListEntry &entry);
     // "%1 (%2 axes, %3 btn)" with " [FFB]" for force-feedback devices.

@@ -78,6 +78,7 @@ bool DeviceRoleSet::open(DeviceRole role, int enumerationIndex)
         updateConnected(role);
         return false;
     }
+    activateCentredAxes(role);
     rememberInProfile(role);
     updateConnected(role);
     return true;
@@ -104,6 +105,19 @@ void DeviceRoleSet::closeAll()
 {
     for (int i = 0; i < kRoleCount; ++i)
         close(DeviceRole(i));
+}
+
+void DeviceRoleSet::setCentredAxes(DeviceRole role, const QList<int> &centredSlots)
+{
+    m_centredAxes[slot(role)] = centredSlots;
+    if (device(role)->isOpen())
+        activateCentredAxes(role);
+}
+
+void DeviceRoleSet::activateCentredAxes(DeviceRole role)
+{
+    for (int axis : std::as_const(m_centredAxes[slot(role)]))
+        device(role)->activateAxis(axis);
 }
 
 void DeviceRoleSet::pollAll()

@@ -48,6 +48,9 @@ public:
     bool openSaved(DeviceRole role);
     void close(DeviceRole role);
     void closeAll();
+    // Axis slots of the role's device that rest at centre: they read as touched from the
+    // moment a device opens in that role (and at once, when one is open).
+    void setCentredAxes(DeviceRole role, const QList<int> &centredSlots);
 
     // Polls every open device once.
     void pollAll();
@@ -62,11 +65,13 @@ private:
     [[nodiscard]] static int slot(DeviceRole role) { return int(role); }
     void rememberInProfile(DeviceRole role);
     void updateConnected(DeviceRole role);
+    void activateCentredAxes(DeviceRole role);
 
     InputBackend *m_backend;
     ProfileManager *m_profiles;
     std::array<InputDevice *, kRoleCount> m_devices{};
     std::array<bool, kRoleCount> m_connected{};
+    std::array<QList<int>, kRoleCount> m_centredAxes{};
 };
 
 } // namespace tavrix

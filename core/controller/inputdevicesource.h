@@ -22,6 +22,7 @@ public:
     {
         return m_device && m_device->isOpen() && m_device->isConnected();
     }
+    [[nodiscard]] bool hasAxis(int slot) const override { return isConnected() && m_device->hasAxis(slot); }
     [[nodiscard]] float axis(int slot) const override { return isConnected() ? m_device->axis(slot) : 0.0f; }
 
 private:

@@ -483,6 +483,14 @@ void TavrixController::onDeviceLost(DeviceRole role)
     const bool reportedElsewhere = (m_running || m_checkingStart) && missingDrivingDevice() == role;
     if (!reportedElsewhere)
         emit errorOccurred(deviceDisconnectedMessage(role));
+    // Without its lever the collective reads bottom and the idle rule cannot be judged; a
+    // lever plugged back in could stand anywhere. So the motor disarms and is armed again
+    // by hand, with the lever down.
+    if (role == DeviceRole::HeliThrottle && m_helicopter->computation().disarm()) {
+        qWarning().noquote() << QStringLiteral("TavrixController: throttle device \"%1\" lost: disarmed")
+                                    .arg(m_devices->device(role)->deviceName());
+        emit heliArmedChanged(false);
+    }
 }
 
 // --- link ---
@@ -573,6 +581,8 @@ void TavrixController::applySettings(bool ledChanged)
     HelicopterComputation &helicopter = m_helicopter->computation();
     const int rateMode = helicopter.settings().dualRates.activeMode;
     helicopter.setSettings(settings.helicopter);
+    m_devices->setCentredAxes(DeviceRole::HeliJoystick, settings.helicopter.joystickCentredSlots());
+    m_devices->setCentredAxes(DeviceRole::HeliPedals, settings.helicopter.pedalsCentredSlots());
     if (settings.helicopter.dualRates.activeMode != rateMode)
         emit heliRateModeChanged(settings.helicopter.dualRates.activeMode);
     m_telemetry->setReceiverGeneration(settings.receiverGeneration);

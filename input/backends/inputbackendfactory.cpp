@@ -3,7 +3,9 @@
 #include "replayplayer.h"
 #include "virtualbackend.h"
 
-#ifdef ORVANE_HAVE_EVDEV
+#if defined(ORVANE_HAVE_DINPUT)
+#include "dinputbackend.h"
+#elif defined(ORVANE_HAVE_EVDEV)
 #include "evdevbackend.h"
 #endif
 
@@ -22,9 +24,11 @@ std::unique_ptr<InputBackend> emptyBackend(const QString &reason)
     return backend;
 }
 
-std::unique_ptr<InputBackend> platformBackend()
+std::unique_ptr<InputBackend> platformBackend([[maybe_unused]] quintptr nativeWindow)
 {
-#ifdef ORVANE_HAVE_EVDEV
+#if defined(ORVANE_HAVE_DINPUT)
+    return createDirectInputBackend(reinterpret_cast<void *>(nativeWindow));
+#elif defined(ORVANE_HAVE_EVDEV)
     return std::make_unique<EvdevBackend>();
 #else
     return emptyBackend(QStringLiteral("this build has no game-controller backend for this platform"));
@@ -33,11 +37,12 @@ std::unique_ptr<InputBackend> platformBackend()
 
 } // namespace
 
-std::unique_ptr<InputBackend> createInputBackend(const QString &selection, QString *error)
+std::unique_ptr<InputBackend> createInputBackend(const QString &selection, QString *error,
+                                                 quintptr nativeWindow)
 {
     const QString choice = selection.trimmed();
     if (choice.isEmpty())
-        return platformBackend();
+        return platformBackend(nativeWindow);
     if (choice.startsWith(kVirtualPrefix)) {
         const QString path = choice.mid(kVirtualPrefix.size());
         if (path.isEmpty()) {
@@ -62,9 +67,9 @@ std::unique_ptr<InputBackend> createInputBackend(const QString &selection, QStri
     return emptyBackend(message);
 }
 
-std::unique_ptr<InputBackend> createInputBackend(QString *error)
+std::unique_ptr<InputBackend> createInputBackend(QString *error, quintptr nativeWindow)
 {
-    return createInputBackend(qEnvironmentVariable(kInputSelectionVariable), error);
+    return createInputBackend(qEnvironmentVariable(kInputSelectionVariable), error, nativeWindow);
 }
 
 } // namespace tavrix

@@ -498,8 +498,8 @@
         <translation>Flug</translation>
     </message>
     <message>
-        <source>The motor runs only while armed</source>
-        <translation>Der Motor läuft nur im scharfen Zustand</translation>
+        <source>Rates and arming</source>
+        <translation>Raten und Scharfschalten</translation>
     </message>
     <message>
         <source>Live controls</source>
@@ -542,8 +542,8 @@
         <translation>Entschärft</translation>
     </message>
     <message>
-        <source>Lower the collective, then arm. Stopping transmission disarms.</source>
-        <translation>Senke das Kollektiv ab und schalte dann scharf. Stoppen der Übertragung entschärft.</translation>
+        <source>Lower the collective, then arm. Arming is sent only while the profile&apos;s arm switch is on, and it is off by default: the collective goes out armed or not. Stopping transmission disarms.</source>
+        <translation>Senke das Kollektiv ab und schalte dann scharf. Der scharfe Zustand wird nur gesendet, solange der Scharfschalter des Profils an ist, und er ist standardmäßig aus: das Kollektiv wird in jedem Fall gesendet. Stoppen der Übertragung entschärft.</translation>
     </message>
     <message>
         <source>Shown while transmission runs.</source>

@@ -498,7 +498,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The motor runs only while armed</source>
+        <source>Rates and arming</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -542,7 +542,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Lower the collective, then arm. Stopping transmission disarms.</source>
+        <source>Lower the collective, then arm. Arming is sent only while the profile&apos;s arm switch is on, and it is off by default: the collective goes out armed or not. Stopping transmission disarms.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

@@ -1,8 +1,10 @@
 #include "carpage.h"
 #include "choicetile.h"
+#include "devicechangenotifier.h"
 #include "devicepickercard.h"
 #include "hubrig.h"
 #include "infopage.h"
+#include "inputdevice.h"
 #include "logrouter.h"
 #include "mainwindow.h"
 #include "motionchooserpage.h"
@@ -212,6 +214,34 @@ private slots:
         // With reduced motion the sidebar jumps to its new width at once.
         window.sidebar()->setCollapsed(true);
         QCOMPARE(window.sidebar()->width(), hub::Sidebar::kCollapsedWidth);
+    }
+
+    // As in headless runs, a controller that went away is opened again by its saved identity
+    // when it is plugged back in, but only while idle, and that never starts transmission.
+    void lostControllersComeBackWhileIdleAndNothingRestarts()
+    {
+        using tavrix::DeviceRole;
+        tavrix::testing::HubRig rig;
+        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
+        QVERIFY(rig.startCarTransmission());
+        tavrix::TavrixController *c = rig.controller();
+        QCoreApplication::sendPostedEvents(); // the news of plugging them in
+        QSignalSpy changes(rig.services->deviceChanges(), &tavrix::DeviceChangeNotifier::devicesChanged);
+
+        // Pedals in use that go away stop transmission; plugged back in while idle, they are
+        // opened again, and nothing starts.
+        rig.backend->removeDevice(rig.secondDevice);
+        QTRY_VERIFY(!c->isRunning());
+        rig.backend->addDevice({QStringLiteral("Test Pedals"), QString(), 8, 8, 0, false});
+        QTRY_VERIFY(c->devices()->isConnected(DeviceRole::Pedals));
+
+        rig.backend->removeDevice(rig.firstDevice);
+        QTRY_VERIFY(!c->devices()->isConnected(DeviceRole::WheelBase));
+        rig.backend->addDevice({QStringLiteral("Test Wheel"), QString(), 8, 32, 1, true});
+        QTRY_VERIFY(c->devices()->isConnected(DeviceRole::WheelBase));
+        QCOMPARE(c->devices()->device(DeviceRole::WheelBase)->deviceName(), QStringLiteral("Test Wheel"));
+        QCOMPARE(changes.size(), 4);
+        QVERIFY(!c->isRunning());
     }
 
     void versionIsShown() { QCOMPARE(tavrix::InfoPage::version(), QStringLiteral("1.3.2")); }

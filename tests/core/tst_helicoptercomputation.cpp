@@ -276,24 +276,73 @@ private slots:
         QCOMPARE(channels[3], rudder);
     }
 
-    void missingDevicesAndAxesReadZero()
+    // A control with nothing behind it rests, after calibration: stick and rudder centred,
+    // the collective and the motor at the bottom, not what calibration and curves make of 0.
+    void absentControlsRest_data()
     {
+        QTest::addColumn<QString>("lost");        // "throttle", "pedals" or none
+        QTest::addColumn<QString>("missingSlot"); // the device lacks it: "collective", "pitch", "pedal2"
+        QTest::addColumn<int>("throttleAxis");
+        QTest::addColumn<int>("pitchAxis");
+        QTest::addColumn<bool>("differential");
+        QTest::addColumn<bool>("curves");
+        QTest::addColumn<int>("channel");
+        QTest::addColumn<int>("value");
+        const QString none;
+        const QString throttleDevice = QStringLiteral("throttle");
+        const QString pedalDevice = QStringLiteral("pedals");
+        QTest::newRow("lost throttle") << throttleDevice << none << 2 << 1 << false << false << 2 << 172;
+        QTest::newRow("lost throttle, curves on")
+            << throttleDevice << none << 2 << 1 << false << true << 2 << 172;
+        QTest::newRow("lost throttle, motor")
+            << throttleDevice << none << 2 << 1 << false << true << 5 << 172;
+        QTest::newRow("unassigned throttle") << none << none << -1 << 1 << false << false << 2 << 172;
+        QTest::newRow("lever lacks its slot")
+            << none << QStringLiteral("collective") << 2 << 1 << false << false << 2 << 172;
+        QTest::newRow("unassigned pitch") << none << none << 2 << -1 << false << false << 1 << 992;
+        QTest::newRow("stick lacks the pitch slot")
+            << none << QStringLiteral("pitch") << 2 << 1 << false << false << 1 << 992;
+        QTest::newRow("lost rudder axis") << pedalDevice << none << 2 << 1 << false << false << 3 << 992;
+        QTest::newRow("lost pedal pair") << pedalDevice << none << 2 << 1 << true << false << 3 << 992;
+        QTest::newRow("pedals lack the second slot")
+            << none << QStringLiteral("pedal2") << 2 << 1 << true << false << 3 << 992;
+    }
+    void absentControlsRest()
+    {
+        QFETCH(QString, lost);
+        QFETCH(QString, missingSlot);
+        QFETCH(int, throttleAxis);
+        QFETCH(int, pitchAxis);
+        QFETCH(bool, differential);
+        QFETCH(bool, curves);
+        QFETCH(int, channel);
+        QFETCH(int, value);
         HelicopterSettings s;
         s.dualRates.enabled = false;
-        s.inputs.joystick.yAxis = -1;
-        s.inputs.pedals.differential = true;
+        // Captured centres off the raw 0, so reading "nothing" as 0 would deflect.
+        s.calibration.pitch = {-1.0f, 0.2f, 1.0f};
+        s.calibration.rudder = {-1.0f, 0.2f, 1.0f};
+        s.inputs.throttle.axis = throttleAxis;
+        s.inputs.joystick.yAxis = pitchAxis;
+        s.inputs.pedals.differential = differential;
         s.inputs.pedals.axis2 = 4;
+        s.pitchCurve = {curves, {0.3, 1.0}};
+        s.throttleCurve = {curves, {0.3, 1.0}};
         HelicopterComputation heli(s);
-        joystick.setAxis(kPitchSlot, 0.5f);
-        pedals.setAxis(kRudderSlot, -1.0f);
-        pedals.setAxis(4, 0.0f);
-        pedals.setConnected(false);
-        throttle.setConnected(false);
-        tick(heli);
-        QCOMPARE(channels[1], 992); // unassigned pitch
-        QCOMPARE(channels[3], 992); // lost pedals: both read 0, so right - left is 0
-        // A lost throttle reads 0, which the default -1..+1 calibration puts at mid-travel.
-        QCOMPARE(channels[2], 992);
+        joystick.setAxis(kPitchSlot, 0.1f);
+        pedals.setAxis(kRudderSlot, 0.1f);
+        pedals.setAxis(4, 0.1f);
+        throttle.setAxis(kCollectiveSlot, 0.0f);
+        throttle.setConnected(lost != QLatin1String("throttle"));
+        pedals.setConnected(lost != QLatin1String("pedals"));
+        if (missingSlot == QLatin1String("collective"))
+            throttle.removeAxis(kCollectiveSlot);
+        if (missingSlot == QLatin1String("pitch"))
+            joystick.removeAxis(kPitchSlot);
+        if (missingSlot == QLatin1String("pedal2"))
+            pedals.removeAxis(4);
+        tick(heli, HelicopterComputation::kSpikeHoldTicks + 1); // past the spike protection
+        QCOMPARE(channels[channel], value);
     }
 
     void calibration()

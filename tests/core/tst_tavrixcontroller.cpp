@@ -2,6 +2,7 @@
 
 #include "crsfwire.h"
 #include "inputdevice.h"
+#include "logcapture.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -423,7 +424,9 @@ void TestTavrixController::helicopterStartsAndRefusesArmingAboveIdle()
     rig.backend.setAxis(rig.secondDevice, kCollectiveSlot, rawForDeviceValue(-0.7));
     QVERIFY(c.startTransmission());
     QTRY_VERIFY(rig.sim.channelFrameCount() > 5);
-    QTRY_COMPARE(rig.sim.lastChannels()[0], kNeutral);
+    // A centred stick reads centre on both axes before it ever moved.
+    QTRY_COMPARE(rig.sim.lastChannels()[kCh1], kNeutral);
+    QCOMPARE(rig.sim.lastChannels()[kCh2], kNeutral);
 
     c.setHeliArmed(true);
     QCOMPARE(errors.size(), 1);
@@ -438,8 +441,18 @@ void TestTavrixController::helicopterStartsAndRefusesArmingAboveIdle()
     QVERIFY(c.isHeliArmed());
     QCOMPARE(armed.size(), 1);
 
+    // A lost lever disarms, saying so in one line, and the collective goes to the bottom.
+    LogCapture log;
+    rig.backend.setLost(rig.secondDevice, true);
+    QTRY_COMPARE(armed.size(), 2);
+    QCOMPARE(armed.last().at(0).toBool(), false);
+    QTRY_COMPARE(rig.sim.lastChannels()[kCh3], 172);
+    QVERIFY(c.isRunning());
+    QCOMPARE(log.count(QStringLiteral("Test Throttle")), 1);
+
+    c.setHeliArmed(true);
     c.stopTransmission();
-    QCOMPARE(armed.size(), 2);
+    QCOMPARE(armed.size(), 4);
     QCOMPARE(armed.last().at(0).toBool(), false);
 
     // Without the joystick the helicopter does not start.

@@ -1,6 +1,8 @@
 // The hot-plug watch on the folder of event nodes: news for eventN nodes coming,
 // going and changing permissions, nothing for other nodes or when nothing happened.
 
+#include "devicechangenotifier.h"
+#include "evdevbackend.h"
 #include "evdevhotplugmonitor.h"
 
 #include <QtTest>
@@ -56,6 +58,18 @@ private slots:
         QFile mouse(dir.filePath(QStringLiteral("mouse1")));
         QVERIFY(mouse.open(QIODevice::WriteOnly));
         QVERIFY(!monitor.takeChanges());
+    }
+
+    // The backend's watch reaches the event loop as the hub's one change signal.
+    void backendNewsBecomesTheChangeSignal()
+    {
+        QTemporaryDir dir;
+        EvdevBackend backend({dir.path().toStdString(), dir.path().toStdString()});
+        DeviceChangeNotifier notifier(&backend);
+        QSignalSpy changed(&notifier, &DeviceChangeNotifier::devicesChanged);
+        QFile node(dir.filePath(QStringLiteral("event3")));
+        QVERIFY(node.open(QIODevice::WriteOnly));
+        QVERIFY(changed.wait(10000));
     }
 
     void isInvalidForAMissingFolder()

@@ -35,7 +35,7 @@ HeliPage::HeliPage(QWidget *parent)
 QWidget *HeliPage::buildFlightCard()
 {
     auto *card = new hub::Card(tr("Flight"), this);
-    card->setSubtitle(tr("The motor runs only while armed"));
+    card->setSubtitle(tr("Rates and arming"));
     m_armedPill = new hub::StatusPill(hub::Tone::Neutral, QString(), card);
     card->addHeaderWidget(m_armedPill);
     auto *row = new QHBoxLayout;
@@ -54,7 +54,10 @@ QWidget *HeliPage::buildFlightCard()
 
     auto *armRow = new QHBoxLayout;
     armRow->setSpacing(12);
-    auto *armHint = new QLabel(tr("Lower the collective, then arm. Stopping transmission disarms."), card);
+    auto *armHint = new QLabel(tr("Lower the collective, then arm. Arming is sent only while the profile's "
+                                  "arm switch is on, and it is off by default: the collective goes out armed "
+                                  "or not. Stopping transmission disarms."),
+                               card);
     armHint->setObjectName(QStringLiteral("mutedText"));
     armHint->setWordWrap(true);
     armRow->addWidget(armHint, 1);

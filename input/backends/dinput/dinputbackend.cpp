@@ -92,6 +92,22 @@ void readCapabilities(IDirectInputDevice8W *device, DeviceListEntry &entry)
     }
 }
 
+// The slots the device fills in the DIJOYSTATE2 format: those with an object at the
+// slot's offset, in the program's slot order.
+uint8_t presentAxisSlots(IDirectInputDevice8W *device)
+{
+    const DWORD offsets[AxisSlotCount] = {DIJOFS_X, DIJOFS_RX, DIJOFS_RY,        DIJOFS_RZ,
+                                          DIJOFS_Y, DIJOFS_Z,  DIJOFS_SLIDER(0), DIJOFS_SLIDER(1)};
+    uint8_t mask = 0;
+    for (int slot = 0; slot < AxisSlotCount; ++slot) {
+        DIDEVICEOBJECTINSTANCEW object{};
+        object.dwSize = sizeof(DIDEVICEOBJECTINSTANCEW);
+        if (SUCCEEDED(device->GetObjectInfo(&object, offsets[slot], DIPH_BYOFFSET)))
+            mask = static_cast<uint8_t>(mask | (1u << slot));
+    }
+    return mask;
+}
+
 struct EnumerationContext
 {
     IDirectInput8W *directInput;
@@ -524,6 +540,7 @@ std::unique_ptr<BackendDevice> DInputBackend::open(int index, std::string *error
     device->Acquire();
     DeviceListEntry info;
     readCapabilities(device, info);
+    info.axisSlots = presentAxisSlots(device);
 
     // 9. Force-feedback devices are taken exclusively when nobody else holds them.
     bool exclusive = false;
@@ -553,6 +570,12 @@ std::unique_ptr<BackendDevice> DInputBackend::open(int index, std::string *error
         info.productGuid = entry.productGuid;
     }
     return std::make_unique<DInputDevice>(device, std::move(info), exclusive);
+}
+
+std::unique_ptr<InputBackend> createDirectInputBackend(void *nativeWindow)
+{
+    DInputBackend::setCooperativeWindow(nativeWindow);
+    return std::make_unique<DInputBackend>();
 }
 
 } // namespace tavrix

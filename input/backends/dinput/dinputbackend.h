@@ -7,6 +7,8 @@
 
 #include "inputbackend.h"
 
+#include <memory>
+
 namespace tavrix {
 
 class DInputBackend final : public InputBackend
@@ -33,5 +35,9 @@ private:
     void *m_directInput = nullptr; // IDirectInput8W, created once and kept
     long m_lastResult = 0;
 };
+
+// The hub's backend on Windows, with the devices it opens tied to that window (the main
+// window's native handle; null leaves the console's or the desktop's).
+[[nodiscard]] std::unique_ptr<InputBackend> createDirectInputBackend(void *nativeWindow);
 
 } // namespace tavrix

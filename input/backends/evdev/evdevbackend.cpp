@@ -1,6 +1,7 @@
 #include "evdevbackend.h"
 
 #include "evdevdevice.h"
+#include "evdevhotplugmonitor.h"
 #include "evdevmapping.h"
 #include "evdevsysfs.h"
 
@@ -28,6 +29,7 @@ DeviceListEntry entryFor(const evdev::SysfsInputDevice &device)
     entry.instanceGuid = evdev::instanceGuid(device.identity);
     entry.productGuid = evdev::productGuid(device.identity.vendor, device.identity.product);
     entry.axisCount = layout.axisCount;
+    entry.axisSlots = layout.axisSlotMask();
     entry.buttonCount = static_cast<uint32_t>(layout.buttonCodes.size());
     entry.povCount = static_cast<uint32_t>(
         std::count_if(layout.povHat.begin(), layout.povHat.end(), [](int h) { return h >= 0; }));
@@ -56,11 +58,26 @@ void scan(const EvdevBackend::Paths &paths, std::vector<Candidate> &usable,
 
 } // namespace
 
-EvdevBackend::EvdevBackend() = default;
+EvdevBackend::EvdevBackend()
+    : EvdevBackend(Paths{})
+{}
 
 EvdevBackend::EvdevBackend(Paths paths)
     : m_paths(std::move(paths))
+    , m_hotplug(std::make_unique<EvdevHotplugMonitor>(m_paths.devInput))
 {}
+
+EvdevBackend::~EvdevBackend() = default;
+
+int EvdevBackend::changeDescriptor() const
+{
+    return m_hotplug->fd();
+}
+
+bool EvdevBackend::takeChanges()
+{
+    return m_hotplug->takeChanges();
+}
 
 std::string EvdevBackend::permissionProblem(const std::string &devicePath, const std::string &name)
 {

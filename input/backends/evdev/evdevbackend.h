@@ -6,9 +6,12 @@
 
 #include "inputbackend.h"
 
+#include <memory>
 #include <string>
 
 namespace tavrix {
+
+class EvdevHotplugMonitor;
 
 class EvdevBackend final : public InputBackend
 {
@@ -23,15 +26,20 @@ public:
 
     EvdevBackend();
     explicit EvdevBackend(Paths paths);
+    ~EvdevBackend() override;
 
     Enumeration enumerate() override;
     std::unique_ptr<BackendDevice> open(int index, std::string *error = nullptr) override;
+    // News from the folder of event nodes (see EvdevHotplugMonitor).
+    int changeDescriptor() const override;
+    bool takeChanges() override;
 
     // The message given for a controller whose node exists but may not be read.
     static std::string permissionProblem(const std::string &devicePath, const std::string &name);
 
 private:
     Paths m_paths;
+    std::unique_ptr<EvdevHotplugMonitor> m_hotplug;
 };
 
 } // namespace tavrix

@@ -98,6 +98,7 @@ std::unique_ptr<EvdevDevice> EvdevDevice::open(const std::string &devicePath, co
     // The counts come from the opened device, as DirectInput takes them from
     // GetCapabilities after acquiring.
     device->m_info.axisCount = device->m_layout.axisCount;
+    device->m_info.axisSlots = device->m_layout.axisSlotMask();
     device->m_info.buttonCount = static_cast<uint32_t>(device->m_layout.buttonCodes.size());
     device->m_info.povCount = static_cast<uint32_t>(std::count_if(
         device->m_layout.povHat.begin(), device->m_layout.povHat.end(), [](int h) { return h >= 0; }));

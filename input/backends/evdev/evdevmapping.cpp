@@ -121,6 +121,16 @@ const SlotOverride *findSlotOverride(const DeviceIdentity &identity)
     return nullptr;
 }
 
+uint8_t DeviceLayout::axisSlotMask() const
+{
+    uint8_t mask = 0;
+    for (int slot = 0; slot < AxisSlotCount; ++slot) {
+        if (slotCode[static_cast<size_t>(slot)] >= 0)
+            mask = static_cast<uint8_t>(mask | (1u << slot));
+    }
+    return mask;
+}
+
 DeviceLayout layoutDevice(const DeviceCapabilities &caps, const SlotOverride *override)
 {
     DeviceLayout layout;

@@ -72,6 +72,9 @@ struct DeviceLayout
     uint32_t axisCount = 0;                  // absolute axes other than hats
     bool hasForceFeedback = false;
 
+    // Bit n set when slot n is fed by an axis.
+    [[nodiscard]] uint8_t axisSlotMask() const;
+
     DeviceLayout()
     {
         slotCode.fill(-1);

@@ -103,10 +103,14 @@ int VirtualBackend::addDevice(const VirtualDeviceSpec &spec)
         guidFor(QStringLiteral("virtual-instance:%1:%2").arg(spec.name).arg(m_records.size()));
     rec->info.productGuid = guidFor(QStringLiteral("virtual-product:%1").arg(product));
     rec->info.axisCount = quint32(std::clamp(spec.axes, 0, int(AxisSlotCount)));
+    // A virtual device of n axes has the first n slots.
+    rec->info.axisSlots = quint8((1u << rec->info.axisCount) - 1u);
     rec->info.buttonCount = quint32(std::clamp(spec.buttons, 0, kRawButtonCount));
     rec->info.povCount = quint32(std::clamp(spec.povs, 0, kRawPovCount));
     rec->info.hasForceFeedback = spec.ffb;
     m_records.push_back(std::move(rec));
+    if (m_changeListener)
+        m_changeListener();
     return int(m_records.size()) - 1;
 }
 
@@ -117,8 +121,17 @@ VirtualBackend::Record *VirtualBackend::record(int id) const
 
 void VirtualBackend::removeDevice(int id)
 {
-    if (Record *r = record(id))
-        r->present = false;
+    Record *r = record(id);
+    if (!r || !r->present)
+        return;
+    r->present = false;
+    if (m_changeListener)
+        m_changeListener();
+}
+
+void VirtualBackend::setChangeListener(std::function<void()> listener)
+{
+    m_changeListener = std::move(listener);
 }
 
 void VirtualBackend::setLost(int id, bool lost)

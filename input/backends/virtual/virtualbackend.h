@@ -61,6 +61,8 @@ public:
 
     Enumeration enumerate() override;
     std::unique_ptr<BackendDevice> open(int index, std::string *error = nullptr) override;
+    // Told after addDevice and removeDevice, like a hot-plug.
+    void setChangeListener(std::function<void()> listener) override;
 
     struct Record; // shared with the open handles, so an unplugged device can still answer "lost"
 
@@ -69,6 +71,7 @@ private:
 
     std::vector<std::shared_ptr<Record>> m_records;
     std::vector<DeviceProblem> m_problems;
+    std::function<void()> m_changeListener;
 };
 
 } // namespace tavrix

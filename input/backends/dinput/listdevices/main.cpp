@@ -28,7 +28,9 @@ std::string guidText(const tavrix::DeviceGuid &bytes)
 int main()
 {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    tavrix::DInputBackend backend;
+    // Made the way the hub makes it, tied to this program's console window.
+    const std::unique_ptr<tavrix::InputBackend> made = tavrix::createDirectInputBackend(GetConsoleWindow());
+    tavrix::InputBackend &backend = *made;
     const tavrix::Enumeration found = backend.enumerate();
     for (const tavrix::DeviceProblem &problem : found.problems)
         std::printf("problem: %s\n", problem.message.c_str());
