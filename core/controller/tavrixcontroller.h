@@ -6,6 +6,7 @@
 #include "inputdevicesource.h"
 #include "profilemanager.h"
 #include "serialportdirectory.h"
+#include "telemetrycatalogue.h"
 
 #include <QByteArray>
 #include <QList>

@@ -1,5 +1,7 @@
 #include "telemetrymonitor.h"
 
+#include "crsfprotocol.h"
+
 #include <QDateTime>
 #include <QSet>
 #include <QTimer>
@@ -144,12 +146,12 @@ void TelemetryMonitor::handleVehicleRecord(const QByteArray &payload)
 void TelemetryMonitor::updateCatalogue(uint8_t type, const QByteArray &payload)
 {
     // The readings this frame carries, found by reading it into an empty catalogue;
-    // the merge itself is the codec's.
-    const TelemetryCatalogue fresh = CrsfProtocol::updateCatalogue({}, type, payload, m_receiverGeneration);
+    // the merge itself is the catalogue's.
+    const TelemetryCatalogue fresh = telemetrycatalogue::update({}, type, payload, m_receiverGeneration);
     if (fresh.isEmpty())
         return;
     const qsizetype sizeBefore = m_catalogue.size();
-    m_catalogue = CrsfProtocol::updateCatalogue(std::move(m_catalogue), type, payload, m_receiverGeneration);
+    m_catalogue = telemetrycatalogue::update(std::move(m_catalogue), type, payload, m_receiverGeneration);
 
     QSet<QString> updated;
     for (const TelemetrySensor &sensor : fresh)

@@ -2,7 +2,8 @@
 
 #include "controllertimings.h"
 #include "controllertypes.h"
-#include "crsfprotocol.h"
+#include "crsftypes.h"
+#include "telemetrycatalogue.h"
 
 #include <QElapsedTimer>
 #include <QObject>
