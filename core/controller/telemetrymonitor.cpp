@@ -70,6 +70,11 @@ void TelemetryMonitor::handleFrame(uint8_t type, const QByteArray &payload)
         return;
     }
 
+    // Taken before the catalogue changes, so whoever telemetrySensorsUpdated wakes reads
+    // this frame's battery rather than the one before it. The codec's battery signal,
+    // which follows the frame, then only repeats the same reading.
+    if (type == crsf::kTypeBattery)
+        handleBattery(CrsfProtocol::decodeBattery(payload));
     updateCatalogue(type, payload);
 
     switch (type) {
@@ -108,6 +113,11 @@ void TelemetryMonitor::handleLinkStatistics(const LinkStatistics &stats)
 void TelemetryMonitor::handleBattery(const BatterySensor &battery)
 {
     m_battery = battery;
+    // The newer receiver carries an acceleration in the voltage field. An unknown receiver's
+    // frame counts when it is a whole battery frame: the lateral dynamics some receivers
+    // send with this type are shorter, and the decoder marks those absent.
+    if (m_receiverGeneration >= crsf::kReceiverGenerationNewer)
+        m_battery.present = false;
 }
 
 void TelemetryMonitor::checkLinkAndSensors()
