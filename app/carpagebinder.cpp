@@ -46,14 +46,9 @@ void CarPageBinder::showCarLink(bool linked)
 
 void CarPageBinder::showBattery()
 {
-    for (const TelemetrySensor &sensor : m_controller->telemetry()->catalogue()) {
-        // Only the classic receiver reports volts here: the newer one carries an acceleration
-        // in that field, and one that does not measure its battery reports "--".
-        if (sensor.key == QLatin1String("RxBt") && sensor.value.endsWith(QLatin1String(" V"))) {
-            const BatterySensor battery = m_controller->telemetry()->battery();
-            m_page->showBattery(battery.voltage, battery.remaining);
-        }
-    }
+    const BatterySensor battery = m_controller->telemetry()->battery();
+    if (battery.present)
+        m_page->showBattery(battery.voltage, battery.remaining);
 }
 
 void CarPageBinder::showProfileName()

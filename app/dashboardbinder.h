@@ -1,6 +1,6 @@
 #pragma once
 
-#include "crsfprotocol.h"
+#include "telemetrycatalogue.h"
 #include "telemetrygrid.h"
 
 #include <QElapsedTimer>

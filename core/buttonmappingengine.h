@@ -1,7 +1,7 @@
 #pragma once
 
 #include "buttonmapping.h"
-#include "crsfprotocol.h"
+#include "crsftypes.h"
 
 #include <array>
 #include <cstdint>

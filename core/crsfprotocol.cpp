@@ -12,7 +12,6 @@ constexpr uint8_t kCrcPolynomial = 0xD5;
 constexpr qsizetype kMaxPlainPayload = 255 - 2;
 // An extended frame spends two of those on the destination and origin addresses.
 constexpr qsizetype kMaxExtendedPayload = kMaxPlainPayload - 2;
-constexpr double kDegreesPerRadian = 57.29577951308232;
 
 constexpr std::array<uint8_t, 256> makeCrcTable()
 {
@@ -70,143 +69,6 @@ int32_t readSigned32(const QByteArray &payload, qsizetype offset)
 {
     const uint32_t raw = (uint32_t(byteAt(payload, offset)) << 24) | readUnsigned24(payload, offset + 1);
     return static_cast<int32_t>(raw);
-}
-
-// --- catalogue formatting ---
-
-// Fixed decimals without a "-0.0" for values that round to zero.
-QString fixed(double value, int decimals)
-{
-    const double scale = std::pow(10.0, decimals);
-    double rounded = std::round(value * scale) / scale;
-    if (rounded == 0.0)
-        rounded = 0.0;
-    return QString::number(rounded, 'f', decimals);
-}
-
-QString degrees(double value)
-{
-    return QStringLiteral("%1\u00B0").arg(fixed(value, 1));
-}
-
-void upsert(TelemetryCatalogue &catalogue, const QString &key, const QString &value,
-            const QString &detail = QString())
-{
-    for (TelemetrySensor &sensor : catalogue) {
-        if (sensor.key == key) {
-            sensor.value = value;
-            sensor.detail = detail;
-            return;
-        }
-    }
-    TelemetrySensor sensor;
-    sensor.key = key;
-    sensor.value = value;
-    sensor.detail = detail;
-    catalogue.append(sensor);
-}
-
-// CRSF transmit power index to milliwatts; -1 for an index the table does not know.
-int txPowerMilliwatts(uint8_t index)
-{
-    static constexpr std::array<int, 9> kPowers = {0, 10, 25, 100, 500, 1000, 2000, 250, 50};
-    return index < kPowers.size() ? kPowers[index] : -1;
-}
-
-void addLinkStatistics(TelemetryCatalogue &catalogue, const QByteArray &payload)
-{
-    if (payload.size() < 10)
-        return;
-    const LinkStatistics stats = CrsfProtocol::decodeLinkStatistics(payload);
-    const auto dbm = [](int32_t v) { return QStringLiteral("%1 dBm").arg(v); };
-    const auto percent = [](int v) { return QStringLiteral("%1 %").arg(v); };
-    const auto db = [](int v) { return QStringLiteral("%1 dB").arg(v); };
-
-    upsert(catalogue, QStringLiteral("1RSS"), dbm(stats.uplinkRssi1));
-    upsert(catalogue, QStringLiteral("2RSS"), dbm(stats.uplinkRssi2));
-    upsert(catalogue, QStringLiteral("RQly"), percent(stats.linkQuality));
-    upsert(catalogue, QStringLiteral("RSNR"), db(stats.snr));
-    upsert(catalogue, QStringLiteral("ANT"), QString::number(stats.antenna));
-    upsert(catalogue, QStringLiteral("RFMD"), QString::number(stats.rfMode));
-    const int milliwatts = txPowerMilliwatts(stats.txPower);
-    if (milliwatts >= 0)
-        upsert(catalogue, QStringLiteral("TPWR"), QStringLiteral("%1 mW").arg(milliwatts));
-    else
-        upsert(catalogue, QStringLiteral("TPWR"), QStringLiteral("? mW"),
-               QStringLiteral("unknown power index %1").arg(stats.txPower));
-    upsert(catalogue, QStringLiteral("TRSS"), dbm(stats.downlinkRssi));
-    upsert(catalogue, QStringLiteral("TQly"), percent(stats.downlinkLinkQuality));
-    upsert(catalogue, QStringLiteral("TSNR"), db(stats.downlinkSnr));
-}
-
-void addGps(TelemetryCatalogue &catalogue, const QByteArray &payload)
-{
-    if (payload.size() < 15)
-        return;
-    const GpsFix fix = CrsfProtocol::decodeGps(payload);
-    const QString position =
-        fix.valid ? QStringLiteral("%1, %2").arg(fixed(fix.latitude, 6), fixed(fix.longitude, 6))
-                  : QStringLiteral("No fix");
-    upsert(catalogue, QStringLiteral("GPS"), position);
-    upsert(catalogue, QStringLiteral("GSpd"), QStringLiteral("%1 km/h").arg(fixed(fix.speedKmh, 1)));
-    upsert(catalogue, QStringLiteral("Hdg"), degrees(fix.headingDeg));
-    upsert(catalogue, QStringLiteral("GAlt"), QStringLiteral("%1 m").arg(fix.altitudeM));
-    upsert(catalogue, QStringLiteral("Sats"), QString::number(fix.satellites));
-}
-
-void addVehicleRecord(TelemetryCatalogue &catalogue, const QByteArray &payload)
-{
-    const VehicleRecord record = CrsfProtocol::decodeVehicleRecord(payload);
-    if (!record.valid)
-        return;
-    const QString keys[3] = {QStringLiteral("GLon"), QStringLiteral("GLat"), QStringLiteral("GVrt")};
-    for (int i = 0; i < 3; ++i)
-        upsert(catalogue, keys[i], QStringLiteral("%1 g").arg(fixed(record.values[i], 2)));
-}
-
-void addAttitude(TelemetryCatalogue &catalogue, const QByteArray &payload)
-{
-    if (payload.size() < 6)
-        return;
-    // Sent as radians x 10000.
-    const auto angle = [&](qsizetype offset) {
-        return degrees(readSigned16(payload, offset) / 10000.0 * kDegreesPerRadian);
-    };
-    upsert(catalogue, QStringLiteral("Ptch"), angle(0));
-    upsert(catalogue, QStringLiteral("Roll"), angle(2));
-    upsert(catalogue, QStringLiteral("Yaw"), angle(4));
-}
-
-// Frame 0x08 is a battery only when the receiver is known to send one; an unknown
-// receiver uses the same type for its lateral dynamics.
-void addBatteryOrDynamics(TelemetryCatalogue &catalogue, const QByteArray &payload, int receiverGeneration)
-{
-    if (receiverGeneration != crsf::kReceiverGenerationUnknown && payload.size() >= 8) {
-        const BatterySensor battery = CrsfProtocol::decodeBattery(payload);
-        if (CrsfProtocol::isAllFF(payload, 0, 2)) {
-            upsert(catalogue, QStringLiteral("RxBt"), QStringLiteral("--"), QStringLiteral("not reported"));
-        } else {
-            // The newer receiver carries an acceleration in the voltage field.
-            const QString unit = receiverGeneration >= crsf::kReceiverGenerationNewer
-                                     ? QStringLiteral("%1 g")
-                                     : QStringLiteral("%1 V");
-            upsert(catalogue, QStringLiteral("RxBt"), unit.arg(fixed(battery.voltage, 1)));
-        }
-        upsert(catalogue, QStringLiteral("Curr"), QStringLiteral("%1 A").arg(fixed(battery.current, 1)));
-        upsert(catalogue, QStringLiteral("Capa"), QStringLiteral("%1 mAh").arg(battery.capacity));
-        upsert(catalogue, QStringLiteral("Bat%"), QStringLiteral("%1 %").arg(battery.remaining));
-        return;
-    }
-    if (payload.size() < 6)
-        return;
-    // Three big-endian signed values in thousandths.
-    const auto milli = [&](qsizetype offset) { return fixed(readSigned16(payload, offset) / 1000.0, 2); };
-    upsert(catalogue, QStringLiteral("latA"), QStringLiteral("%1 g").arg(milli(0)),
-           QStringLiteral("lateral"));
-    upsert(catalogue, QStringLiteral("yawR"), QStringLiteral("%1 rad/s").arg(milli(2)),
-           QStringLiteral("yaw rate"));
-    upsert(catalogue, QStringLiteral("jerk"), QStringLiteral("%1 g").arg(milli(4)),
-           QStringLiteral("lateral change"));
 }
 
 } // namespace
@@ -343,12 +205,14 @@ LinkStatistics CrsfProtocol::decodeLinkStatistics(const QByteArray &payload)
 BatterySensor CrsfProtocol::decodeBattery(const QByteArray &payload)
 {
     BatterySensor battery;
-    if (payload.size() < 8)
+    if (payload.size() < crsf::kBatteryPayloadSize)
         return battery;
     battery.voltage = readBigEndian16(payload, 0) / 10.0f;
     battery.current = readBigEndian16(payload, 2) / 10.0f;
     battery.capacity = readUnsigned24(payload, 4);
     battery.remaining = byteAt(payload, 7);
+    // A receiver that does not measure its battery sends 0xFFFF as the voltage.
+    battery.present = !isAllFF(payload, 0, 2);
     return battery;
 }
 
@@ -401,33 +265,6 @@ bool CrsfProtocol::isAllFF(const QByteArray &payload, qsizetype offset, qsizetyp
         return false;
     return std::all_of(payload.cbegin() + offset, payload.cbegin() + offset + count,
                        [](char byte) { return static_cast<uint8_t>(byte) == 0xFF; });
-}
-
-// --- telemetry sensor catalogue ---
-
-TelemetryCatalogue CrsfProtocol::updateCatalogue(TelemetryCatalogue catalogue, uint8_t frameType,
-                                                 const QByteArray &payload, int receiverGeneration)
-{
-    switch (frameType) {
-    case crsf::kTypeLinkStatistics:
-        addLinkStatistics(catalogue, payload);
-        break;
-    case crsf::kTypeGps:
-        addGps(catalogue, payload);
-        break;
-    case crsf::kTypeVehicleRecord:
-        addVehicleRecord(catalogue, payload);
-        break;
-    case crsf::kTypeAttitude:
-        addAttitude(catalogue, payload);
-        break;
-    case crsf::kTypeBattery:
-        addBatteryOrDynamics(catalogue, payload, receiverGeneration);
-        break;
-    default:
-        break;
-    }
-    return catalogue;
 }
 
 // --- parser ---

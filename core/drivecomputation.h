@@ -1,6 +1,6 @@
 #pragma once
 
-#include "crsfprotocol.h"
+#include "crsftypes.h"
 #include "drivesettings.h"
 
 #include <QString>

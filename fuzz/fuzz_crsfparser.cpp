@@ -5,6 +5,7 @@
 // chunk lengths; everything after is the byte stream, fed chunk by chunk, the rest at once.
 
 #include "crsfprotocol.h"
+#include "telemetrycatalogue.h"
 
 #include <QObject>
 #include <QSet>
@@ -43,8 +44,8 @@ void exerciseDecoders(uint8_t type, const QByteArray &payload)
     TelemetryCatalogue catalogue;
     for (int generation : {crsf::kReceiverGenerationUnknown, crsf::kReceiverGenerationClassic,
                            crsf::kReceiverGenerationNewer}) {
-        catalogue = CrsfProtocol::updateCatalogue(catalogue, type, payload, generation);
-        catalogue = CrsfProtocol::updateCatalogue(catalogue, otherType, payload, generation);
+        catalogue = telemetrycatalogue::update(catalogue, type, payload, generation);
+        catalogue = telemetrycatalogue::update(catalogue, otherType, payload, generation);
     }
     // Keys stay unique however many frames are merged in.
     QSet<QString> keys;

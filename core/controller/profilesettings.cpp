@@ -1,6 +1,6 @@
 #include "profilesettings.h"
 
-#include "crsfprotocol.h"
+#include "crsftypes.h"
 #include "inputsource.h"
 #include "profilekeys.h"
 

@@ -86,7 +86,6 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     });
     connect(m_crsf, &CrsfProtocol::linkStatisticsReceived, m_telemetry,
             &TelemetryMonitor::handleLinkStatistics);
-    connect(m_crsf, &CrsfProtocol::batterySensorReceived, m_telemetry, &TelemetryMonitor::handleBattery);
 
     connect(m_telemetry, &TelemetryMonitor::linkStatisticsUpdated, this,
             &TavrixController::linkStatisticsUpdated);

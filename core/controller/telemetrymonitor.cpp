@@ -1,5 +1,7 @@
 #include "telemetrymonitor.h"
 
+#include "crsfprotocol.h"
+
 #include <QDateTime>
 #include <QSet>
 #include <QTimer>
@@ -68,6 +70,11 @@ void TelemetryMonitor::handleFrame(uint8_t type, const QByteArray &payload)
         return;
     }
 
+    // Taken before the catalogue changes, so whoever telemetrySensorsUpdated wakes reads
+    // this frame's battery rather than the one before it. The codec's battery signal,
+    // which follows the frame, then only repeats the same reading.
+    if (type == crsf::kTypeBattery)
+        handleBattery(CrsfProtocol::decodeBattery(payload));
     updateCatalogue(type, payload);
 
     switch (type) {
@@ -106,6 +113,11 @@ void TelemetryMonitor::handleLinkStatistics(const LinkStatistics &stats)
 void TelemetryMonitor::handleBattery(const BatterySensor &battery)
 {
     m_battery = battery;
+    // The newer receiver carries an acceleration in the voltage field. An unknown receiver's
+    // frame counts when it is a whole battery frame: the lateral dynamics some receivers
+    // send with this type are shorter, and the decoder marks those absent.
+    if (m_receiverGeneration >= crsf::kReceiverGenerationNewer)
+        m_battery.present = false;
 }
 
 void TelemetryMonitor::checkLinkAndSensors()
@@ -144,12 +156,12 @@ void TelemetryMonitor::handleVehicleRecord(const QByteArray &payload)
 void TelemetryMonitor::updateCatalogue(uint8_t type, const QByteArray &payload)
 {
     // The readings this frame carries, found by reading it into an empty catalogue;
-    // the merge itself is the codec's.
-    const TelemetryCatalogue fresh = CrsfProtocol::updateCatalogue({}, type, payload, m_receiverGeneration);
+    // the merge itself is the catalogue's.
+    const TelemetryCatalogue fresh = telemetrycatalogue::update({}, type, payload, m_receiverGeneration);
     if (fresh.isEmpty())
         return;
     const qsizetype sizeBefore = m_catalogue.size();
-    m_catalogue = CrsfProtocol::updateCatalogue(std::move(m_catalogue), type, payload, m_receiverGeneration);
+    m_catalogue = telemetrycatalogue::update(std::move(m_catalogue), type, payload, m_receiverGeneration);
 
     QSet<QString> updated;
     for (const TelemetrySensor &sensor : fresh)

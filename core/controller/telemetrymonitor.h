@@ -2,7 +2,8 @@
 
 #include "controllertimings.h"
 #include "controllertypes.h"
-#include "crsfprotocol.h"
+#include "crsftypes.h"
+#include "telemetrycatalogue.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -42,6 +43,7 @@ public:
     [[nodiscard]] const TelemetryCatalogue &catalogue() const { return m_catalogue; }
     [[nodiscard]] int staleSensorCount() const { return m_staleCount; }
     [[nodiscard]] GpsFix gpsFix() const { return m_gps; }
+    // The last battery reading; `present` only when it carries the car's voltage.
     [[nodiscard]] BatterySensor battery() const { return m_battery; }
     [[nodiscard]] std::array<float, 3> attitudeDeg() const { return m_attitudeDeg; }
     [[nodiscard]] std::array<float, 3> carMotion() const { return m_motion; }

@@ -26,6 +26,8 @@
 #include <QPushButton>
 #include <QSettings>
 
+#include <algorithm>
+
 using namespace tavrix;
 using namespace tavrix::testing;
 using namespace Qt::StringLiterals;
@@ -179,10 +181,6 @@ private slots:
         QVERIFY(c->connectTransmitter(rig.linkPath()));
         QVERIFY(c->connectDevice(DeviceRole::WheelBase, 0));
         QVERIFY(c->connectDevice(DeviceRole::Pedals, 1));
-        // A classic receiver: its 0x08 frames are the battery.
-        QVERIFY(rig.services->profiles()->setSetting(
-            QStringLiteral("receiverCaps"),
-            QJsonObject{{QStringLiteral("firmware"), QStringLiteral("3.4.1")}}));
         rig.setPedals(0.4, 0.0);
         QTRY_VERIFY(c->throttle() > 0.3f);
 
@@ -213,11 +211,10 @@ private slots:
         QTRY_VERIFY(*ch1->value() > before + 500);
         QTRY_VERIFY(car->steeringBar()->value().value_or(0.0) > 0.7);
 
-        // The simulated car answers: link, link quality and battery reach the page.
+        // The simulated car answers: link, link quality and GPS reach the page.
         QTRY_COMPARE_WITH_TIMEOUT(car->carLinkPill()->text(), QStringLiteral("Linked"), 5000);
         QTRY_VERIFY(car->linkQualityTile()->hasValue());
         QTRY_VERIFY_WITH_TIMEOUT(car->gpsTile()->hasValue(), 5000);
-        QTRY_VERIFY_WITH_TIMEOUT(car->batteryTile()->hasValue(), 5000);
 
         car->startButton()->click();
         QVERIFY(!c->isRunning());
@@ -245,6 +242,47 @@ private slots:
         rig.backend->removeDevice(rig.secondDevice);
         QTRY_COMPARE_WITH_TIMEOUT(card.devices().size(), 1, 5000);
         QCOMPARE(card.currentDevice(u"pedals"_s), -1);
+    }
+
+    void batteryTileShowsTheCarsVoltage_data()
+    {
+        QTest::addColumn<QString>("firmware");
+        QTest::addColumn<bool>("shown");
+        QTest::newRow("receiver not known") << QString() << true;
+        QTest::newRow("classic receiver") << QStringLiteral("3.4.1") << true;
+        // Its 0x08 frame carries an acceleration where the voltage would be.
+        QTest::newRow("newer receiver") << QStringLiteral("4.2.0") << false;
+    }
+
+    void batteryTileShowsTheCarsVoltage()
+    {
+        QFETCH(QString, firmware);
+        QFETCH(bool, shown);
+        HubRig rig;
+        if (!firmware.isEmpty()) {
+            QVERIFY(rig.services->profiles()->setSetting(
+                QStringLiteral("receiverCaps"), QJsonObject{{QStringLiteral("firmware"), firmware}}));
+        }
+        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        window.showPage(QStringLiteral("rc-car"));
+        auto *car = qobject_cast<CarPage *>(window.page(QStringLiteral("rc-car")));
+        QVERIFY(rig.startCarTransmission());
+
+        if (shown) {
+            QTRY_VERIFY_WITH_TIMEOUT(car->batteryTile()->hasValue(), 10000);
+            QCOMPARE(car->batteryTile()->value(),
+                     QString::number(ControllerRig::quietBridge().car.batteryFullVolts, 'f', 1));
+        } else {
+            const auto batteryCatalogued = [&] {
+                const TelemetryCatalogue sensors = rig.controller()->telemetry()->catalogue();
+                return std::any_of(sensors.cbegin(), sensors.cend(),
+                                   [](const TelemetrySensor &s) { return s.key == QLatin1String("RxBt"); });
+            };
+            QTRY_VERIFY_WITH_TIMEOUT(batteryCatalogued(), 10000);
+            QVERIFY(!car->batteryTile()->hasValue());
+        }
     }
 
     void dashboardShowsConnectionsTransmissionAndSensors()

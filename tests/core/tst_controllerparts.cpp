@@ -1,5 +1,5 @@
 #include "activeprofilefollower.h"
-#include "crsfprotocol.h"
+#include "crsftypes.h"
 #include "deviceroleset.h"
 #include "drivecontrols.h"
 #include "profilemanager.h"

@@ -1,4 +1,5 @@
 #include "crsfprotocol.h"
+#include "telemetrycatalogue.h"
 
 #include <QFile>
 #include <QJsonArray>
@@ -707,8 +708,7 @@ void TestCrsfProtocol::catalogueReadings()
     QFETCH(int, generation);
     QFETCH(QStringList, expected);
 
-    const TelemetryCatalogue catalogue =
-        CrsfProtocol::updateCatalogue({}, uint8_t(type), payload, generation);
+    const TelemetryCatalogue catalogue = telemetrycatalogue::update({}, uint8_t(type), payload, generation);
     QCOMPARE(describe(catalogue), expected);
     for (const TelemetrySensor &sensor : catalogue) {
         QVERIFY(sensor.extra.isEmpty());
@@ -719,14 +719,14 @@ void TestCrsfProtocol::catalogueReadings()
 void TestCrsfProtocol::catalogueReplacesInPlaceByKey()
 {
     TelemetryCatalogue catalogue;
-    catalogue = CrsfProtocol::updateCatalogue(catalogue, 0x23, hex("07fc1803e8000a"), 0);
-    catalogue = CrsfProtocol::updateCatalogue(catalogue, 0x14, hex(kLinkHex), 0);
+    catalogue = telemetrycatalogue::update(catalogue, 0x23, hex("07fc1803e8000a"), 0);
+    catalogue = telemetrycatalogue::update(catalogue, 0x14, hex(kLinkHex), 0);
     QCOMPARE(catalogue.size(), 13);
     // What the controller keeps on an entry ("2RSS" here) survives a new reading.
     catalogue[4].updatedMs = 1234;
     catalogue[4].extra = QStringLiteral("kept");
 
-    catalogue = CrsfProtocol::updateCatalogue(catalogue, 0x14, hex("00004b00000000000000"), 0);
+    catalogue = telemetrycatalogue::update(catalogue, 0x14, hex("00004b00000000000000"), 0);
     QCOMPARE(catalogue.size(), 13);
     const QStringList keys = [&] {
         QStringList k;
@@ -744,7 +744,7 @@ void TestCrsfProtocol::catalogueReplacesInPlaceByKey()
     QCOMPARE(catalogue.at(0).value, QStringLiteral("-1.00 g"));
 
     // A GPS frame appends its keys after the existing ones.
-    catalogue = CrsfProtocol::updateCatalogue(catalogue, 0x02, hex("000000000000000000000000000000"), 0);
+    catalogue = telemetrycatalogue::update(catalogue, 0x02, hex("000000000000000000000000000000"), 0);
     QCOMPARE(catalogue.size(), 18);
     QCOMPARE(catalogue.at(13).key, QStringLiteral("GPS"));
 }
