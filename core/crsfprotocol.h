@@ -1,5 +1,7 @@
 #pragma once
 
+#include "crsfchannels.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QObject>
@@ -89,7 +91,6 @@ inline constexpr uint8_t kTypeCommand = 0x2E;
 inline constexpr uint8_t kTypeWrappedRecord = 0x50;
 inline constexpr int kChannelFrameSize = 26;
 inline constexpr int kChannelCount = 16;
-inline constexpr int kChannelMax = 2047;
 // The longest frame on the wire: sync, length 255, then 255 bytes.
 inline constexpr int kMaxFrameSize = 257;
 
