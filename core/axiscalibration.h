@@ -22,6 +22,8 @@ struct AxisCalibration
     // whose captured min is above its max (most throttle levers read -1 when pushed
     // forward) comes out the right way round.
     [[nodiscard]] float oneSided(float x) const;
+
+    friend bool operator==(const AxisCalibration &, const AxisCalibration &) = default;
 };
 
 } // namespace tavrix

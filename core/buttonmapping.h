@@ -1,5 +1,7 @@
 #pragma once
 
+#include "crsfchannels.h"
+
 #include <QList>
 #include <QString>
 
@@ -31,11 +33,11 @@ struct ButtonMapping
     int32_t channel = 3;
     ButtonBehaviour mode = ButtonBehaviour::Momentary;
     // Momentary pressed value, toggle ON value, switch position value.
-    int32_t outputValue = 2047;
+    int32_t outputValue = crsf::kChannelMax;
     // Hold behaviours: channel units per second while held.
     int32_t rateUnitsPerSec = 1024;
     int32_t minValue = 0;
-    int32_t maxValue = 2047;
+    int32_t maxValue = crsf::kChannelMax;
     // Momentary released value, toggle OFF value, start of hold and switch behaviours.
     int32_t startValue = 0;
     // "Activate Pit Limiter when pressed".
@@ -46,6 +48,8 @@ struct ButtonMapping
     {
         return mode == ButtonBehaviour::HoldToRaise || mode == ButtonBehaviour::HoldToLower;
     }
+
+    friend bool operator==(const ButtonMapping &, const ButtonMapping &) = default;
 };
 
 using ButtonMappingList = QList<ButtonMapping>;

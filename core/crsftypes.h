@@ -1,5 +1,7 @@
 #pragma once
 
+#include "crsfchannels.h"
+
 #include <QMetaType>
 
 #include <array>
@@ -79,7 +81,6 @@ inline constexpr uint8_t kTypeCommand = 0x2E;
 inline constexpr uint8_t kTypeWrappedRecord = 0x50;
 inline constexpr int kChannelFrameSize = 26;
 inline constexpr int kChannelCount = 16;
-inline constexpr int kChannelMax = 2047;
 // The longest frame on the wire: sync, length 255, then 255 bytes.
 inline constexpr int kMaxFrameSize = 257;
 // A battery payload: voltage, current, used capacity, remaining charge.

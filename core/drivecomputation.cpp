@@ -60,7 +60,7 @@ int32_t DriveComputation::steeringChannel(float steeringRaw, float steering) con
         // Centre gives 1023, one below the custom centre default of 1024. Existing
         // cars are trimmed against this value, so it is kept.
         const float s = std::clamp(steering, -1.0f, 1.0f);
-        return toChannel((s + 1.0f) * 1023.5f);
+        return toChannel((s + 1.0f) * (float(crsf::kChannelMax) / 2.0f));
     }
 
     const SteeringCalibration &cal = m_settings.steeringCalibration;

@@ -50,7 +50,7 @@ public:
     static constexpr int kTickMs = 7;
     static constexpr int kDebugLogEvery = 50;
     // Pedal dead zone: 50 counts of the 11-bit span.
-    static constexpr float kDeadZone = 50.0f / 2047.0f;
+    static constexpr float kDeadZone = 50.0f / float(crsf::kChannelMax);
     // 1 - kDeadZone, as the rescaling past the dead zone uses it.
     static constexpr float kSpanPastDeadZone = 0.975574f;
     static constexpr float kFirmBrake = 0.1f;
@@ -104,7 +104,7 @@ private:
 
     struct RunMemory
     {
-        float output = 992.0f;
+        float output = float(crsf::kServoCenter);
         bool hasOutput = false;
         float previousThrottle = 0.0f;
         bool stuckArmed = false;
@@ -124,7 +124,7 @@ private:
         int32_t gear = 0;
         float target = 0.0f;
         float decelTarget = 0.0f;
-        float neutral = 992.0f;
+        float neutral = float(crsf::kServoCenter);
     };
 
     DriveSettings m_settings;

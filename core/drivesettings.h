@@ -1,5 +1,7 @@
 #pragma once
 
+#include "crsfchannels.h"
+
 #include <QString>
 
 #include <array>
@@ -7,12 +9,12 @@
 
 namespace tavrix {
 
-// The three channel values an ESC is driven with.
+// The three channel values an ESC is driven with; a standard ESC takes the servo span.
 struct EscValues
 {
-    int32_t neutral = 992;
-    int32_t fullForward = 1811;
-    int32_t fullReverse = 172;
+    int32_t neutral = crsf::kServoCenter;
+    int32_t fullForward = crsf::kServoMax;
+    int32_t fullReverse = crsf::kServoMin;
 };
 
 // ESC mode as stored in a profile (`escMode`). Mode 1 was merged into the standard
@@ -41,21 +43,26 @@ struct SteeringCalibration
     float inputCenter = 0.0f;
     float inputMax = 1.0f;
     bool inverted = false;
+
+    friend bool operator==(const SteeringCalibration &, const SteeringCalibration &) = default;
 };
 
-// The drive settings of a profile (`axisSettings` keys), with the profile's defaults.
+// The drive settings of a profile (`axisSettings` keys). A computation built without a
+// profile starts from these values, so they are a default profile's: soft start and both
+// throttle guards on. The profile key table decides them; the controller tests keep the two equal.
 struct DriveSettings
 {
     static constexpr int kGears = 7;
 
     EscMode escMode = EscMode::Standard;
-    int32_t escNeutral = 992;
-    int32_t escFullForward = 1811;
-    int32_t escFullReverse = 172;
+    int32_t escNeutral = crsf::kServoCenter;
+    int32_t escFullForward = crsf::kServoMax;
+    int32_t escFullReverse = crsf::kServoMin;
 
-    int32_t steeringLeft = 0;
-    int32_t steeringCenter = 1024;
-    int32_t steeringRight = 2047;
+    // The whole channel, left to right: steering that has not been given end points.
+    int32_t steeringLeft = crsf::kChannelMin;
+    int32_t steeringCenter = crsf::kChannelMid;
+    int32_t steeringRight = crsf::kChannelMax;
     SteeringCalibration steeringCalibration;
 
     bool smoothDeceleration = false;
@@ -78,14 +85,16 @@ struct DriveSettings
     bool stuckThrottleDetectionEnabled = true;
     bool throttleSpikeRejectionEnabled = true;
 
-    // The custom ESC values are used only in the custom mode; otherwise the standard
-    // CRSF span 172..1811 with 992 at its middle.
+    // The custom ESC values are used only in the custom mode; otherwise the servo span.
     [[nodiscard]] bool usesCustomEsc() const { return escMode == EscMode::Custom; }
     [[nodiscard]] EscValues esc() const;
     [[nodiscard]] bool hasDefaultSteeringEndpoints() const
     {
-        return steeringLeft == 0 && steeringCenter == 1024 && steeringRight == 2047;
+        return steeringLeft == crsf::kChannelMin && steeringCenter == crsf::kChannelMid &&
+               steeringRight == crsf::kChannelMax;
     }
+
+    friend bool operator==(const DriveSettings &, const DriveSettings &) = default;
 };
 
 } // namespace tavrix

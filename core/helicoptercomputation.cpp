@@ -32,7 +32,7 @@ std::optional<float> readAxis(const AxisSource *device, int32_t slot)
 void writeChannel(ChannelValues &channels, int32_t index, int32_t value)
 {
     if (index >= 0 && index < int32_t(channels.size()))
-        channels[index] = std::clamp(value, 0, 2047);
+        channels[index] = std::clamp(value, crsf::kChannelMin, crsf::kChannelMax);
 }
 
 // Centred when the axis is not there.
@@ -162,19 +162,21 @@ QString HelicopterComputation::armRefusedMessage()
 int32_t HelicopterComputation::bipolarToChannel(float value)
 {
     const float v = std::clamp(value, -1.0f, 1.0f);
-    return std::clamp(int32_t(std::lround(v * 819.5f + 992.0f)), 172, 1811);
+    constexpr float kHalfSpan = float(crsf::kServoMax - crsf::kServoMin) / 2.0f;
+    return std::clamp(int32_t(std::lround(v * kHalfSpan + float(crsf::kServoCenter))), crsf::kServoMin,
+                      crsf::kServoMax);
 }
 
 int32_t HelicopterComputation::collectiveToChannel(float value)
 {
     const float v = std::clamp(value, 0.0f, 1.0f);
-    return int32_t(std::lround(v * 1639.0f + 172.0f));
+    return int32_t(std::lround(v * float(crsf::kServoMax - crsf::kServoMin) + float(crsf::kServoMin)));
 }
 
 int32_t HelicopterComputation::microsecondsToChannel(int32_t microseconds)
 {
     const double value = double(microseconds - 880) * 8.0 / 5.0;
-    return std::clamp(int32_t(std::lround(value)), 0, 2047);
+    return std::clamp(int32_t(std::lround(value)), crsf::kChannelMin, crsf::kChannelMax);
 }
 
 float HelicopterComputation::screen(SpikeGuard &guard, float value)

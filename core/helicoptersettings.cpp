@@ -18,6 +18,11 @@ float HelicopterCurve::apply(float stick) const
     return std::clamp(low + (high - low) * fraction, 0.0f, 1.0f);
 }
 
+QList<double> HelicopterCurve::straightLine()
+{
+    return {0.0, 0.25, 0.5, 0.75, 1.0};
+}
+
 int32_t HelicopterSettings::DualRates::activePercent() const
 {
     switch (activeMode) {

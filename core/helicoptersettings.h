@@ -15,13 +15,19 @@ namespace tavrix {
 struct HelicopterCurve
 {
     bool enabled = false;
-    QList<double> points;
+    QList<double> points = straightLine();
 
     [[nodiscard]] float apply(float stick) const;
+    // Five points on the straight line, as a new profile stores them.
+    [[nodiscard]] static QList<double> straightLine();
+
+    friend bool operator==(const HelicopterCurve &, const HelicopterCurve &) = default;
 };
 
 // The helicopter settings of a profile (`helicopterConfig`), nested and named as in the
-// profile file, with its defaults. Axis indexes are slots 0..7 of the device (-1 for
+// profile file. A computation built without a profile starts from these values, so they
+// are a default profile's: the profile key table decides them and the controller tests keep
+// the two equal. Axis indexes are slots 0..7 of the device (-1 for
 // unassigned); channel indexes are 0..15 (CH1 = 0), anything else is not sent.
 struct HelicopterSettings
 {
@@ -29,10 +35,14 @@ struct HelicopterSettings
     {
         int32_t xAxis = 0; // roll
         int32_t yAxis = 1; // pitch
+
+        friend bool operator==(const Joystick &, const Joystick &) = default;
     };
     struct Throttle
     {
         int32_t axis = 2; // collective
+
+        friend bool operator==(const Throttle &, const Throttle &) = default;
     };
     struct Pedals
     {
@@ -40,12 +50,16 @@ struct HelicopterSettings
         int32_t axis = 3;
         int32_t axis2 = -1;
         bool differential = false;
+
+        friend bool operator==(const Pedals &, const Pedals &) = default;
     };
     struct Inputs
     {
         Joystick joystick;
         Throttle throttle;
         Pedals pedals;
+
+        friend bool operator==(const Inputs &, const Inputs &) = default;
     };
     struct Calibration
     {
@@ -53,6 +67,8 @@ struct HelicopterSettings
         AxisCalibration pitch;
         AxisCalibration throttle; // the collective, used one-sided (min and max)
         AxisCalibration rudder;
+
+        friend bool operator==(const Calibration &, const Calibration &) = default;
     };
     struct Channels
     {
@@ -60,12 +76,16 @@ struct HelicopterSettings
         int32_t pitch = 1;
         int32_t throttle = 2; // the collective
         int32_t rudder = 3;
+
+        friend bool operator==(const Channels &, const Channels &) = default;
     };
     struct Fly
     {
         bool armAtIdle = true;
         bool softStart = false;
         int32_t softStartSec = 3;
+
+        friend bool operator==(const Fly &, const Fly &) = default;
     };
     // The arm switch; values in microseconds as the flight controller documents them.
     struct Arm
@@ -74,6 +94,8 @@ struct HelicopterSettings
         int32_t channel = 4;
         int32_t onUs = 2012;
         int32_t offUs = 988;
+
+        friend bool operator==(const Arm &, const Arm &) = default;
     };
     struct DualRates
     {
@@ -85,12 +107,16 @@ struct HelicopterSettings
 
         // The active mode's percentage; an unknown mode takes the gentlest rate.
         [[nodiscard]] int32_t activePercent() const;
+
+        friend bool operator==(const DualRates &, const DualRates &) = default;
     };
     struct Attitude
     {
         bool invertPitch = false;
         bool invertRoll = false;
         bool invertYaw = false;
+
+        friend bool operator==(const Attitude &, const Attitude &) = default;
     };
 
     Inputs inputs;
@@ -114,6 +140,8 @@ struct HelicopterSettings
     // left out; so is the collective lever, which reads bottom until it moves.
     [[nodiscard]] QList<int> joystickCentredSlots() const;
     [[nodiscard]] QList<int> pedalsCentredSlots() const;
+
+    friend bool operator==(const HelicopterSettings &, const HelicopterSettings &) = default;
 };
 
 } // namespace tavrix

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "crsfchannels.h"
+
 #include <QJsonObject>
 #include <QList>
 #include <QObject>
@@ -14,9 +16,9 @@ struct EscPreset
 {
     QString id;
     QString name;
-    int neutral = 992;
-    int fullForward = 1811;
-    int fullReverse = 172;
+    int neutral = crsf::kServoCenter;
+    int fullForward = crsf::kServoMax;
+    int fullReverse = crsf::kServoMin;
 
     [[nodiscard]] static EscPreset fromJson(const QJsonObject &object);
     [[nodiscard]] QJsonObject toJson() const;

@@ -26,11 +26,91 @@ inline constexpr QLatin1String kReceiverSettings{"receiverSettings"};
 inline constexpr QLatin1String kReceiverCaps{"receiverCaps"};
 
 // Drive settings inside axisSettings.
+inline constexpr QLatin1String kSteeringAxis{"Steering"};
+inline constexpr QLatin1String kThrottleAxis{"Throttle"};
+inline constexpr QLatin1String kBrakeAxis{"Brake"};
+inline constexpr QLatin1String kClutchAxis{"Clutch"};
 inline constexpr QLatin1String kEscMode{"escMode"};
 inline constexpr QLatin1String kEscPresetId{"escPresetId"};
 inline constexpr QLatin1String kEscNeutral{"escNeutral"};
 inline constexpr QLatin1String kEscFullForward{"escFullForward"};
 inline constexpr QLatin1String kEscFullReverse{"escFullReverse"};
+inline constexpr QLatin1String kSteeringLeft{"steeringLeft"};
+inline constexpr QLatin1String kSteeringCenter{"steeringCenter"};
+inline constexpr QLatin1String kSteeringRight{"steeringRight"};
+inline constexpr QLatin1String kSmoothDeceleration{"smoothDeceleration"};
+inline constexpr QLatin1String kDecelRate{"decelRate"};
+inline constexpr QLatin1String kPitLimiterEnabled{"pitLimiterEnabled"};
+inline constexpr QLatin1String kPitLimiterValue{"pitLimiterValue"};
+inline constexpr QLatin1String kGearThrottleLimitEnabled{"gearThrottleLimitEnabled"};
+inline constexpr QLatin1String kGearThrottleLimitPercent{"gearThrottleLimitPercent"};
+inline constexpr QLatin1String kReverseEnabled{"reverseEnabled"};
+inline constexpr QLatin1String kReverseButtonIndex{"reverseButtonIndex"};
+inline constexpr QLatin1String kReverseMaxPercent{"reverseMaxPercent"};
+inline constexpr QLatin1String kSoftStartEnabled{"softStartEnabled"};
+inline constexpr QLatin1String kSoftStartDurationSec{"softStartDurationSec"};
+inline constexpr QLatin1String kSoftStartFloorPercent{"softStartFloorPercent"};
+inline constexpr QLatin1String kStuckThrottleDetectionEnabled{"stuckThrottleDetectionEnabled"};
+inline constexpr QLatin1String kThrottleSpikeRejectionEnabled{"throttleSpikeRejectionEnabled"};
+
+// One entry of buttonMappings (its name is kName).
+inline constexpr QLatin1String kButtonIndex{"buttonIndex"};
+inline constexpr QLatin1String kExtraButtons{"extraButtons"};
+inline constexpr QLatin1String kChannel{"channel"};
+inline constexpr QLatin1String kMode{"mode"};
+inline constexpr QLatin1String kOutputValue{"outputValue"};
+inline constexpr QLatin1String kRateUnitsPerSec{"rateUnitsPerSec"};
+inline constexpr QLatin1String kMinValue{"minValue"};
+inline constexpr QLatin1String kMaxValue{"maxValue"};
+inline constexpr QLatin1String kStartValue{"startValue"};
+inline constexpr QLatin1String kActivatesPitLimiter{"activatesPitLimiter"};
+
+// ledSettings, as far as the transmit loop reads it.
+inline constexpr QLatin1String kLedCount{"ledCount"};
+inline constexpr QLatin1String kBrightness{"brightness"};
+inline constexpr QLatin1String kActivePercentage{"activePercentage"};
+inline constexpr QLatin1String kPowerOn{"powerOn"};
+inline constexpr QLatin1String kPowerButtonIndex{"powerButtonIndex"};
+
+// helicopterConfig. The input devices are under kInputs; calibration and channels
+// are both keyed by the functions kRoll, kPitch, kThrottle and kRudder.
+inline constexpr QLatin1String kXAxis{"xAxis"};
+inline constexpr QLatin1String kYAxis{"yAxis"};
+inline constexpr QLatin1String kAxis{"axis"};
+inline constexpr QLatin1String kAxis2{"axis2"};
+inline constexpr QLatin1String kDifferential{"differential"};
+inline constexpr QLatin1String kCalibration{"calibration"};
+inline constexpr QLatin1String kChannels{"channels"};
+inline constexpr QLatin1String kRoll{"roll"};
+inline constexpr QLatin1String kPitch{"pitch"};
+inline constexpr QLatin1String kRudder{"rudder"};
+inline constexpr QLatin1String kMin{"min"};
+inline constexpr QLatin1String kCenter{"center"};
+inline constexpr QLatin1String kMax{"max"};
+inline constexpr QLatin1String kFly{"fly"};
+inline constexpr QLatin1String kArmAtIdle{"armAtIdle"};
+inline constexpr QLatin1String kSoftStart{"softStart"};
+inline constexpr QLatin1String kSoftStartSec{"softStartSec"};
+inline constexpr QLatin1String kArm{"arm"};
+inline constexpr QLatin1String kEnabled{"enabled"};
+inline constexpr QLatin1String kOnUs{"onUs"};
+inline constexpr QLatin1String kOffUs{"offUs"};
+inline constexpr QLatin1String kDualRates{"dualRates"};
+inline constexpr QLatin1String kBeginnerPct{"beginnerPct"};
+inline constexpr QLatin1String kSportPct{"sportPct"};
+inline constexpr QLatin1String kThreeDPct{"threeDPct"};
+inline constexpr QLatin1String kActiveMode{"activeMode"};
+inline constexpr QLatin1String kPitchCurve{"pitchCurve"};
+inline constexpr QLatin1String kThrottleCurve{"throttleCurve"};
+inline constexpr QLatin1String kPoints{"points"};
+inline constexpr QLatin1String kMotorChannel{"motorChannel"};
+inline constexpr QLatin1String kAttitude{"attitude"};
+inline constexpr QLatin1String kInvertPitch{"invertPitch"};
+inline constexpr QLatin1String kInvertRoll{"invertRoll"};
+inline constexpr QLatin1String kInvertYaw{"invertYaw"};
+
+// receiverCaps.
+inline constexpr QLatin1String kFirmware{"firmware"};
 
 // deviceConnections and the helicopter's input devices.
 inline constexpr QLatin1String kBridge{"bridge"};
@@ -48,6 +128,8 @@ inline constexpr QLatin1String kDevicePath{"devicePath"};
 inline constexpr QLatin1String kUniqId{"uniqId"};
 inline constexpr QLatin1String kVendorId{"vendorId"};
 inline constexpr QLatin1String kProductId{"productId"};
+// A wheel base, pedals or shifter: which input selects which gear (a list under kButtonIndex).
+inline constexpr QLatin1String kShifterMapping{"shifterMapping"};
 
 // config.json.
 inline constexpr QLatin1String kLastActiveProfileId{"lastActiveProfileId"};

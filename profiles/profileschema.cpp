@@ -1,5 +1,6 @@
 #include "profileschema.h"
 
+#include "crsfchannels.h"
 #include "profilekeys.h"
 #include "profilemigrations.h"
 
@@ -155,10 +156,10 @@ SchemaField deviceConnection(QLatin1String role)
                                  }));
     fields.push_back(boolean("hasCustomShifterMapping"_L1, false));
     // One input per gear slot: 0 neutral, 1 reverse, 2..8 gears 1..7.
-    fields.push_back(
-        object("shifterMapping"_L1, {
-                                        list("buttonIndex"_L1, element(Kind::Int, -1), repeated(-1, 9), 9),
-                                    }));
+    fields.push_back(object(keys::kShifterMapping,
+                            {
+                                list(keys::kButtonIndex, element(Kind::Int, -1), repeated(-1, 9), 9),
+                            }));
     return object(role, std::move(fields));
 }
 
@@ -173,61 +174,63 @@ SchemaField helicopterDevice(QLatin1String role, Schema axes)
 
 SchemaField calibrationPoints(QLatin1String function)
 {
-    return object(function, {number("min"_L1, -1.0), number("center"_L1, 0.0), number("max"_L1, 1.0)});
+    return object(function, {number(keys::kMin, -1.0), number(keys::kCenter, 0.0), number(keys::kMax, 1.0)});
 }
 
 SchemaField curve(QLatin1String key)
 {
     // Five points from stick low to stick high; the default is the straight line.
     return object(key, {
-                           boolean("enabled"_L1, false),
-                           list("points"_L1, element(Kind::Number, 0.0), {0.0, 0.25, 0.5, 0.75, 1.0}),
+                           boolean(keys::kEnabled, false),
+                           list(keys::kPoints, element(Kind::Number, 0.0), {0.0, 0.25, 0.5, 0.75, 1.0}),
                        });
 }
 
 Schema buildProfileFields()
 {
     Schema drive = {
-        axisSettings("Steering"_L1),
-        axisSettings("Throttle"_L1),
-        axisSettings("Brake"_L1),
-        axisSettings("Clutch"_L1),
+        axisSettings(keys::kSteeringAxis),
+        axisSettings(keys::kThrottleAxis),
+        axisSettings(keys::kBrakeAxis),
+        axisSettings(keys::kClutchAxis),
         integer(keys::kEscMode, 0),
         text(keys::kEscPresetId),
-        integer(keys::kEscNeutral, 992),
-        integer(keys::kEscFullForward, 1811),
-        integer(keys::kEscFullReverse, 172),
-        integer("steeringLeft"_L1, 0),
-        integer("steeringCenter"_L1, 1024),
-        integer("steeringRight"_L1, 2047),
-        boolean("smoothDeceleration"_L1, false),
-        integer("decelRate"_L1, 20),
-        boolean("pitLimiterEnabled"_L1, false),
-        integer("pitLimiterValue"_L1, 1200),
-        boolean("gearThrottleLimitEnabled"_L1, false),
-        list("gearThrottleLimitPercent"_L1, element(Kind::Int, 100), repeated(100, 7), 7),
-        boolean("reverseEnabled"_L1, false),
-        integer("reverseButtonIndex"_L1, -1),
-        integer("reverseMaxPercent"_L1, 100),
-        boolean("softStartEnabled"_L1, true),
-        integer("softStartDurationSec"_L1, 30),
-        integer("softStartFloorPercent"_L1, 10),
-        boolean("stuckThrottleDetectionEnabled"_L1, true),
-        boolean("throttleSpikeRejectionEnabled"_L1, true),
+        // A standard ESC: the servo span.
+        integer(keys::kEscNeutral, crsf::kServoCenter),
+        integer(keys::kEscFullForward, crsf::kServoMax),
+        integer(keys::kEscFullReverse, crsf::kServoMin),
+        // No end points of its own: steering sweeps the whole channel.
+        integer(keys::kSteeringLeft, crsf::kChannelMin),
+        integer(keys::kSteeringCenter, crsf::kChannelMid),
+        integer(keys::kSteeringRight, crsf::kChannelMax),
+        boolean(keys::kSmoothDeceleration, false),
+        integer(keys::kDecelRate, 20),
+        boolean(keys::kPitLimiterEnabled, false),
+        integer(keys::kPitLimiterValue, 1200),
+        boolean(keys::kGearThrottleLimitEnabled, false),
+        list(keys::kGearThrottleLimitPercent, element(Kind::Int, 100), repeated(100, 7), 7),
+        boolean(keys::kReverseEnabled, false),
+        integer(keys::kReverseButtonIndex, -1),
+        integer(keys::kReverseMaxPercent, 100),
+        boolean(keys::kSoftStartEnabled, true),
+        integer(keys::kSoftStartDurationSec, 30),
+        integer(keys::kSoftStartFloorPercent, 10),
+        boolean(keys::kStuckThrottleDetectionEnabled, true),
+        boolean(keys::kThrottleSpikeRejectionEnabled, true),
     };
 
     SchemaField buttonMapping = element({
         text(keys::kName),
-        integer("buttonIndex"_L1, -1),
-        list("extraButtons"_L1, element(Kind::Int, -1)),
-        integer("channel"_L1, 3),
-        integer("mode"_L1, 0),
-        integer("outputValue"_L1, 2047),
-        integer("rateUnitsPerSec"_L1, 1024),
-        integer("minValue"_L1, 0),
-        integer("maxValue"_L1, 2047),
-        integer("startValue"_L1, 0),
-        boolean("activatesPitLimiter"_L1, false),
+        integer(keys::kButtonIndex, -1),
+        list(keys::kExtraButtons, element(Kind::Int, -1)),
+        integer(keys::kChannel, 3),
+        integer(keys::kMode, 0),
+        integer(keys::kOutputValue, crsf::kChannelMax),
+        integer(keys::kRateUnitsPerSec, 1024),
+        integer(keys::kMinValue, crsf::kChannelMin),
+        integer(keys::kMaxValue, crsf::kChannelMax),
+        integer(keys::kStartValue, crsf::kChannelMin),
+        boolean(keys::kActivatesPitLimiter, false),
     });
 
     Schema devices = {
@@ -239,13 +242,13 @@ Schema buildProfileFields()
     };
 
     Schema led = {
-        integer("ledCount"_L1, 8),
-        integer("brightness"_L1, 99),
-        integer("activePercentage"_L1, 100),
-        boolean("powerOn"_L1, true),
-        integer("powerButtonIndex"_L1, -1),
+        integer(keys::kLedCount, 8),
+        integer(keys::kBrightness, 99),
+        integer(keys::kActivePercentage, 100),
+        boolean(keys::kPowerOn, true),
+        integer(keys::kPowerButtonIndex, -1),
         // "per_led", "range"; anything else shows the global colour.
-        text("mode"_L1, "global"_L1),
+        text(keys::kMode, "global"_L1),
         integer("selectedLedIndex"_L1, 0),
         colour("globalColor"_L1, 255, 255, 255),
         list("ledColors"_L1, element({integer("index"_L1, 0), colour("color"_L1, 255, 255, 255)})),
@@ -257,27 +260,27 @@ Schema buildProfileFields()
     Schema helicopter = {
         object(keys::kInputs,
                {
-                   helicopterDevice(keys::kJoystick, {integer("xAxis"_L1, 0), integer("yAxis"_L1, 1)}),
-                   helicopterDevice(keys::kThrottle, {integer("axis"_L1, 2)}),
-                   helicopterDevice(keys::kPedals, {integer("axis"_L1, 3), integer("axis2"_L1, -1),
-                                                    boolean("differential"_L1, false)}),
+                   helicopterDevice(keys::kJoystick, {integer(keys::kXAxis, 0), integer(keys::kYAxis, 1)}),
+                   helicopterDevice(keys::kThrottle, {integer(keys::kAxis, 2)}),
+                   helicopterDevice(keys::kPedals, {integer(keys::kAxis, 3), integer(keys::kAxis2, -1),
+                                                    boolean(keys::kDifferential, false)}),
                }),
-        object("calibration"_L1, {calibrationPoints("roll"_L1), calibrationPoints("pitch"_L1),
-                                  calibrationPoints("throttle"_L1), calibrationPoints("rudder"_L1)}),
-        object("channels"_L1, {integer("roll"_L1, 0), integer("pitch"_L1, 1), integer("throttle"_L1, 2),
-                               integer("rudder"_L1, 3)}),
-        object("fly"_L1, {boolean("armAtIdle"_L1, true), boolean("softStart"_L1, false),
-                          integer("softStartSec"_L1, 3)}),
-        object("arm"_L1, {boolean("enabled"_L1, false), integer("channel"_L1, 4), integer("onUs"_L1, 2012),
-                          integer("offUs"_L1, 988)}),
-        object("dualRates"_L1,
-               {boolean("enabled"_L1, true), integer("beginnerPct"_L1, 60), integer("sportPct"_L1, 80),
-                integer("threeDPct"_L1, 100), integer("activeMode"_L1, 0)}),
-        curve("pitchCurve"_L1),
-        curve("throttleCurve"_L1),
-        integer("motorChannel"_L1, 5),
-        object("attitude"_L1, {boolean("invertPitch"_L1, false), boolean("invertRoll"_L1, false),
-                               boolean("invertYaw"_L1, false)}),
+        object(keys::kCalibration, {calibrationPoints(keys::kRoll), calibrationPoints(keys::kPitch),
+                                    calibrationPoints(keys::kThrottle), calibrationPoints(keys::kRudder)}),
+        object(keys::kChannels, {integer(keys::kRoll, 0), integer(keys::kPitch, 1),
+                                 integer(keys::kThrottle, 2), integer(keys::kRudder, 3)}),
+        object(keys::kFly, {boolean(keys::kArmAtIdle, true), boolean(keys::kSoftStart, false),
+                            integer(keys::kSoftStartSec, 3)}),
+        object(keys::kArm, {boolean(keys::kEnabled, false), integer(keys::kChannel, 4),
+                            integer(keys::kOnUs, 2012), integer(keys::kOffUs, 988)}),
+        object(keys::kDualRates,
+               {boolean(keys::kEnabled, true), integer(keys::kBeginnerPct, 60), integer(keys::kSportPct, 80),
+                integer(keys::kThreeDPct, 100), integer(keys::kActiveMode, 0)}),
+        curve(keys::kPitchCurve),
+        curve(keys::kThrottleCurve),
+        integer(keys::kMotorChannel, 5),
+        object(keys::kAttitude, {boolean(keys::kInvertPitch, false), boolean(keys::kInvertRoll, false),
+                                 boolean(keys::kInvertYaw, false)}),
     };
 
     Schema receiverSettings = {
@@ -289,7 +292,7 @@ Schema buildProfileFields()
     Schema receiverCaps = {
         boolean("imu"_L1, false),
         boolean("gps"_L1, false),
-        text("firmware"_L1),
+        text(keys::kFirmware),
         integer("osdOnBoard"_L1, -1),
     };
 
@@ -395,9 +398,9 @@ const Schema &ProfileSchema::escPresetFields()
     static const Schema kFields = {
         text(keys::kId),
         text(keys::kName),
-        integer(keys::kNeutral, 992),
-        integer(keys::kFullForward, 1811),
-        integer(keys::kFullReverse, 172),
+        integer(keys::kNeutral, crsf::kServoCenter),
+        integer(keys::kFullForward, crsf::kServoMax),
+        integer(keys::kFullReverse, crsf::kServoMin),
     };
     return kFields;
 }

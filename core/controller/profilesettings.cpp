@@ -3,6 +3,7 @@
 #include "crsftypes.h"
 #include "inputsource.h"
 #include "profilekeys.h"
+#include "profileschema.h"
 
 #include <QJsonArray>
 #include <QJsonValue>
@@ -12,47 +13,35 @@ namespace tavrix {
 
 namespace {
 
-int32_t intOf(const QJsonObject &object, QLatin1String key, int32_t fallback)
+namespace keys = profilekeys;
+
+// The readers below take objects the profile key table has completed: every key is
+// there with a value of its kind, so none of them needs a default of its own.
+
+int32_t intAt(const QJsonObject &object, QLatin1String key)
 {
-    const QJsonValue value = object.value(key);
-    return value.isDouble() ? int32_t(value.toDouble()) : fallback;
+    return object.value(key).toInt();
 }
 
-bool boolOf(const QJsonObject &object, QLatin1String key, bool fallback)
+bool boolAt(const QJsonObject &object, QLatin1String key)
 {
-    const QJsonValue value = object.value(key);
-    return value.isBool() ? value.toBool() : fallback;
+    return object.value(key).toBool();
 }
 
-float floatOf(const QJsonObject &object, QLatin1String key, float fallback)
+float floatAt(const QJsonObject &object, QLatin1String key)
 {
-    const QJsonValue value = object.value(key);
-    return value.isDouble() ? float(value.toDouble()) : fallback;
+    return float(object.value(key).toDouble());
 }
 
-QJsonObject objectOf(const QJsonObject &object, QLatin1String key)
+QJsonObject objectAt(const QJsonObject &object, QLatin1String key)
 {
     return object.value(key).toObject();
 }
 
-AxisCalibration calibrationFromJson(const QJsonObject &object)
+// A top-level section of a profile as the key table completes it.
+QJsonObject completedSection(const QJsonObject &section, QLatin1String key)
 {
-    AxisCalibration calibration;
-    calibration.min = floatOf(object, QLatin1String("min"), calibration.min);
-    calibration.center = floatOf(object, QLatin1String("center"), calibration.center);
-    calibration.max = floatOf(object, QLatin1String("max"), calibration.max);
-    return calibration;
-}
-
-HelicopterCurve curveFromJson(const QJsonObject &object)
-{
-    HelicopterCurve curve;
-    curve.enabled = boolOf(object, QLatin1String("enabled"), false);
-    for (const QJsonValue &point : object.value(QLatin1String("points")).toArray()) {
-        if (point.isDouble())
-            curve.points.append(point.toDouble());
-    }
-    return curve;
+    return ProfileSchema::normaliseValue(section, *ProfileSchema::profileField(key)).toObject();
 }
 
 ButtonBehaviour behaviourFromStored(int32_t mode)
@@ -69,6 +58,170 @@ ButtonBehaviour behaviourFromStored(int32_t mode)
     default:
         return ButtonBehaviour::Momentary;
     }
+}
+
+AxisSettings readAxis(const QJsonObject &axisSettings, QLatin1String name)
+{
+    return AxisSettings::fromJson(objectAt(axisSettings, name), name);
+}
+
+DriveSettings readDrive(const QJsonObject &axis)
+{
+    DriveSettings s;
+    s.escMode = escModeFromStored(intAt(axis, keys::kEscMode));
+    s.escNeutral = intAt(axis, keys::kEscNeutral);
+    s.escFullForward = intAt(axis, keys::kEscFullForward);
+    s.escFullReverse = intAt(axis, keys::kEscFullReverse);
+    s.steeringLeft = intAt(axis, keys::kSteeringLeft);
+    s.steeringCenter = intAt(axis, keys::kSteeringCenter);
+    s.steeringRight = intAt(axis, keys::kSteeringRight);
+
+    const AxisSettings steering = readAxis(axis, keys::kSteeringAxis);
+    s.steeringCalibration.useCalibration = steering.useCalibration;
+    s.steeringCalibration.inputMin = steering.inputMin;
+    s.steeringCalibration.inputCenter = steering.inputCenter;
+    s.steeringCalibration.inputMax = steering.inputMax;
+    s.steeringCalibration.inverted = steering.inverted;
+
+    s.smoothDeceleration = boolAt(axis, keys::kSmoothDeceleration);
+    s.decelRate = intAt(axis, keys::kDecelRate);
+    s.pitLimiterEnabled = boolAt(axis, keys::kPitLimiterEnabled);
+    s.pitLimiterValue = intAt(axis, keys::kPitLimiterValue);
+    s.gearThrottleLimitEnabled = boolAt(axis, keys::kGearThrottleLimitEnabled);
+    const QJsonArray limits = axis.value(keys::kGearThrottleLimitPercent).toArray();
+    for (int gear = 0; gear < DriveSettings::kGears && gear < limits.size(); ++gear)
+        s.gearThrottleLimitPercent[gear] = limits.at(gear).toInt();
+    s.reverseEnabled = boolAt(axis, keys::kReverseEnabled);
+    s.reverseButtonIndex = intAt(axis, keys::kReverseButtonIndex);
+    s.reverseMaxPercent = intAt(axis, keys::kReverseMaxPercent);
+    s.softStartEnabled = boolAt(axis, keys::kSoftStartEnabled);
+    s.softStartDurationSec = intAt(axis, keys::kSoftStartDurationSec);
+    s.softStartFloorPercent = intAt(axis, keys::kSoftStartFloorPercent);
+    s.stuckThrottleDetectionEnabled = boolAt(axis, keys::kStuckThrottleDetectionEnabled);
+    s.throttleSpikeRejectionEnabled = boolAt(axis, keys::kThrottleSpikeRejectionEnabled);
+    return s;
+}
+
+DriveAxes readDriveAxes(const QJsonObject &axis)
+{
+    return {readAxis(axis, keys::kSteeringAxis), readAxis(axis, keys::kThrottleAxis),
+            readAxis(axis, keys::kBrakeAxis), readAxis(axis, keys::kClutchAxis)};
+}
+
+ButtonMapping readButtonMapping(const QJsonObject &o)
+{
+    ButtonMapping m;
+    m.name = o.value(keys::kName).toString();
+    m.buttonIndex = intAt(o, keys::kButtonIndex);
+    for (const QJsonValue &extra : o.value(keys::kExtraButtons).toArray())
+        m.extraButtons.append(extra.toInt());
+    m.channel = intAt(o, keys::kChannel);
+    m.mode = behaviourFromStored(intAt(o, keys::kMode));
+    m.outputValue = intAt(o, keys::kOutputValue);
+    m.rateUnitsPerSec = intAt(o, keys::kRateUnitsPerSec);
+    m.minValue = intAt(o, keys::kMinValue);
+    m.maxValue = intAt(o, keys::kMaxValue);
+    m.startValue = intAt(o, keys::kStartValue);
+    m.activatesPitLimiter = boolAt(o, keys::kActivatesPitLimiter);
+    return m;
+}
+
+ButtonMappingList readButtonMappings(const QJsonArray &array)
+{
+    ButtonMappingList list;
+    for (const QJsonValue &entry : array)
+        list.append(readButtonMapping(entry.toObject()));
+    return list;
+}
+
+AxisCalibration readCalibration(const QJsonObject &object)
+{
+    return {floatAt(object, keys::kMin), floatAt(object, keys::kCenter), floatAt(object, keys::kMax)};
+}
+
+HelicopterCurve readCurve(const QJsonObject &object)
+{
+    HelicopterCurve curve;
+    curve.enabled = boolAt(object, keys::kEnabled);
+    curve.points.clear();
+    for (const QJsonValue &point : object.value(keys::kPoints).toArray())
+        curve.points.append(point.toDouble());
+    return curve;
+}
+
+HelicopterSettings readHelicopter(const QJsonObject &config)
+{
+    HelicopterSettings h;
+    const QJsonObject inputs = objectAt(config, keys::kInputs);
+    const QJsonObject joystick = objectAt(inputs, keys::kJoystick);
+    h.inputs.joystick.xAxis = intAt(joystick, keys::kXAxis);
+    h.inputs.joystick.yAxis = intAt(joystick, keys::kYAxis);
+    h.inputs.throttle.axis = intAt(objectAt(inputs, keys::kThrottle), keys::kAxis);
+    const QJsonObject pedals = objectAt(inputs, keys::kPedals);
+    h.inputs.pedals.axis = intAt(pedals, keys::kAxis);
+    h.inputs.pedals.axis2 = intAt(pedals, keys::kAxis2);
+    h.inputs.pedals.differential = boolAt(pedals, keys::kDifferential);
+
+    const QJsonObject calibration = objectAt(config, keys::kCalibration);
+    h.calibration.roll = readCalibration(objectAt(calibration, keys::kRoll));
+    h.calibration.pitch = readCalibration(objectAt(calibration, keys::kPitch));
+    h.calibration.throttle = readCalibration(objectAt(calibration, keys::kThrottle));
+    h.calibration.rudder = readCalibration(objectAt(calibration, keys::kRudder));
+
+    const QJsonObject channels = objectAt(config, keys::kChannels);
+    h.channels.roll = intAt(channels, keys::kRoll);
+    h.channels.pitch = intAt(channels, keys::kPitch);
+    h.channels.throttle = intAt(channels, keys::kThrottle);
+    h.channels.rudder = intAt(channels, keys::kRudder);
+
+    const QJsonObject fly = objectAt(config, keys::kFly);
+    h.fly.armAtIdle = boolAt(fly, keys::kArmAtIdle);
+    h.fly.softStart = boolAt(fly, keys::kSoftStart);
+    h.fly.softStartSec = intAt(fly, keys::kSoftStartSec);
+
+    const QJsonObject arm = objectAt(config, keys::kArm);
+    h.arm.enabled = boolAt(arm, keys::kEnabled);
+    h.arm.channel = intAt(arm, keys::kChannel);
+    h.arm.onUs = intAt(arm, keys::kOnUs);
+    h.arm.offUs = intAt(arm, keys::kOffUs);
+
+    const QJsonObject rates = objectAt(config, keys::kDualRates);
+    h.dualRates.enabled = boolAt(rates, keys::kEnabled);
+    h.dualRates.beginnerPct = intAt(rates, keys::kBeginnerPct);
+    h.dualRates.sportPct = intAt(rates, keys::kSportPct);
+    h.dualRates.threeDPct = intAt(rates, keys::kThreeDPct);
+    h.dualRates.activeMode = intAt(rates, keys::kActiveMode);
+
+    h.pitchCurve = readCurve(objectAt(config, keys::kPitchCurve));
+    h.throttleCurve = readCurve(objectAt(config, keys::kThrottleCurve));
+    h.motorChannel = intAt(config, keys::kMotorChannel);
+
+    const QJsonObject attitude = objectAt(config, keys::kAttitude);
+    h.attitude.invertPitch = boolAt(attitude, keys::kInvertPitch);
+    h.attitude.invertRoll = boolAt(attitude, keys::kInvertRoll);
+    h.attitude.invertYaw = boolAt(attitude, keys::kInvertYaw);
+    return h;
+}
+
+LedSettings readLed(const QJsonObject &o)
+{
+    LedSettings led;
+    led.ledCount = intAt(o, keys::kLedCount);
+    led.brightness = intAt(o, keys::kBrightness);
+    led.activePercentage = intAt(o, keys::kActivePercentage);
+    led.powerOn = boolAt(o, keys::kPowerOn);
+    led.powerButtonIndex = intAt(o, keys::kPowerButtonIndex);
+    return led;
+}
+
+ShifterMapping readShifterMapping(const QJsonObject &connection)
+{
+    ShifterMapping mapping;
+    const QJsonArray indexes =
+        objectAt(connection, keys::kShifterMapping).value(keys::kButtonIndex).toArray();
+    for (int slot = 0; slot < ShifterMapping::kSlots && slot < indexes.size(); ++slot)
+        mapping.buttonIndex[slot] = indexes.at(slot).toInt();
+    return mapping;
 }
 
 } // namespace
@@ -89,165 +242,14 @@ VehicleType vehicleTypeFromName(const QString &vehicleType)
     return vehicleType == vehicletype::kHelicopter ? VehicleType::Helicopter : VehicleType::Car;
 }
 
-DriveSettings driveSettingsFromJson(const QJsonObject &axis)
+HelicopterSettings helicopterSettingsFromJson(const QJsonObject &helicopterConfig)
 {
-    DriveSettings s;
-    s.escMode = escModeFromStored(intOf(axis, profilekeys::kEscMode, 0));
-    s.escNeutral = intOf(axis, profilekeys::kEscNeutral, s.escNeutral);
-    s.escFullForward = intOf(axis, profilekeys::kEscFullForward, s.escFullForward);
-    s.escFullReverse = intOf(axis, profilekeys::kEscFullReverse, s.escFullReverse);
-    s.steeringLeft = intOf(axis, QLatin1String("steeringLeft"), s.steeringLeft);
-    s.steeringCenter = intOf(axis, QLatin1String("steeringCenter"), s.steeringCenter);
-    s.steeringRight = intOf(axis, QLatin1String("steeringRight"), s.steeringRight);
-
-    const AxisSettings steering =
-        AxisSettings::fromJson(objectOf(axis, QLatin1String("Steering")), QStringLiteral("Steering"));
-    s.steeringCalibration.useCalibration = steering.useCalibration;
-    s.steeringCalibration.inputMin = steering.inputMin;
-    s.steeringCalibration.inputCenter = steering.inputCenter;
-    s.steeringCalibration.inputMax = steering.inputMax;
-    s.steeringCalibration.inverted = steering.inverted;
-
-    s.smoothDeceleration = boolOf(axis, QLatin1String("smoothDeceleration"), s.smoothDeceleration);
-    s.decelRate = intOf(axis, QLatin1String("decelRate"), s.decelRate);
-    s.pitLimiterEnabled = boolOf(axis, QLatin1String("pitLimiterEnabled"), s.pitLimiterEnabled);
-    s.pitLimiterValue = intOf(axis, QLatin1String("pitLimiterValue"), s.pitLimiterValue);
-    s.gearThrottleLimitEnabled =
-        boolOf(axis, QLatin1String("gearThrottleLimitEnabled"), s.gearThrottleLimitEnabled);
-    const QJsonArray limits = axis.value(QLatin1String("gearThrottleLimitPercent")).toArray();
-    for (int gear = 0; gear < DriveSettings::kGears && gear < limits.size(); ++gear) {
-        if (limits.at(gear).isDouble())
-            s.gearThrottleLimitPercent[gear] = int32_t(limits.at(gear).toDouble());
-    }
-    s.reverseEnabled = boolOf(axis, QLatin1String("reverseEnabled"), s.reverseEnabled);
-    s.reverseButtonIndex = intOf(axis, QLatin1String("reverseButtonIndex"), s.reverseButtonIndex);
-    s.reverseMaxPercent = intOf(axis, QLatin1String("reverseMaxPercent"), s.reverseMaxPercent);
-    s.softStartEnabled = boolOf(axis, QLatin1String("softStartEnabled"), s.softStartEnabled);
-    s.softStartDurationSec = intOf(axis, QLatin1String("softStartDurationSec"), s.softStartDurationSec);
-    s.softStartFloorPercent = intOf(axis, QLatin1String("softStartFloorPercent"), s.softStartFloorPercent);
-    s.stuckThrottleDetectionEnabled =
-        boolOf(axis, QLatin1String("stuckThrottleDetectionEnabled"), s.stuckThrottleDetectionEnabled);
-    s.throttleSpikeRejectionEnabled =
-        boolOf(axis, QLatin1String("throttleSpikeRejectionEnabled"), s.throttleSpikeRejectionEnabled);
-    return s;
+    return readHelicopter(completedSection(helicopterConfig, keys::kHelicopterConfig));
 }
 
-DriveAxes driveAxesFromJson(const QJsonObject &axis)
+LedSettings ledSettingsFromJson(const QJsonObject &ledSettings)
 {
-    const auto read = [&axis](const QString &name) {
-        return AxisSettings::fromJson(axis.value(name).toObject(), name);
-    };
-    return {read(QStringLiteral("Steering")), read(QStringLiteral("Throttle")), read(QStringLiteral("Brake")),
-            read(QStringLiteral("Clutch"))};
-}
-
-ButtonMapping buttonMappingFromJson(const QJsonObject &o)
-{
-    ButtonMapping m;
-    m.name = o.value(QLatin1String("name")).toString();
-    m.buttonIndex = intOf(o, QLatin1String("buttonIndex"), m.buttonIndex);
-    for (const QJsonValue &extra : o.value(QLatin1String("extraButtons")).toArray()) {
-        if (extra.isDouble())
-            m.extraButtons.append(int32_t(extra.toDouble()));
-    }
-    m.channel = intOf(o, QLatin1String("channel"), m.channel);
-    m.mode = behaviourFromStored(intOf(o, QLatin1String("mode"), 0));
-    m.outputValue = intOf(o, QLatin1String("outputValue"), m.outputValue);
-    m.rateUnitsPerSec = intOf(o, QLatin1String("rateUnitsPerSec"), m.rateUnitsPerSec);
-    m.minValue = intOf(o, QLatin1String("minValue"), m.minValue);
-    m.maxValue = intOf(o, QLatin1String("maxValue"), m.maxValue);
-    m.startValue = intOf(o, QLatin1String("startValue"), m.startValue);
-    m.activatesPitLimiter = boolOf(o, QLatin1String("activatesPitLimiter"), m.activatesPitLimiter);
-    return m;
-}
-
-ButtonMappingList buttonMappingsFromJson(const QJsonArray &array)
-{
-    ButtonMappingList list;
-    for (const QJsonValue &entry : array) {
-        if (entry.isObject())
-            list.append(buttonMappingFromJson(entry.toObject()));
-    }
-    return list;
-}
-
-HelicopterSettings helicopterSettingsFromJson(const QJsonObject &config)
-{
-    HelicopterSettings h;
-    const QJsonObject inputs = objectOf(config, profilekeys::kInputs);
-    const QJsonObject joystick = objectOf(inputs, profilekeys::kJoystick);
-    h.inputs.joystick.xAxis = intOf(joystick, QLatin1String("xAxis"), h.inputs.joystick.xAxis);
-    h.inputs.joystick.yAxis = intOf(joystick, QLatin1String("yAxis"), h.inputs.joystick.yAxis);
-    const QJsonObject throttle = objectOf(inputs, profilekeys::kThrottle);
-    h.inputs.throttle.axis = intOf(throttle, QLatin1String("axis"), h.inputs.throttle.axis);
-    const QJsonObject pedals = objectOf(inputs, profilekeys::kPedals);
-    h.inputs.pedals.axis = intOf(pedals, QLatin1String("axis"), h.inputs.pedals.axis);
-    h.inputs.pedals.axis2 = intOf(pedals, QLatin1String("axis2"), h.inputs.pedals.axis2);
-    h.inputs.pedals.differential =
-        boolOf(pedals, QLatin1String("differential"), h.inputs.pedals.differential);
-
-    const QJsonObject calibration = objectOf(config, QLatin1String("calibration"));
-    h.calibration.roll = calibrationFromJson(objectOf(calibration, QLatin1String("roll")));
-    h.calibration.pitch = calibrationFromJson(objectOf(calibration, QLatin1String("pitch")));
-    h.calibration.throttle = calibrationFromJson(objectOf(calibration, QLatin1String("throttle")));
-    h.calibration.rudder = calibrationFromJson(objectOf(calibration, QLatin1String("rudder")));
-
-    const QJsonObject channels = objectOf(config, QLatin1String("channels"));
-    h.channels.roll = intOf(channels, QLatin1String("roll"), h.channels.roll);
-    h.channels.pitch = intOf(channels, QLatin1String("pitch"), h.channels.pitch);
-    h.channels.throttle = intOf(channels, QLatin1String("throttle"), h.channels.throttle);
-    h.channels.rudder = intOf(channels, QLatin1String("rudder"), h.channels.rudder);
-
-    const QJsonObject fly = objectOf(config, QLatin1String("fly"));
-    h.fly.armAtIdle = boolOf(fly, QLatin1String("armAtIdle"), h.fly.armAtIdle);
-    h.fly.softStart = boolOf(fly, QLatin1String("softStart"), h.fly.softStart);
-    h.fly.softStartSec = intOf(fly, QLatin1String("softStartSec"), h.fly.softStartSec);
-
-    const QJsonObject arm = objectOf(config, QLatin1String("arm"));
-    h.arm.enabled = boolOf(arm, QLatin1String("enabled"), h.arm.enabled);
-    h.arm.channel = intOf(arm, QLatin1String("channel"), h.arm.channel);
-    h.arm.onUs = intOf(arm, QLatin1String("onUs"), h.arm.onUs);
-    h.arm.offUs = intOf(arm, QLatin1String("offUs"), h.arm.offUs);
-
-    const QJsonObject rates = objectOf(config, QLatin1String("dualRates"));
-    h.dualRates.enabled = boolOf(rates, QLatin1String("enabled"), h.dualRates.enabled);
-    h.dualRates.beginnerPct = intOf(rates, QLatin1String("beginnerPct"), h.dualRates.beginnerPct);
-    h.dualRates.sportPct = intOf(rates, QLatin1String("sportPct"), h.dualRates.sportPct);
-    h.dualRates.threeDPct = intOf(rates, QLatin1String("threeDPct"), h.dualRates.threeDPct);
-    h.dualRates.activeMode = intOf(rates, QLatin1String("activeMode"), h.dualRates.activeMode);
-
-    h.pitchCurve = curveFromJson(objectOf(config, QLatin1String("pitchCurve")));
-    h.throttleCurve = curveFromJson(objectOf(config, QLatin1String("throttleCurve")));
-    h.motorChannel = intOf(config, QLatin1String("motorChannel"), h.motorChannel);
-
-    const QJsonObject attitude = objectOf(config, QLatin1String("attitude"));
-    h.attitude.invertPitch = boolOf(attitude, QLatin1String("invertPitch"), false);
-    h.attitude.invertRoll = boolOf(attitude, QLatin1String("invertRoll"), false);
-    h.attitude.invertYaw = boolOf(attitude, QLatin1String("invertYaw"), false);
-    return h;
-}
-
-LedSettings ledSettingsFromJson(const QJsonObject &o)
-{
-    LedSettings led;
-    led.ledCount = intOf(o, QLatin1String("ledCount"), led.ledCount);
-    led.brightness = intOf(o, QLatin1String("brightness"), led.brightness);
-    led.activePercentage = intOf(o, QLatin1String("activePercentage"), led.activePercentage);
-    led.powerOn = boolOf(o, QLatin1String("powerOn"), led.powerOn);
-    led.powerButtonIndex = intOf(o, QLatin1String("powerButtonIndex"), led.powerButtonIndex);
-    return led;
-}
-
-ShifterMapping shifterMappingFromJson(const QJsonObject &connection)
-{
-    ShifterMapping mapping;
-    const QJsonArray indexes =
-        objectOf(connection, QLatin1String("shifterMapping")).value(QLatin1String("buttonIndex")).toArray();
-    for (int slot = 0; slot < ShifterMapping::kSlots && slot < indexes.size(); ++slot) {
-        if (indexes.at(slot).isDouble())
-            mapping.buttonIndex[slot] = int32_t(indexes.at(slot).toDouble());
-    }
-    return mapping;
+    return readLed(completedSection(ledSettings, keys::kLedSettings));
 }
 
 int receiverGenerationFromFirmware(const QString &firmware)
@@ -266,32 +268,35 @@ int receiverGenerationFromFirmware(const QString &firmware)
 
 QJsonObject ledSettingsWithPower(QJsonObject ledSettings, bool powerOn)
 {
-    ledSettings.insert(QLatin1String("powerOn"), powerOn);
+    ledSettings.insert(keys::kPowerOn, powerOn);
     return ledSettings;
 }
 
 QJsonObject helicopterConfigWithRateMode(QJsonObject config, int32_t mode)
 {
-    QJsonObject rates = config.value(QLatin1String("dualRates")).toObject();
-    rates.insert(QLatin1String("activeMode"), mode);
-    config.insert(QLatin1String("dualRates"), rates);
+    QJsonObject rates = objectAt(config, keys::kDualRates);
+    rates.insert(keys::kActiveMode, mode);
+    config.insert(keys::kDualRates, rates);
     return config;
 }
 
-ProfileSettings ProfileSettings::fromProfile(const QJsonObject &profile)
+ProfileSettings ProfileSettings::fromProfile(const QJsonObject &stored)
 {
+    // The store hands over completed profiles already. Completing again costs little
+    // outside the tick, and anything else, such as the empty object of a store that has
+    // not loaded yet, then reads as a default profile rather than as zeros.
+    const QJsonObject profile = ProfileSchema::normalise(stored, ProfileSchema::profileFields());
     ProfileSettings s;
-    s.vehicleType = vehicleTypeFromName(profile.value(profilekeys::kVehicleType).toString());
-    const QJsonObject axis = objectOf(profile, profilekeys::kAxisSettings);
-    s.drive = driveSettingsFromJson(axis);
-    s.axes = driveAxesFromJson(axis);
-    s.buttonMappings = buttonMappingsFromJson(profile.value(profilekeys::kButtonMappings).toArray());
-    s.helicopter = helicopterSettingsFromJson(objectOf(profile, profilekeys::kHelicopterConfig));
-    s.led = ledSettingsFromJson(objectOf(profile, profilekeys::kLedSettings));
-    s.shifter = shifterMappingFromJson(
-        objectOf(objectOf(profile, profilekeys::kDeviceConnections), profilekeys::kShifter));
+    s.vehicleType = vehicleTypeFromName(profile.value(keys::kVehicleType).toString());
+    const QJsonObject axis = objectAt(profile, keys::kAxisSettings);
+    s.drive = readDrive(axis);
+    s.axes = readDriveAxes(axis);
+    s.buttonMappings = readButtonMappings(profile.value(keys::kButtonMappings).toArray());
+    s.helicopter = readHelicopter(objectAt(profile, keys::kHelicopterConfig));
+    s.led = readLed(objectAt(profile, keys::kLedSettings));
+    s.shifter = readShifterMapping(objectAt(objectAt(profile, keys::kDeviceConnections), keys::kShifter));
     s.receiverGeneration = receiverGenerationFromFirmware(
-        objectOf(profile, profilekeys::kReceiverCaps).value(QLatin1String("firmware")).toString());
+        objectAt(profile, keys::kReceiverCaps).value(keys::kFirmware).toString());
     return s;
 }
 

@@ -5,6 +5,7 @@
 #include "controllertypes.h"
 #include "drivesettings.h"
 #include "helicoptersettings.h"
+#include "profilekeys.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -18,7 +19,8 @@ namespace tavrix {
 class ButtonSource;
 
 // The LED strip settings the transmit loop needs (`ledSettings`); the rest of the
-// object belongs to the LED editor and is written back untouched.
+// object belongs to the LED editor and is written back untouched. The initial values
+// are a default profile's, like those of the settings structs in core.
 struct LedSettings
 {
     int32_t ledCount = 8;
@@ -27,15 +29,19 @@ struct LedSettings
     bool powerOn = true;
     // Unified input index of the wheel button that flips the power; -1 for none.
     int32_t powerButtonIndex = -1;
+
+    friend bool operator==(const LedSettings &, const LedSettings &) = default;
 };
 
 // The four driving inputs' axis settings (`axisSettings` "Steering", "Throttle", "Brake", "Clutch").
 struct DriveAxes
 {
-    AxisSettings steering;
-    AxisSettings throttle;
-    AxisSettings brake;
-    AxisSettings clutch;
+    AxisSettings steering{.name = profilekeys::kSteeringAxis};
+    AxisSettings throttle{.name = profilekeys::kThrottleAxis};
+    AxisSettings brake{.name = profilekeys::kBrakeAxis};
+    AxisSettings clutch{.name = profilekeys::kClutchAxis};
+
+    friend bool operator==(const DriveAxes &, const DriveAxes &) = default;
 };
 
 // Which shifter input selects which gear (`shifterMapping.buttonIndex`): slot 0
@@ -49,6 +55,8 @@ struct ShifterMapping
 
     // The engaged gear: -1 reverse, 1..7 forward, 0 when no gear input is pressed.
     [[nodiscard]] int32_t gear(const ButtonSource &shifter) const;
+
+    friend bool operator==(const ShifterMapping &, const ShifterMapping &) = default;
 };
 
 // Everything the controller reads from the active profile, in the computations' own types.
@@ -64,18 +72,14 @@ struct ProfileSettings
     // What the telemetry catalogue needs to read a 0x08 frame (crsf::kReceiverGeneration*).
     int receiverGeneration = 0;
 
-    // Missing or mistyped keys keep the defaults above.
+    // Read through the profile key table: a missing or mistyped key reads as its default there.
     [[nodiscard]] static ProfileSettings fromProfile(const QJsonObject &profile);
 };
 
 [[nodiscard]] VehicleType vehicleTypeFromName(const QString &vehicleType);
-[[nodiscard]] DriveSettings driveSettingsFromJson(const QJsonObject &axisSettings);
-[[nodiscard]] DriveAxes driveAxesFromJson(const QJsonObject &axisSettings);
-[[nodiscard]] ButtonMapping buttonMappingFromJson(const QJsonObject &object);
-[[nodiscard]] ButtonMappingList buttonMappingsFromJson(const QJsonArray &array);
+// One section of the active profile (`helicopterConfig`, `ledSettings`), read like fromProfile().
 [[nodiscard]] HelicopterSettings helicopterSettingsFromJson(const QJsonObject &helicopterConfig);
 [[nodiscard]] LedSettings ledSettingsFromJson(const QJsonObject &ledSettings);
-[[nodiscard]] ShifterMapping shifterMappingFromJson(const QJsonObject &shifterConnection);
 // From `receiverCaps.firmware`: major version 4 or later is the newer generation, an
 // older version the classic one, no readable version unknown (0).
 [[nodiscard]] int receiverGenerationFromFirmware(const QString &firmware);

@@ -2,6 +2,7 @@
 #include "crsftypes.h"
 #include "deviceroleset.h"
 #include "drivecontrols.h"
+#include "profilekeys.h"
 #include "profilemanager.h"
 #include "profileschema.h"
 #include "profilesettings.h"
@@ -21,7 +22,7 @@ class TestControllerParts : public QObject
     Q_OBJECT
 
 private slots:
-    void defaultProfileReadsAsDefaults();
+    void defaultProfileReadsAsTypedDefaults();
     void storedValuesAreRead();
     void malformedValuesKeepDefaults();
     void receiverGeneration_data();
@@ -42,24 +43,24 @@ private slots:
     void followerStoresLedPower();
 };
 
-void TestControllerParts::defaultProfileReadsAsDefaults()
+void TestControllerParts::defaultProfileReadsAsTypedDefaults()
 {
-    const QJsonObject profile = ProfileSchema::defaultProfile(QStringLiteral("id"), QStringLiteral("Default"),
-                                                              ProfileSchema::currentTimestamp());
-    const ProfileSettings s = ProfileSettings::fromProfile(profile);
-    QCOMPARE(s.vehicleType, VehicleType::Car);
-    QVERIFY(s.drive.softStartEnabled);
-    QCOMPARE(s.drive.softStartDurationSec, 30);
-    QCOMPARE(s.drive.escNeutral, 992);
-    QVERIFY(s.drive.hasDefaultSteeringEndpoints());
-    QVERIFY(s.buttonMappings.isEmpty());
-    QVERIFY(s.led.powerOn);
-    QCOMPARE(s.led.powerButtonIndex, -1);
-    QCOMPARE(s.helicopter.channels.throttle, 2);
-    QVERIFY(s.helicopter.fly.armAtIdle);
-    QCOMPARE(s.helicopter.pitchCurve.points.size(), 5);
-    QCOMPARE(s.shifter.buttonIndex[ShifterMapping::kReverseSlot], -1);
-    QCOMPARE(s.receiverGeneration, crsf::kReceiverGenerationUnknown);
+    // The computations start from the settings structs' initial values until a profile is
+    // read; a fresh profile, and a button mapping added without fields, must read as those.
+    QJsonObject profile = ProfileSchema::defaultProfile(QStringLiteral("id"), QStringLiteral("Default"),
+                                                        ProfileSchema::currentTimestamp());
+    profile.insert(profilekeys::kButtonMappings, QJsonArray{QJsonObject{}});
+    const ProfileSettings read = ProfileSettings::fromProfile(ProfileSchema::readProfile(profile));
+    const ProfileSettings typed;
+    QCOMPARE(read.vehicleType, typed.vehicleType);
+    QVERIFY(read.drive == typed.drive);
+    QVERIFY(read.axes == typed.axes);
+    QCOMPARE(read.buttonMappings.size(), 1);
+    QVERIFY(read.buttonMappings.first() == ButtonMapping{});
+    QVERIFY(read.led == typed.led);
+    QVERIFY(read.shifter == typed.shifter);
+    QCOMPARE(read.receiverGeneration, typed.receiverGeneration);
+    QVERIFY(read.helicopter == typed.helicopter);
 }
 
 void TestControllerParts::storedValuesAreRead()
@@ -127,12 +128,13 @@ void TestControllerParts::malformedValuesKeepDefaults()
         {QStringLiteral("buttonMappings"), QJsonArray{QJsonObject{{QStringLiteral("mode"), 99}}}},
     };
     const ProfileSettings s = ProfileSettings::fromProfile(profile);
+    const DriveSettings drive;
     QCOMPARE(s.vehicleType, VehicleType::Car);
     QVERIFY(s.drive.softStartEnabled);
-    QCOMPARE(s.drive.decelRate, 20);
+    QCOMPARE(s.drive.decelRate, drive.decelRate);
     QCOMPARE(s.drive.gearThrottleLimitPercent[0], 50);
-    QCOMPARE(s.drive.gearThrottleLimitPercent[1], 100);
-    QVERIFY(s.led.powerOn);
+    QCOMPARE(s.drive.gearThrottleLimitPercent[1], drive.gearThrottleLimitPercent[1]);
+    QVERIFY(s.led == LedSettings{});
     QCOMPARE(s.buttonMappings.size(), 1);
     QCOMPARE(s.buttonMappings.first().mode, ButtonBehaviour::Momentary);
 }
