@@ -55,7 +55,6 @@ private slots:
     void channelFramesDecodeToTheSentValues_data();
     void channelFramesDecodeToTheSentValues();
     void commandBehindAStalledPartialFrameIsStillAnswered();
-    void telemetryFlowsOnlyWhileTransmittingWithTheCarOn();
     void stalledBridgeRecordsButNeverAnswers();
     void parameterWalkRunsOnlyInConfigMode();
     void deviceEnquiryIsAnsweredByWhoIsReachable_data();
@@ -173,33 +172,6 @@ void TestBridgeSimulator::commandBehindAStalledPartialFrameIsStillAnswered()
     // must not wait forever.
     QVERIFY(sendAndWaitForReply(client, QByteArray::fromHex("c818") + "START\n", QStringLiteral("OK START")));
     QCOMPARE(sim.mode(), Mode::Transmitting);
-}
-
-void TestBridgeSimulator::telemetryFlowsOnlyWhileTransmittingWithTheCarOn()
-{
-    BridgeSimulator sim(quietSettings());
-    BridgeClient client;
-    START_RIG(sim, client);
-    QSignalSpy sent(&sim, &BridgeSimulator::telemetryFrameSent);
-
-    QVERIFY(sendAndWaitForReply(client, "\n", QStringLiteral("STATUS")));
-    QVERIFY(!sent.wait(400)); // connected but not transmitting: the radio is silent
-
-    QVERIFY(sendAndWaitForReply(client, "START\n", QStringLiteral("OK START")));
-    QVERIFY(sent.wait(1000));
-
-    sim.setLinkUp(false); // the car is switched off
-    QVERIFY(client.waitForLine(QStringLiteral("LINK: lost")));
-    sent.clear();
-    QVERIFY(!sent.wait(400));
-    QVERIFY(sendAndWaitForReply(client, "\n", QStringLiteral("link=down")));
-
-    sim.setLinkUp(true);
-    QVERIFY(client.waitForLine(QStringLiteral("LINK: connected")));
-    QVERIFY(sent.wait(1000));
-
-    QVERIFY(sendAndWaitForReply(client, "STOP\n", QStringLiteral("OK STOP")));
-    QVERIFY(!sim.isTelemetryFlowing());
 }
 
 void TestBridgeSimulator::stalledBridgeRecordsButNeverAnswers()
