@@ -1,9 +1,10 @@
 #pragma once
 
-// The tests' one CRSF reference, written apart from both the hub's codec and the
-// simulator's so that each is checked against something it does not share: a CRC
-// computed one bit at a time, a packer and unpacker that move one bit at a time,
-// and a host-side stream parser that resynchronises on bad bytes.
+// The tests' one CRSF reference, written apart from the hub's codec and the
+// simulator's: a CRC computed one bit at a time (the hub's is table-driven; the
+// simulator's is also checked against frames from independent implementations),
+// a packer and unpacker that move one bit at a time, and a host-side stream
+// parser that resynchronises on bad bytes.
 
 #include <QByteArray>
 #include <QList>
