@@ -29,15 +29,9 @@ private slots:
     void receiverGeneration();
     void shifterGear_data();
     void shifterGear();
-    void pedalsHeldMessage_data();
-    void pedalsHeldMessage();
     void findSavedDevice_data();
     void findSavedDevice();
-    void wrapperNeedsNineBytesAndMarker_data();
-    void wrapperNeedsNineBytesAndMarker();
-    void carLinkDropsAfterTimeout();
     void staleCountChangesRaiseDashboardOnce();
-    void motionWaitAndStop();
     void followerWaitsForStopToSwitch_data();
     void followerWaitsForStopToSwitch();
     void followerStoresLedPower();
@@ -183,27 +177,6 @@ void TestControllerParts::shifterGear()
     QCOMPARE(mapping.gear(shifter), gear);
 }
 
-void TestControllerParts::pedalsHeldMessage_data()
-{
-    QTest::addColumn<float>("throttle");
-    QTest::addColumn<float>("brake");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("released") << 0.0f << 0.0f << QString();
-    QTest::newRow("at the limit") << 0.05f << 0.05f << QString();
-    QTest::newRow("throttle") << 0.06f << 0.0f << "Release the throttle pedal before starting transmission.";
-    QTest::newRow("brake") << 0.0f << 1.0f << "Release the brake pedal before starting transmission.";
-    QTest::newRow("both") << 0.5f << 0.5f
-                          << "Release the throttle and brake pedals before starting transmission.";
-}
-
-void TestControllerParts::pedalsHeldMessage()
-{
-    QFETCH(float, throttle);
-    QFETCH(float, brake);
-    QFETCH(QString, message);
-    QCOMPARE(DriveControls::pedalsHeldMessage(throttle, brake, 0.05f), message);
-}
-
 void TestControllerParts::findSavedDevice_data()
 {
     QTest::addColumn<QString>("productName");
@@ -237,55 +210,6 @@ void TestControllerParts::findSavedDevice()
     QCOMPARE(tavrix::findSavedDevice(saved, devices), index);
 }
 
-void TestControllerParts::wrapperNeedsNineBytesAndMarker_data()
-{
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<bool>("unwrapped");
-    const QByteArray record = QByteArray::fromHex("00"
-                                                  "0064"
-                                                  "0000"
-                                                  "fc18");
-    QTest::newRow("9 bytes") << QByteArray::fromHex("eaca") + record << true;
-    QTest::newRow("8 bytes") << QByteArray::fromHex("eaca") + record.left(6) << false;
-    QTest::newRow("marker missing") << QByteArray::fromHex("ea00") + record << false;
-}
-
-void TestControllerParts::wrapperNeedsNineBytesAndMarker()
-{
-    QFETCH(QByteArray, payload);
-    QFETCH(bool, unwrapped);
-    TelemetryMonitor monitor{ControllerTimings{}};
-    QSignalSpy motion(&monitor, &TelemetryMonitor::carMotionReceived);
-    monitor.handleFrame(crsf::kTypeWrappedRecord, payload);
-    QCOMPARE(motion.size(), unwrapped ? 1 : 0);
-    if (unwrapped) {
-        QCOMPARE(motion.first().at(0).toFloat(), 0.1f);
-        QCOMPARE(motion.first().at(2).toFloat(), -1.0f);
-    }
-    QCOMPARE(monitor.catalogue().isEmpty(), !unwrapped);
-}
-
-void TestControllerParts::carLinkDropsAfterTimeout()
-{
-    ControllerTimings t;
-    t.monitorInterval = std::chrono::milliseconds(10);
-    t.carLinkTimeout = std::chrono::milliseconds(60);
-    TelemetryMonitor monitor(t);
-    QSignalSpy link(&monitor, &TelemetryMonitor::carLinkChanged);
-
-    LinkStatistics stats;
-    stats.linkQuality = 100;
-    monitor.handleLinkStatistics(stats);
-    monitor.handleLinkStatistics(stats);
-    QCOMPARE(link.size(), 1);
-    QVERIFY(monitor.isCarLinked());
-    monitor.checkLinkAndSensors(); // fresh: still linked
-    QVERIFY(monitor.isCarLinked());
-    QVERIFY(link.wait(2000));
-    QCOMPARE(link.last().at(0).toBool(), false);
-    QCOMPARE(monitor.linkStatistics().linkQuality, uint8_t(100));
-}
-
 void TestControllerParts::staleCountChangesRaiseDashboardOnce()
 {
     ControllerTimings t;
@@ -316,38 +240,6 @@ void TestControllerParts::staleCountChangesRaiseDashboardOnce()
     monitor.checkLinkAndSensors();
     QCOMPARE(monitor.staleSensorCount(), 0);
     QCOMPARE(dashboard.size(), 2);
-}
-
-void TestControllerParts::motionWaitAndStop()
-{
-    ControllerTimings t;
-    t.motionWait = std::chrono::milliseconds(30);
-    TelemetryMonitor monitor(t);
-    QSignalSpy ffb(&monitor, &TelemetryMonitor::receiverFfbStateChanged);
-
-    monitor.transmissionStarted();
-    QCOMPARE(monitor.receiverFfbState(), ReceiverFfbState::WaitingForMotion);
-    monitor.transmissionStopped();
-    QCOMPARE(monitor.receiverFfbState(), ReceiverFfbState::Idle);
-    QVERIFY(!monitor.isWaitingForMotion());
-
-    monitor.transmissionStarted();
-    monitor.handleFrame(crsf::kTypeVehicleRecord, QByteArray::fromHex("00"
-                                                                      "0000"
-                                                                      "0000"
-                                                                      "03e8"));
-    QCOMPARE(monitor.receiverFfbState(), ReceiverFfbState::ReceivingMotion);
-    QVERIFY(!monitor.isWaitingForMotion());
-    QVERIFY(monitor.msSinceMotion() >= 0);
-    monitor.transmissionStopped();
-    QCOMPARE(monitor.receiverFfbState(), ReceiverFfbState::ReceivingMotion);
-    QCOMPARE(ffb.size(), 4);
-
-    // A record too short to decode is not motion.
-    TelemetryMonitor fresh(t);
-    fresh.handleFrame(crsf::kTypeVehicleRecord, QByteArray::fromHex("00"
-                                                                    "0000"));
-    QCOMPARE(fresh.receiverFfbState(), ReceiverFfbState::Idle);
 }
 
 void TestControllerParts::followerWaitsForStopToSwitch_data()

@@ -3,7 +3,6 @@
 #include "savedaxismapping.h"
 #include "virtualrig.h"
 
-#include <QDir>
 #include <QJsonArray>
 #include <QRegularExpression>
 #include <QTest>
@@ -26,10 +25,6 @@ class TestAxisMapping : public QObject
 private slots:
     void detectsPresetFromProductName_data();
     void detectsPresetFromProductName();
-    void everyRecordedDeviceHasARow();
-    void presetTable_data();
-    void presetTable();
-    void presetListIsTheFiveNames();
     void presetJsonRoundTrip();
     void logicalValueFollowsPreset_data();
     void logicalValueFollowsPreset();
@@ -50,33 +45,14 @@ void TestAxisMapping::detectsPresetFromProductName_data()
     // Product names of the wheels whose report descriptors are in the shared devices folder,
     // as their drivers name them, plus the edge cases of the rule order.
     QTest::newRow("G27") << QStringLiteral("G27 Racing Wheel") << presets::logitech;
-    QTest::newRow("G29 PS4 mode") << QStringLiteral("Logitech G29 Driving Force Racing Wheel")
-                                  << presets::logitech;
     QTest::newRow("G29 PS3 mode") << kPs3Wheel << presets::logitechPs;
     QTest::newRow("g29 and ps3 in lower case") << QStringLiteral("g29 wheel (ps3)") << presets::logitechPs;
-    QTest::newRow("G920 without ps3")
-        << QStringLiteral("Logitech G920 Driving Force Racing Wheel USB") << presets::logitech;
-    QTest::newRow("Driving Force") << QStringLiteral("Logitech Driving Force") << presets::logitech;
-    QTest::newRow("Driving Force Pro") << QStringLiteral("Driving Force Pro") << presets::logitech;
-    QTest::newRow("DFGT") << QStringLiteral("DFGT Wheel") << presets::logitech;
-    QTest::newRow("GT Force") << QStringLiteral("Logitech GT Force") << presets::logitech;
     QTest::newRow("MOMO Racing") << QStringLiteral("Logitech MOMO Racing") << presets::logitech;
     QTest::newRow("MOMO without maker") << QStringLiteral("MOMO Racing") << presets::generic;
-    QTest::newRow("Formula Vibration")
-        << QStringLiteral("Logitech Formula Vibration Feedback Wheel") << presets::logitech;
-    QTest::newRow("WingMan Formula GP") << QStringLiteral("WingMan Formula GP") << presets::generic;
     QTest::newRow("T300RS") << QStringLiteral("Thrustmaster T300RS Racing wheel") << presets::thrustmaster;
-    QTest::newRow("T300 bare") << QStringLiteral("T300RS Racing wheel") << presets::thrustmaster;
-    QTest::newRow("T248") << QStringLiteral("T248 Racing Wheel") << presets::thrustmaster;
     QTest::newRow("TX with blank") << QStringLiteral("TX Racing Wheel") << presets::thrustmaster;
     QTest::newRow("tx without blank") << QStringLiteral("STX-Wheel") << presets::generic;
-    QTest::newRow("TS-PC") << QStringLiteral("Thrustmaster TS-PC Racer") << presets::thrustmaster;
-    QTest::newRow("T-GT") << QStringLiteral("T-GT II") << presets::thrustmaster;
-    QTest::newRow("TMX") << QStringLiteral("TMX Force Feedback") << presets::thrustmaster;
-    QTest::newRow("TCA Yoke") << QStringLiteral("Thrustmaster TCA Yoke Boeing") << presets::thrustmaster;
-    QTest::newRow("Raptor joystick") << QStringLiteral("FR-TEC Raptor Mach 2") << presets::generic;
     QTest::newRow("MOZA") << QStringLiteral("MOZA R9 Base") << presets::mozaFanatec;
-    QTest::newRow("Fanatec") << QStringLiteral("FANATEC CSL Elite Wheel Base") << presets::mozaFanatec;
     QTest::newRow("moza beats logitech")
         << QStringLiteral("Moza adapter for Logitech pedals") << presets::mozaFanatec;
     QTest::newRow("logitech beats thrustmaster")
@@ -89,68 +65,6 @@ void TestAxisMapping::detectsPresetFromProductName()
     QFETCH(QString, product);
     QFETCH(QString, preset);
     QCOMPARE(detectPreset(product).name, preset);
-}
-
-void TestAxisMapping::everyRecordedDeviceHasARow()
-{
-    // Keeps the detection table honest when devices are added to the shared folder.
-    const QDir dir(QStringLiteral(ORVANE_SHARED_DIR "/devices"));
-    if (!dir.exists())
-        QSKIP("shared devices folder is absent: " ORVANE_SHARED_DIR "/devices");
-    const QStringList files = dir.entryList({QStringLiteral("*.hex")});
-    QVERIFY(!files.isEmpty());
-    const QStringList models{
-        QStringLiteral("g27"),      QStringLiteral("g29"),  QStringLiteral("driving-force"),
-        QStringLiteral("gt-force"), QStringLiteral("momo"), QStringLiteral("formula"),
-        QStringLiteral("t300rs"),   QStringLiteral("t248"), QStringLiteral("ts-pc"),
-        QStringLiteral("ts-xw"),    QStringLiteral("tx-"),  QStringLiteral("tca-yoke"),
-        QStringLiteral("raptor")};
-    for (const QString &file : files) {
-        const bool known = std::any_of(models.cbegin(), models.cend(),
-                                       [&file](const QString &m) { return file.contains(m); });
-        QVERIFY2(known, qPrintable(QStringLiteral("no detection row for %1").arg(file)));
-    }
-}
-
-void TestAxisMapping::presetTable_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QList<int>>("axisSlots");
-    QTest::addColumn<QList<bool>>("inverted");
-    QTest::addColumn<bool>("combined");
-    QTest::newRow("MOZA / Fanatec") << presets::mozaFanatec << QList<int>{0, 1, 2, 3}
-                                    << QList<bool>{false, false, false, false} << false;
-    QTest::newRow("Logitech") << presets::logitech << QList<int>{0, 5, 3, 4}
-                              << QList<bool>{false, true, true, true} << false;
-    QTest::newRow("Logitech (PS3/PS4)")
-        << presets::logitechPs << QList<int>{0, 4, 4, 255} << QList<bool>{false, false, false, false} << true;
-    QTest::newRow("Thrustmaster") << presets::thrustmaster << QList<int>{0, 4, 3, 6}
-                                  << QList<bool>{false, true, true, true} << false;
-    QTest::newRow("Generic") << presets::generic << QList<int>{0, 5, 3, 4}
-                             << QList<bool>{false, true, true, true} << false;
-    QTest::newRow("unknown is the blank record") << QStringLiteral("Fancy") << QList<int>{0, 1, 2, 3}
-                                                 << QList<bool>{false, false, false, false} << false;
-}
-
-void TestAxisMapping::presetTable()
-{
-    QFETCH(QString, name);
-    QFETCH(QList<int>, axisSlots);
-    QFETCH(QList<bool>, inverted);
-    QFETCH(bool, combined);
-    const AxisPreset preset = presetByName(name);
-    QCOMPARE(QList<int>(preset.axisSlots.cbegin(), preset.axisSlots.cend()), axisSlots);
-    QCOMPARE(QList<bool>(preset.inverted.cbegin(), preset.inverted.cend()), inverted);
-    QCOMPARE(preset.combinedPedals, combined);
-    QCOMPARE(preset.combinedPedalsCenter, 0.0f);
-    QCOMPARE(preset.name, presetNames().contains(name) ? name : QString());
-}
-
-void TestAxisMapping::presetListIsTheFiveNames()
-{
-    QCOMPARE(presetNames(), (QStringList{QStringLiteral("MOZA / Fanatec"), QStringLiteral("Logitech"),
-                                         QStringLiteral("Logitech (PS3/PS4)"), QStringLiteral("Thrustmaster"),
-                                         QStringLiteral("Generic")}));
 }
 
 void TestAxisMapping::presetJsonRoundTrip()
@@ -178,13 +92,11 @@ void TestAxisMapping::logicalValueFollowsPreset_data()
     // Raw slot values of the rig below: lX 0.5, lRx 0.2, lRy -0.3, lRz 0.4, lY 0.6, lZ -0.8, Slider0 0.9,
     // Slider1 -0.5 (before the device deadzone; the expectations are after it).
     QTest::newRow("MOZA steering lX") << presets::mozaFanatec << 0 << 0.4898f;
-    QTest::newRow("MOZA throttle lRx") << presets::mozaFanatec << 1 << 0.1837f;
     QTest::newRow("MOZA clutch lRz") << presets::mozaFanatec << 3 << 0.3878f;
     QTest::newRow("Logitech throttle lZ inverted") << presets::logitech << 1 << 0.7959f;
     QTest::newRow("Logitech brake lRz inverted") << presets::logitech << 2 << -0.3878f;
     QTest::newRow("Thrustmaster clutch Slider0 inverted") << presets::thrustmaster << 3 << -0.8980f;
     QTest::newRow("PS3 clutch unmapped reads 0") << presets::logitechPs << 3 << 0.0f;
-    QTest::newRow("index 4 is slot lY") << presets::logitech << 4 << 0.5918f;
     QTest::newRow("index 7 is slot Slider1") << presets::logitech << 7 << -0.4898f;
     QTest::newRow("index 8 reads 0") << presets::logitech << 8 << 0.0f;
     QTest::newRow("index -1 reads 0") << presets::logitech << -1 << 0.0f;
@@ -219,17 +131,13 @@ void TestAxisMapping::combinedPedalsSplitTheSharedAxis_data()
     QTest::addColumn<float>("throttle");
     QTest::addColumn<float>("brake");
     QTest::newRow("at rest both released") << 0.0f << false << false << 32767 << -1.0f << -1.0f;
-    QTest::newRow("full gas") << 0.0f << false << false << 65535 << 1.0f << -1.0f;
     QTest::newRow("full brake") << 0.0f << false << false << 0 << -1.0f << 1.0f;
-    QTest::newRow("half gas") << 0.0f << false << false << rawFor(0.51) << 0.0f << -1.0f;
     QTest::newRow("throttle inversion swaps the sides") << 0.0f << true << false << 65535 << -1.0f << 1.0f;
     QTest::newRow("brake inversion is ignored") << 0.0f << false << true << 0 << -1.0f << 1.0f;
-    QTest::newRow("off-centre rest, gas side") << -0.5f << false << false << 65535 << 1.0f << -1.0f;
     QTest::newRow("off-centre rest, at rest") << -0.5f << false << false << rawFor(-0.51) << -1.0f << -1.0f;
     QTest::newRow("off-centre rest, half brake")
         << -0.5f << false << false << rawFor(-0.755) << -1.0f << 0.0f;
     QTest::newRow("centre clamped to 0.95") << 1.0f << false << false << 65535 << 1.0f << -1.0f;
-    QTest::newRow("centre clamped, below it") << 1.0f << false << false << 0 << -1.0f << 1.0f;
 }
 
 void TestAxisMapping::combinedPedalsSplitTheSharedAxis()
@@ -303,8 +211,6 @@ void TestAxisMapping::savedMappingRule_data()
     QTest::addColumn<bool>("usesSaved");
     QTest::newRow("custom mapping for this product")
         << true << QStringLiteral("MOZA R9 Base") << QStringLiteral("MOZA R9 Base") << true;
-    QTest::newRow("letter case differs")
-        << true << QStringLiteral("moza r9 base") << QStringLiteral("MOZA R9 Base") << false;
     QTest::newRow("another product") << true << QStringLiteral("MOZA R5 Base")
                                      << QStringLiteral("MOZA R9 Base") << false;
     QTest::newRow("no custom mapping saved")

@@ -211,18 +211,10 @@ private slots:
         QTest::addColumn<int>("brakeUsage");
         QTest::newRow("Driving Force")
             << QStringLiteral("kernel-fixed_logitech-driving-force-046d-c294.hex") << 0x31 << 0x35;
-        QTest::newRow("Driving Force Pro")
-            << QStringLiteral("kernel-fixed_logitech-driving-force-pro-046d-c298.hex") << 0x31 << 0x35;
         QTest::newRow("Formula Vibration")
             << QStringLiteral("kernel-fixed_logitech-formula-vibration-046d-ca04.hex") << 0x31 << 0x32;
-        QTest::newRow("MOMO Racing") << QStringLiteral("kernel-fixed_logitech-momo-racing-046d-c295.hex")
-                                     << 0x31 << 0x32;
-        QTest::newRow("MOMO Racing 2")
-            << QStringLiteral("kernel-fixed_logitech-momo-racing2-046d-ca03.hex") << 0x31 << 0x32;
         QTest::newRow("WingMan Formula Force GP")
             << QStringLiteral("kernel-fixed_logitech-wingman-formula-force-gp-046d-c293.hex") << 0x31 << 0x32;
-        QTest::newRow("WingMan Formula GP")
-            << QStringLiteral("kernel-fixed_logitech-wingman-formula-gp-046d-c20e.hex") << 0x31 << 0x32;
     }
     void logitechDriverWheelsMeetTheLogitechPreset()
     {
@@ -251,48 +243,6 @@ private slots:
         QCOMPARE(usageOnSlot(presetSteering), 0x30);
         QCOMPARE(usageOnSlot(presetThrottle), gasUsage);
         QCOMPARE(usageOnSlot(presetBrake), brakeUsage);
-    }
-
-    void rejectsMalformedDescriptors_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("truncated item") << QByteArray::fromHex("050109");
-        QTest::newRow("end collection without collection") << QByteArray::fromHex("c0");
-        QTest::newRow("unclosed collection") << QByteArray::fromHex("05010904a101");
-        QTest::newRow("pop without push") << QByteArray::fromHex("b4");
-        QTest::newRow("report size above 32 bits") << QByteArray::fromHex("7521");
-        QTest::newRow("usage range too large") << QByteArray::fromHex("050919012affff");
-        QTest::newRow("report id 0") << QByteArray::fromHex("8500");
-        QTest::newRow("report too long") << QByteArray::fromHex("750896ffff8102");
-    }
-    void rejectsMalformedDescriptors()
-    {
-        QFETCH(QByteArray, bytes);
-        const hid::Descriptor descriptor =
-            hid::parseDescriptor(std::vector<uint8_t>(bytes.begin(), bytes.end()));
-        QVERIFY(!descriptor.error.empty());
-    }
-
-    void buildsReportsAtTheFieldOffsets()
-    {
-        // G27 native: hat (4 bits), 22 buttons, 14-bit X, then Z, Rz, Y bytes.
-        const QString path =
-            QDir(devicesDir()).filePath(QStringLiteral("gimx_logitech-g27-native-046d-c29b.hex"));
-        if (!QFileInfo::exists(path))
-            QSKIP("No device descriptors: the shared devices folder is missing");
-        LoadedDevice device;
-        QString problem;
-        QVERIFY2(load(path, "hid-generic", device, problem), qPrintable(problem));
-        std::vector<uint8_t> report = hid::restingInputReport(device.descriptor, 0);
-        QCOMPARE(report.size(), size_t(11));
-        QCOMPARE(report[0] & 0x0f, 8); // hat at its null state
-        const hid::ElementRef x = sourceOf(device.kernel, EV_ABS, ABS_X);
-        hid::setFieldValue(report, device.descriptor, device.descriptor.fields[static_cast<size_t>(x.field)],
-                           0, 0x3fff);
-        // 4 + 22 bits in, 14 bits wide: bytes 3..4 carry it.
-        QCOMPARE(int(report[3]), 0xfc);
-        QCOMPARE(int(report[4]), 0xff);
-        QCOMPARE(int(report[3 - 1]), 0);
     }
 };
 

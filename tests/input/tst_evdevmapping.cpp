@@ -57,13 +57,9 @@ private slots:
         QTest::addColumn<int>("maximum");
         QTest::addColumn<int>("expected");
         QTest::newRow("14-bit wheel left stop") << 0 << 0 << 16383 << 0;
-        QTest::newRow("14-bit wheel right stop") << 16383 << 0 << 16383 << 65535;
         QTest::newRow("14-bit wheel centre rounds to nearest") << 8192 << 0 << 16383 << 32770;
-        QTest::newRow("8-bit pedal middle") << 128 << 0 << 255 << 32896;
         QTest::newRow("signed range centre") << 0 << -32767 << 32767 << 32768;
-        QTest::newRow("signed range low end") << -32767 << -32767 << 32767 << 0;
         QTest::newRow("below the range clamps") << -5 << 0 << 1023 << 0;
-        QTest::newRow("above the range clamps") << 5000 << 0 << 1023 << 65535;
         QTest::newRow("full 32-bit span does not overflow") << 0 << INT32_MIN << INT32_MAX << 32768;
         QTest::newRow("degenerate range reads centred") << 7 << 7 << 7 << 32767;
     }
@@ -82,14 +78,7 @@ private slots:
         QTest::addColumn<int>("y");
         QTest::addColumn<uint>("angle");
         QTest::newRow("centred") << 0 << 0 << uint(kRawPovCentred);
-        QTest::newRow("up") << 0 << -1 << 0u;
         QTest::newRow("up-right") << 1 << -1 << 4500u;
-        QTest::newRow("right") << 1 << 0 << 9000u;
-        QTest::newRow("down-right") << 1 << 1 << 13500u;
-        QTest::newRow("down") << 0 << 1 << 18000u;
-        QTest::newRow("down-left") << -1 << 1 << 22500u;
-        QTest::newRow("left") << -1 << 0 << 27000u;
-        QTest::newRow("up-left") << -1 << -1 << 31500u;
         QTest::newRow("larger magnitudes count as directions") << 5 << -3 << 4500u;
     }
     void turnsHatIntoPovAngle()
@@ -106,9 +95,7 @@ private slots:
         QTest::addColumn<int>("minimum");
         QTest::addColumn<int>("maximum");
         QTest::addColumn<int>("direction");
-        QTest::newRow("-1..1 low") << -1 << -1 << 1 << -1;
         QTest::newRow("-1..1 middle") << 0 << -1 << 1 << 0;
-        QTest::newRow("-1..1 high") << 1 << -1 << 1 << 1;
         QTest::newRow("0..2 middle") << 1 << 0 << 2 << 0;
         QTest::newRow("0..2 low") << 0 << 0 << 2 << -1;
         QTest::newRow("0..255 just above middle") << 128 << 0 << 255 << 1;
@@ -130,9 +117,6 @@ private slots:
                                                {ABS_X, ABS_Y, ABS_Z, ABS_RZ, ABS_HAT0X, ABS_HAT0Y},
                                                {BTN_TRIGGER, BTN_THUMB})
                                << true;
-        QTest::newRow("gamepad") << capabilities({EV_ABS, EV_KEY}, {ABS_X, ABS_Y, ABS_RX, ABS_RY},
-                                                 {BTN_SOUTH, BTN_EAST})
-                                 << true;
         QTest::newRow("pedals with X, Y and Z only")
             << capabilities({EV_ABS}, {ABS_X, ABS_Y, ABS_Z}, {}) << true;
         QTest::newRow("shifter with buttons only")
@@ -144,12 +128,6 @@ private slots:
         QTest::newRow("touchpad") << capabilities({EV_ABS, EV_KEY}, {ABS_X, ABS_Y, ABS_PRESSURE},
                                                   {BTN_TOUCH, BTN_TOOL_FINGER}, {INPUT_PROP_POINTER})
                                   << false;
-        QTest::newRow("tablet") << capabilities({EV_ABS, EV_KEY}, {ABS_X, ABS_Y, ABS_TILT_X},
-                                                {BTN_TOOL_PEN, BTN_STYLUS})
-                                << false;
-        QTest::newRow("touchscreen") << capabilities({EV_ABS, EV_KEY}, {ABS_X, ABS_Y}, {BTN_TOUCH},
-                                                     {INPUT_PROP_DIRECT})
-                                     << false;
         QTest::newRow("accelerometer of a gamepad")
             << capabilities({EV_ABS}, {ABS_X, ABS_Y, ABS_Z, ABS_RX}, {}, {INPUT_PROP_ACCELEROMETER}) << false;
         QTest::newRow("power button") << capabilities({EV_KEY}, {}, {KEY_POWER}) << false;
@@ -167,9 +145,6 @@ private slots:
         QTest::addColumn<QList<int>>("slotCodes"); // per slot in slot order, -1 none
         QTest::newRow("G27: X, Y, Z, Rz") << capabilities({EV_ABS}, {ABS_X, ABS_Y, ABS_Z, ABS_RZ}, {})
                                           << QList<int>{ABS_X, -1, -1, ABS_RZ, ABS_Y, ABS_Z, -1, -1};
-        QTest::newRow("all six fixed axes")
-            << capabilities({EV_ABS}, {ABS_X, ABS_Y, ABS_Z, ABS_RX, ABS_RY, ABS_RZ}, {})
-            << QList<int>{ABS_X, ABS_RX, ABS_RY, ABS_RZ, ABS_Y, ABS_Z, -1, -1};
         QTest::newRow("throttle and rudder become sliders in code order")
             << capabilities({EV_ABS}, {ABS_X, ABS_RUDDER, ABS_THROTTLE}, {})
             << QList<int>{ABS_X, -1, -1, -1, -1, -1, ABS_THROTTLE, ABS_RUDDER};
@@ -273,8 +248,6 @@ private slots:
         QTest::newRow("single word") << QStringLiteral("1b\n") << 64 << QList<int>{0, 1, 3, 4};
         QTest::newRow("words most significant first")
             << QStringLiteral("30000 0 3") << 64 << QList<int>{0, 1, 144, 145};
-        QTest::newRow("32-bit words") << QStringLiteral("1 80000000") << 32 << QList<int>{31, 32};
-        QTest::newRow("empty") << QString() << 64 << QList<int>{};
         QTest::newRow("bits beyond the count are dropped")
             << QStringLiteral("1 0 0 0 0") << 64 << QList<int>{};
         QTest::newRow("garbage gives nothing") << QStringLiteral("12 zz") << 64 << QList<int>{};

@@ -49,7 +49,6 @@ private slots:
     void loopingReplaysFromCentredDevices();
     void loopingSkipsWholeRoundsAfterAStall();
     void playsInRealTime();
-    void loopsInRealTime();
     void inputDeviceReadsAReplay();
     void missingAndOversizeFiles();
     void shippedExamplesParse_data();
@@ -76,7 +75,6 @@ void TestReplayScript::declaresDevices()
     ReplayPlayer player(script, &backend);
     const QList<InputDeviceInfo> list = InputDevice::enumerateDevices(backend);
     QCOMPARE(list.size(), 2);
-    QCOMPARE(list[0].listLabel(), QStringLiteral("Wheel (2 axes, 32 btn) [FFB]"));
     QCOMPARE(list[1].productName, QStringLiteral("MOZA SR-P Pedals"));
     // Before any state line a device is centred with its hats centred.
     const RawInputState initial = backend.state(player.deviceIds()[0]);
@@ -92,25 +90,13 @@ void TestReplayScript::malformedLinesGiveTheirLineNumber_data()
     const QByteArray decl = R"({"device": {"name": "W"}})"
                             "\n";
     QTest::newRow("not JSON") << decl + "{\"t\": 1, " << 2 << QStringLiteral("not valid JSON");
-    QTest::newRow("array line") << QByteArray("[1, 2]") << 1 << QStringLiteral("must be a JSON object");
-    QTest::newRow("neither device nor t")
-        << QByteArray(R"({"name": "W"})") << 1 << QStringLiteral("needs \"device\"");
-    QTest::newRow("nameless device") << QByteArray(R"({"device": {"product": "X"}})") << 1
-                                     << QStringLiteral("non-empty \"name\"");
     QTest::newRow("declared twice") << decl + decl << 2 << QStringLiteral("declared twice");
     QTest::newRow("too many axes") << QByteArray(R"({"device": {"name": "W", "axes": 9}})") << 1
                                    << QStringLiteral("\"axes\" must be a whole number from 0 to 8");
-    QTest::newRow("ffb not bool") << QByteArray(R"({"device": {"name": "W", "ffb": "yes"}})") << 1
-                                  << QStringLiteral("\"ffb\"");
-    QTest::newRow("unknown declaration key") << QByteArray(R"({"device": {"name": "W", "colour": 1}})") << 1
-                                             << QStringLiteral("unknown key \"colour\"");
     QTest::newRow("state before declaration")
         << QByteArray(R"({"t": 0, "device": "W"})") << 1 << QStringLiteral("no device named \"W\"");
-    QTest::newRow("device index out of range")
-        << decl + R"({"t": 0, "device": 1})" << 2 << QStringLiteral("no device 1");
     QTest::newRow("state without device") << decl + R"({"t": 0})" << 2 << QStringLiteral("needs \"device\"");
     QTest::newRow("negative time") << decl + R"({"t": -5, "device": 0})" << 2 << QStringLiteral("\"t\"");
-    QTest::newRow("fractional time") << decl + R"({"t": 1.5, "device": 0})" << 2 << QStringLiteral("\"t\"");
     QTest::newRow("time goes back") << decl + R"({"t": 10, "device": 0})"
                                               "\n"
                                               R"({"t": 9, "device": 0})"
@@ -119,22 +105,10 @@ void TestReplayScript::malformedLinesGiveTheirLineNumber_data()
                                   << QStringLiteral("unknown axis \"lW\"");
     QTest::newRow("axis above range")
         << decl + R"({"t": 0, "device": 0, "axes": {"lX": 65536}})" << 2 << QStringLiteral("0 to 65535");
-    QTest::newRow("axis as text") << decl + R"({"t": 0, "device": 0, "axes": {"lX": "max"}})" << 2
-                                  << QStringLiteral("0 to 65535");
-    QTest::newRow("axes not an object") << decl + R"({"t": 0, "device": 0, "axes": [1]})" << 2
-                                        << QStringLiteral("\"axes\" must be an object");
     QTest::newRow("button 128") << decl + R"({"t": 0, "device": 0, "buttons": [128]})" << 2
                                 << QStringLiteral("0 to 127");
-    QTest::newRow("five hats") << decl + R"({"t": 0, "device": 0, "povs": [1, 2, 3, 4, 5]})" << 2
-                               << QStringLiteral("at most 4");
-    QTest::newRow("hat angle 36000") << decl + R"({"t": 0, "device": 0, "povs": [36000]})" << 2
-                                     << QStringLiteral("35999");
-    QTest::newRow("unknown state key")
-        << decl + R"({"t": 0, "device": 0, "axis": {}})" << 2 << QStringLiteral("unknown key \"axis\"");
     QTest::newRow("over-long line") << decl + "{\"device\": {\"name\": \"" + QByteArray(70000, 'x') + "\"}}"
                                     << 2 << QStringLiteral("longer than");
-    QTest::newRow("binary garbage") << QByteArray("\x00\xff\xfe{", 4) << 1
-                                    << QStringLiteral("not valid JSON");
 }
 
 void TestReplayScript::malformedLinesGiveTheirLineNumber()
@@ -159,12 +133,10 @@ void TestReplayScript::statesTakeEffectAtTheirTime_data()
     QTest::addColumn<bool>("button2");
     QTest::addColumn<quint32>("pov");
     QTest::addColumn<qint32>("throttle");
-    QTest::newRow("start") << qint64(0) << 32767 << false << kRawPovCentred << 0;
     QTest::newRow("just before 100") << qint64(99) << 32767 << false << kRawPovCentred << 0;
     QTest::newRow("at 100, by index and by name") << qint64(100) << 50000 << true << 9000u << 65535;
     QTest::newRow("at 250 buttons and hats kept") << qint64(250) << 20000 << true << 9000u << 65535;
     QTest::newRow("at 400 released") << qint64(400) << 20000 << false << kRawPovCentred << 65535;
-    QTest::newRow("long after the end") << qint64(100000) << 20000 << false << kRawPovCentred << 65535;
 }
 
 void TestReplayScript::statesTakeEffectAtTheirTime()
@@ -215,11 +187,9 @@ void TestReplayScript::loopingReplaysFromCentredDevices_data()
     QTest::addColumn<qint32>("throttle");
     // kTwoDevices lasts 400 ms; the wheel has no line at 0 ms, so only the new round's
     // centring brings it back.
-    QTest::newRow("first round") << qint64(300) << qint64(1) << 20000 << true << 65535;
     QTest::newRow("end of the first round is the second's start")
         << qint64(400) << qint64(2) << 32767 << false << 0;
     QTest::newRow("second round, 100 ms in") << qint64(500) << qint64(2) << 50000 << true << 65535;
-    QTest::newRow("second round, 250 ms in") << qint64(650) << qint64(2) << 20000 << true << 65535;
     QTest::newRow("fourth round, 50 ms in") << qint64(1250) << qint64(4) << 32767 << false << 0;
 }
 
@@ -277,24 +247,6 @@ void TestReplayScript::playsInRealTime()
     QVERIFY(finished.wait(5000));
     QCOMPARE(backend.state(player.deviceIds()[0]).axes[SlotY], 3000);
     QVERIFY(player.position() >= 60);
-}
-
-void TestReplayScript::loopsInRealTime()
-{
-    const QByteArray text = R"({"device": {"name": "Stick"}}
-{"t": 0, "device": 0, "axes": {"lY": 1000}}
-{"t": 20, "device": 0, "axes": {"lY": 2000}}
-{"t": 40, "device": "Stick", "axes": {"lY": 3000}}
-)";
-    VirtualBackend backend;
-    ReplayPlayer player(parsed(text), &backend);
-    player.setLooping(true);
-    QSignalSpy looped(&player, &ReplayPlayer::looped);
-    player.start();
-    QVERIFY(looped.wait(5000));
-    QVERIFY(looped.wait(5000));
-    QVERIFY(player.round() >= 3);
-    QVERIFY(!player.isFinished());
 }
 
 void TestReplayScript::inputDeviceReadsAReplay()

@@ -11,7 +11,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSignalSpy>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -111,10 +110,8 @@ class TestProfileManager : public QObject
 private slots:
     void init();
 
-    void defaultBaseDirectoryIsAppData();
     void emptyStoreYieldsOneDefaultProfile_data();
     void emptyStoreYieldsOneDefaultProfile();
-    void defaultProfileFileMatchesGoldenFile();
     void profilesAreReadWithMigrations();
 
     void createNamesAndSavesProfile_data();
@@ -167,20 +164,10 @@ std::unique_ptr<ProfileManager> TestProfileManager::loadedStore()
     return manager;
 }
 
-void TestProfileManager::defaultBaseDirectoryIsAppData()
-{
-    QStandardPaths::setTestModeEnabled(true);
-    const ProfileManager manager;
-    QCOMPARE(manager.profileDirectory(),
-             QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)).filePath(u"profiles"_s));
-    QStandardPaths::setTestModeEnabled(false);
-}
-
 void TestProfileManager::emptyStoreYieldsOneDefaultProfile_data()
 {
     QTest::addColumn<QStringList>("existingFiles");
     QTest::newRow("no profile directory") << QStringList();
-    QTest::newRow("empty profile directory") << QStringList{u"."_s};
     QTest::newRow("only config and presets") << QStringList{u"config.json"_s, u"esc_presets.json"_s};
 }
 
@@ -188,9 +175,7 @@ void TestProfileManager::emptyStoreYieldsOneDefaultProfile()
 {
     QFETCH(QStringList, existingFiles);
     for (const QString &name : existingFiles) {
-        if (name == u"."_s)
-            QVERIFY(QDir().mkpath(profileDir()));
-        else if (name == u"config.json"_s)
+        if (name == u"config.json"_s)
             QVERIFY(
                 writeFile(profileDir() + u"/config.json"_s, R"({"version":1,"lastActiveProfileId":"gone"})"));
         else
@@ -211,20 +196,6 @@ void TestProfileManager::emptyStoreYieldsOneDefaultProfile()
     QVERIFY(!QUuid::fromString(id).isNull());
     QVERIFY(!id.startsWith(u'{'));
     QCOMPARE(readJson(profileDir() + u'/' + id + u".json"_s), manager.profile(id));
-}
-
-void TestProfileManager::defaultProfileFileMatchesGoldenFile()
-{
-    auto manager = loadedStore();
-    const QString id = manager->activeProfileId();
-    const QJsonObject profile = manager->profile(id);
-    QByteArray written = readFile(profileDir() + u'/' + id + u".json"_s);
-    // Identity and dates are new on every run; everything else is pinned.
-    written.replace(id.toUtf8(), "3f2c1d0e-5b6a-4c7d-8e9f-0a1b2c3d4e5f");
-    written.replace(profile.value(keys::kCreatedAt).toString().toUtf8(), "2024-05-01T12:00:00Z");
-    written.replace(profile.value(keys::kModifiedAt).toString().toUtf8(), "2024-05-01T12:00:00Z");
-    QCOMPARE(written, readFile(QStringLiteral(PROFILES_TEST_DATA "/default-profile.json")));
-    QVERIFY(QDateTime::fromString(profile.value(keys::kCreatedAt).toString(), Qt::ISODate).isValid());
 }
 
 void TestProfileManager::profilesAreReadWithMigrations()
@@ -250,7 +221,6 @@ void TestProfileManager::createNamesAndSavesProfile_data()
 {
     QTest::addColumn<QString>("requested");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("empty") << QString() << u"New Profile"_s;
     QTest::newRow("blank") << u"   "_s << u"New Profile"_s;
     QTest::newRow("trimmed") << u"  Race  "_s << u"Race"_s;
     // Creating keeps the asked name even when it is taken; only imports are renamed.
@@ -369,7 +339,6 @@ void TestProfileManager::importGivesNewIdentityAndUniqueName_data()
     QTest::addColumn<QStringList>("existing");
     QTest::addColumn<QString>("imported");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("free name") << QStringList{u"Race"_s} << u"Drift"_s << u"Drift"_s;
     QTest::newRow("taken name") << QStringList{u"Race"_s} << u"Race"_s << u"Race (2)"_s;
     QTest::newRow("taken in other case") << QStringList{u"Race"_s} << u"RACE"_s << u"RACE (2)"_s;
     QTest::newRow("next free number")
@@ -454,8 +423,6 @@ void TestProfileManager::refusalsChangeNothing_data()
         << u"rename"_s << u"ACTIVE"_s << QByteArray("   ") << u"Profile name cannot be empty"_s;
     QTest::newRow("rename unknown") << u"rename"_s << u"nope"_s << QByteArray("X")
                                     << u"Profile not found: nope"_s;
-    QTest::newRow("rename unknown to empty")
-        << u"rename"_s << u"nope"_s << QByteArray() << u"Profile name cannot be empty"_s;
     QTest::newRow("delete unknown") << u"delete"_s << u"nope"_s << QByteArray()
                                     << u"Profile not found: nope"_s;
     QTest::newRow("delete last") << u"delete"_s << u"ACTIVE"_s << QByteArray()
@@ -464,20 +431,13 @@ void TestProfileManager::refusalsChangeNothing_data()
         << u"duplicate"_s << u"nope"_s << QByteArray() << u"Source profile not found: nope"_s;
     QTest::newRow("switch unknown") << u"switch"_s << u"nope"_s << QByteArray()
                                     << u"Profile not found: nope"_s;
-    QTest::newRow("switch empty id") << u"switch"_s << QString() << QByteArray() << u"Profile not found: "_s;
     QTest::newRow("save unknown") << u"save"_s << u"nope"_s << QByteArray() << u"Profile not found: nope"_s;
     QTest::newRow("import missing file")
         << u"import-missing"_s << QString() << QByteArray() << u"Failed to open file: %1"_s;
     QTest::newRow("import array") << u"import"_s << QString() << QByteArray("[1,2]")
                                   << u"Invalid profile file format"_s;
-    QTest::newRow("import truncated") << u"import"_s << QString() << QByteArray(R"({"id":"a","name":"B)")
-                                      << u"Invalid profile file format"_s;
     QTest::newRow("import without id")
         << u"import"_s << QString() << QByteArray(R"({"name":"B"})") << u"Invalid profile data"_s;
-    QTest::newRow("import empty name")
-        << u"import"_s << QString() << QByteArray(R"({"id":"a","name":""})") << u"Invalid profile data"_s;
-    QTest::newRow("import numeric id")
-        << u"import"_s << QString() << QByteArray(R"({"id":7,"name":"B"})") << u"Invalid profile data"_s;
     QTest::newRow("set identity key")
         << u"set"_s << u"id"_s << QByteArray(R"("x")") << u"Unknown profile setting: id"_s;
     QTest::newRow("set unknown key") << u"set"_s << u"turbo"_s << QByteArray("true")
@@ -486,8 +446,6 @@ void TestProfileManager::refusalsChangeNothing_data()
         << u"esc-create"_s << QString() << QByteArray(" ") << u"ESC preset name cannot be empty"_s;
     QTest::newRow("esc preset update unknown")
         << u"esc-update"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s;
-    QTest::newRow("esc preset rename unknown")
-        << u"esc-rename"_s << u"nope"_s << QByteArray("X") << u"ESC preset not found: nope"_s;
     QTest::newRow("esc preset delete unknown")
         << u"esc-delete"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s;
     QTest::newRow("esc preset apply unknown")
@@ -566,11 +524,8 @@ void TestProfileManager::unreadableProfileIsSkippedAndNeverOverwritten_data()
 
     QTest::newRow("truncated") << u"cut.json"_s << QByteArray(R"({"id": "cut", "name": "Cut", "axisSett)");
     QTest::newRow("empty file") << u"empty.json"_s << QByteArray();
-    QTest::newRow("binary garbage") << u"garbage.json"_s << QByteArray("\x00\xff\x13{\x7f", 5);
     QTest::newRow("array") << u"array.json"_s << QByteArray(R"([{"id":"x","name":"X"}])");
     QTest::newRow("empty id") << u"noid.json"_s << QByteArray(R"({"id":"","name":"X"})");
-    QTest::newRow("empty name") << u"noname.json"_s << QByteArray(R"({"id":"noname","name":""})");
-    QTest::newRow("numeric id") << u"numid.json"_s << QByteArray(R"({"id":12,"name":"X"})");
     QTest::newRow("oversized") << u"huge.json"_s
                                << QByteArray(R"({"id":"huge","name":"Huge","pad":")") +
                                       QByteArray(5 << 20, 'a') + QByteArray(R"("})");
@@ -623,10 +578,8 @@ void TestProfileManager::interruptedWriteKeepsOldFile_data()
     QTest::addColumn<QString>("operation");
     QTest::addColumn<QString>("message"); // %1 is the name of the profile involved
     QTest::newRow("setting") << u"set"_s << u"Failed to save profile: %1"_s;
-    QTest::newRow("rename") << u"rename"_s << u"Failed to save profile: %1"_s;
     QTest::newRow("save") << u"save"_s << u"Failed to save profile: %1"_s;
     QTest::newRow("create") << u"create"_s << u"Failed to save profile: Fresh"_s;
-    QTest::newRow("duplicate") << u"duplicate"_s << u"Failed to save profile: %1 (Copy)"_s;
     QTest::newRow("import") << u"import"_s << u"Failed to save profile: Imported"_s;
     QTest::newRow("esc preset") << u"esc"_s << u"Failed to save ESC presets"_s;
 }
@@ -762,14 +715,9 @@ void TestProfileManager::deviceIdentityPerRole_data()
     QTest::addColumn<QString>("keptKey");
     QTest::newRow("wheel base") << DeviceRole::WheelBase << u"deviceConnections/wheelBase"_s
                                 << u"hasCustomAxisMapping"_s;
-    QTest::newRow("pedals") << DeviceRole::Pedals << u"deviceConnections/pedals"_s << u"axisMapping"_s;
     QTest::newRow("shifter") << DeviceRole::Shifter << u"deviceConnections/shifter"_s << u"shifterMapping"_s;
-    QTest::newRow("helicopter joystick")
-        << DeviceRole::HeliJoystick << u"helicopterConfig/inputs/joystick"_s << u"xAxis"_s;
     QTest::newRow("helicopter throttle")
         << DeviceRole::HeliThrottle << u"helicopterConfig/inputs/throttle"_s << u"axis"_s;
-    QTest::newRow("helicopter pedals")
-        << DeviceRole::HeliPedals << u"helicopterConfig/inputs/pedals"_s << u"axis2"_s;
 }
 
 void TestProfileManager::deviceIdentityPerRole()

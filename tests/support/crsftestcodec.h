@@ -1,11 +1,14 @@
 #pragma once
 
-// The tests' own CRSF helpers, written apart from the simulator's so that the two
-// check each other: a table-driven CRC, a packer that writes one bit at a time and
-// a host-side frame parser that resynchronises on bad bytes.
+// The tests' one CRSF reference, written apart from the hub's codec and the
+// simulator's: a CRC computed one bit at a time (the hub's is table-driven; the
+// simulator's is also checked against frames from independent implementations),
+// a packer and unpacker that move one bit at a time, and a host-side stream
+// parser that resynchronises on bad bytes.
 
 #include <QByteArray>
 #include <QList>
+#include <QStringList>
 
 #include <array>
 #include <cstdint>
@@ -14,21 +17,15 @@ namespace crsftest {
 
 using Channels = std::array<int32_t, 16>;
 
+// CRC-8/DVB-S2 (polynomial 0xD5), bit by bit.
 inline uint8_t crc8(QByteArrayView bytes)
 {
-    static const std::array<uint8_t, 256> table = [] {
-        std::array<uint8_t, 256> t{};
-        for (int i = 0; i < 256; ++i) {
-            uint8_t c = uint8_t(i);
-            for (int b = 0; b < 8; ++b)
-                c = uint8_t((c << 1) ^ ((c & 0x80) ? 0xD5 : 0));
-            t[size_t(i)] = c;
-        }
-        return t;
-    }();
     uint8_t crc = 0;
-    for (const char byte : bytes)
-        crc = table[crc ^ uint8_t(byte)];
+    for (const char byte : bytes) {
+        crc ^= uint8_t(byte);
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc & 0x80) ? uint8_t((crc << 1) ^ 0xD5) : uint8_t(crc << 1);
+    }
     return crc;
 }
 
@@ -43,7 +40,7 @@ inline QByteArray frame(uint8_t type, const QByteArray &payload, uint8_t address
     return f;
 }
 
-// Channel n's bit b goes to stream bit 11n + b, i.e. bit (k % 8) of byte k / 8.
+// Channel n's bit b is stream bit 11n + b, i.e. bit (k % 8) of byte k / 8.
 inline QByteArray packChannels(const Channels &channels)
 {
     QByteArray payload(22, '\0');
@@ -58,6 +55,14 @@ inline QByteArray packChannels(const Channels &channels)
     return payload;
 }
 
+inline Channels unpackChannels(const QByteArray &payload)
+{
+    Channels channels{};
+    for (int k = 0; k < 16 * 11; ++k)
+        channels[size_t(k / 11)] |= ((uint8_t(payload.at(k / 8)) >> (k % 8)) & 1) << (k % 11);
+    return channels;
+}
+
 inline QByteArray channelFrame(const Channels &channels)
 {
     return frame(0x16, packChannels(channels));
@@ -70,9 +75,7 @@ public:
     void feed(const QByteArray &bytes)
     {
         m_buffer += bytes;
-        for (;;) {
-            if (m_buffer.isEmpty())
-                return;
+        while (!m_buffer.isEmpty()) {
             const auto b = uint8_t(m_buffer[0]);
             if (b == 0xC8 || b == 0xEA || b == 0xEE) {
                 if (m_buffer.size() < 2)
