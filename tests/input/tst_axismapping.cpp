@@ -47,7 +47,7 @@ void TestAxisMapping::detectsPresetFromProductName_data()
 {
     QTest::addColumn<QString>("product");
     QTest::addColumn<QString>("preset");
-    // Product names of the wheels whose report descriptors are in the shared devices folder,
+    // Product names of the wheels whose report descriptors are in tests/data/devices,
     // as their drivers name them, plus the edge cases of the rule order.
     QTest::newRow("G27") << QStringLiteral("G27 Racing Wheel") << presets::logitech;
     QTest::newRow("G29 PS4 mode") << QStringLiteral("Logitech G29 Driving Force Racing Wheel")
@@ -93,12 +93,10 @@ void TestAxisMapping::detectsPresetFromProductName()
 
 void TestAxisMapping::everyRecordedDeviceHasARow()
 {
-    // Keeps the detection table honest when devices are added to the shared folder.
-    const QDir dir(QStringLiteral(ORVANE_SHARED_DIR "/devices"));
-    if (!dir.exists())
-        QSKIP("shared devices folder is absent: " ORVANE_SHARED_DIR "/devices");
+    // Keeps the detection table honest when device descriptors are added to the test data.
+    const QDir dir(QStringLiteral(ORVANE_TEST_DATA_DIR "/devices"));
     const QStringList files = dir.entryList({QStringLiteral("*.hex")});
-    QVERIFY(!files.isEmpty());
+    QVERIFY2(!files.isEmpty(), "the device descriptors (tests/data/devices) are missing");
     const QStringList models{
         QStringLiteral("g27"),      QStringLiteral("g29"),  QStringLiteral("driving-force"),
         QStringLiteral("gt-force"), QStringLiteral("momo"), QStringLiteral("formula"),

@@ -18,7 +18,7 @@ namespace {
 
 QString devicesDir()
 {
-    return QStringLiteral(ORVANE_SHARED_DIR "/devices");
+    return QStringLiteral(ORVANE_TEST_DATA_DIR "/devices");
 }
 
 struct LoadedDevice
@@ -117,8 +117,7 @@ private slots:
         QTest::addColumn<QString>("path");
         const QDir dir(devicesDir());
         const QStringList files = dir.entryList({QStringLiteral("*.hex")}, QDir::Files, QDir::Name);
-        if (files.isEmpty())
-            QSKIP("No device descriptors: the shared devices folder is missing");
+        QVERIFY2(!files.isEmpty(), "the device descriptors (tests/data/devices) are missing");
         for (const QString &file : files)
             QTest::newRow(qPrintable(file)) << dir.filePath(file);
     }
@@ -230,8 +229,7 @@ private slots:
         QFETCH(int, gasUsage);
         QFETCH(int, brakeUsage);
         const QString path = QDir(devicesDir()).filePath(file);
-        if (!QFileInfo::exists(path))
-            QSKIP("No device descriptors: the shared devices folder is missing");
+        QVERIFY2(QFileInfo::exists(path), qPrintable(path + QStringLiteral(" is missing")));
         LoadedDevice device;
         QString problem;
         QVERIFY2(load(path, "logitech", device, problem), qPrintable(problem));
@@ -278,8 +276,7 @@ private slots:
         // G27 native: hat (4 bits), 22 buttons, 14-bit X, then Z, Rz, Y bytes.
         const QString path =
             QDir(devicesDir()).filePath(QStringLiteral("gimx_logitech-g27-native-046d-c29b.hex"));
-        if (!QFileInfo::exists(path))
-            QSKIP("No device descriptors: the shared devices folder is missing");
+        QVERIFY2(QFileInfo::exists(path), qPrintable(path + QStringLiteral(" is missing")));
         LoadedDevice device;
         QString problem;
         QVERIFY2(load(path, "hid-generic", device, problem), qPrintable(problem));
