@@ -26,6 +26,8 @@ endfunction()
 # orvane_add_test(<name> SOURCES <files...> LIBS <libs...> LABEL unit|integration|gui [TIMEOUT s])
 # A Qt Test executable registered with CTest: offscreen platform, a private
 # temporary directory and a timeout, so a hung test fails instead of blocking CI.
+# ORVANE_TEST_DATA_DIR is tests/data: real outside data (CRSF frames, device descriptors)
+# kept in the repository, so no test depends on files beside the checkout.
 function(orvane_add_test name)
     cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "SOURCES;LIBS" ${ARGN})
     if(NOT ARG_LABEL)
@@ -37,7 +39,7 @@ function(orvane_add_test name)
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE Qt6::Test orvane_testsupport ${ARG_LIBS})
     target_compile_definitions(${name} PRIVATE
-        ORVANE_SHARED_DIR="${ORVANE_SHARED_DIR}"
+        ORVANE_TEST_DATA_DIR="${CMAKE_SOURCE_DIR}/tests/data"
         ORVANE_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     add_test(NAME ${name} COMMAND ${name})
     set(_tmp ${CMAKE_BINARY_DIR}/test-tmp/${name})

@@ -72,7 +72,7 @@ struct FrameRecorder
 
 QJsonArray loadVectors()
 {
-    QFile file(QStringLiteral(ORVANE_SHARED_DIR "/crsf/vectors.json"));
+    QFile file(QStringLiteral(ORVANE_TEST_DATA_DIR "/crsf/vectors.json"));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return QJsonDocument::fromJson(file.readAll()).array();
@@ -709,8 +709,7 @@ void TestCrsfProtocol::independentVectorsParse_data()
     QTest::addColumn<bool>("crcOk");
 
     const QJsonArray vectors = loadVectors();
-    if (vectors.isEmpty())
-        QSKIP("shared CRSF vectors (crsf/vectors.json) not found beside the checkout");
+    QVERIFY2(!vectors.isEmpty(), "the CRSF frames (tests/data/crsf/vectors.json) are missing");
     for (const QJsonValue &entry : vectors) {
         QTest::newRow(qPrintable(entry[QLatin1String("name")].toString()))
             << QByteArray::fromHex(entry[QLatin1String("hex")].toString().toLatin1())
@@ -751,8 +750,7 @@ void TestCrsfProtocol::independentRcPayloadsUnpackAndRepack_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QList<int>>("leading");
 
-    if (loadVectors().isEmpty())
-        QSKIP("shared CRSF vectors (crsf/vectors.json) not found beside the checkout");
+    QVERIFY2(!loadVectors().isEmpty(), "the CRSF frames (tests/data/crsf/vectors.json) are missing");
     QTest::newRow("betaflight captured 0")
         << QStringLiteral("bf_rc_captured_0") << QList<int>{189, 993, 978, 983};
     QTest::newRow("betaflight captured 1")
@@ -788,8 +786,7 @@ void TestCrsfProtocol::independentRcPayloadsUnpackAndRepack()
 
 void TestCrsfProtocol::independentTelemetryMatchesTables()
 {
-    if (loadVectors().isEmpty())
-        QSKIP("shared CRSF vectors (crsf/vectors.json) not found beside the checkout");
+    QVERIFY2(!loadVectors().isEmpty(), "the CRSF frames (tests/data/crsf/vectors.json) are missing");
 
     // The catalogue table's expected readings for these payloads are what other
     // implementations sent: the payloads must be the same bytes.
@@ -809,8 +806,7 @@ void TestCrsfProtocol::independentTelemetryMatchesTables()
 
 void TestCrsfProtocol::independentExtendedFramesAnnounceAddresses()
 {
-    if (loadVectors().isEmpty())
-        QSKIP("shared CRSF vectors (crsf/vectors.json) not found beside the checkout");
+    QVERIFY2(!loadVectors().isEmpty(), "the CRSF frames (tests/data/crsf/vectors.json) are missing");
 
     CrsfProtocol parser;
     QSignalSpy extended(&parser, &CrsfProtocol::extendedFrameReceived);

@@ -42,7 +42,7 @@ void TestAxisMapping::detectsPresetFromProductName_data()
 {
     QTest::addColumn<QString>("product");
     QTest::addColumn<QString>("preset");
-    // Product names of the wheels whose report descriptors are in the shared devices folder,
+    // Product names of the wheels whose report descriptors are in tests/data/devices,
     // as their drivers name them, plus the edge cases of the rule order.
     QTest::newRow("G27") << QStringLiteral("G27 Racing Wheel") << presets::logitech;
     QTest::newRow("G29 PS3 mode") << kPs3Wheel << presets::logitechPs;

@@ -18,7 +18,7 @@ namespace {
 
 QString devicesDir()
 {
-    return QStringLiteral(ORVANE_SHARED_DIR "/devices");
+    return QStringLiteral(ORVANE_TEST_DATA_DIR "/devices");
 }
 
 struct LoadedDevice
@@ -117,8 +117,7 @@ private slots:
         QTest::addColumn<QString>("path");
         const QDir dir(devicesDir());
         const QStringList files = dir.entryList({QStringLiteral("*.hex")}, QDir::Files, QDir::Name);
-        if (files.isEmpty())
-            QSKIP("No device descriptors: the shared devices folder is missing");
+        QVERIFY2(!files.isEmpty(), "the device descriptors (tests/data/devices) are missing");
         for (const QString &file : files)
             QTest::newRow(qPrintable(file)) << dir.filePath(file);
     }
@@ -222,8 +221,7 @@ private slots:
         QFETCH(int, gasUsage);
         QFETCH(int, brakeUsage);
         const QString path = QDir(devicesDir()).filePath(file);
-        if (!QFileInfo::exists(path))
-            QSKIP("No device descriptors: the shared devices folder is missing");
+        QVERIFY2(QFileInfo::exists(path), qPrintable(path + QStringLiteral(" is missing")));
         LoadedDevice device;
         QString problem;
         QVERIFY2(load(path, "logitech", device, problem), qPrintable(problem));

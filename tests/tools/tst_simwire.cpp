@@ -33,7 +33,7 @@ private:
 
 QJsonArray TestSimWire::vectors()
 {
-    QFile f(QStringLiteral(ORVANE_SHARED_DIR "/crsf/vectors.json"));
+    QFile f(QStringLiteral(ORVANE_TEST_DATA_DIR "/crsf/vectors.json"));
     if (!f.open(QIODevice::ReadOnly))
         return {};
     return QJsonDocument::fromJson(f.readAll()).array();
@@ -43,8 +43,7 @@ void TestSimWire::crcAgreesWithIndependentFrames_data()
 {
     QTest::addColumn<QByteArray>("frame");
     const QJsonArray all = vectors();
-    if (all.isEmpty())
-        QSKIP("CRSF vectors not found under " ORVANE_SHARED_DIR "/crsf");
+    QVERIFY2(!all.isEmpty(), "the CRSF frames (tests/data/crsf/vectors.json) are missing");
     for (const QJsonValue &v : all) {
         const QJsonObject o = v.toObject();
         if (o.value(QStringLiteral("crc_ok")).toBool())

@@ -70,7 +70,9 @@ std::string hex(HRESULT hr)
     return text;
 }
 
-// Step 4 of opening: the stored main window, else the console's, else the desktop.
+// DirectInput ties cooperative levels to a window. The hub's main window is the
+// natural owner; a console program (the device lister) has no window of its own,
+// so its console stands in, and the desktop is the last resort that always exists.
 HWND cooperativeWindow()
 {
     if (g_window)
@@ -505,7 +507,8 @@ std::unique_ptr<BackendDevice> DInputBackend::open(int index, std::string *error
         return nullptr;
     };
 
-    // 1. A fresh enumeration; the index must be inside it.
+    // Positions refer to the list the caller saw, but controllers come and go: enumerate
+    // again so the index is checked against the devices attached right now.
     const Enumeration list = enumerate();
     if (index < 0 || index >= static_cast<int>(list.devices.size())) {
         if (error)
@@ -514,7 +517,8 @@ std::unique_ptr<BackendDevice> DInputBackend::open(int index, std::string *error
     }
     auto *directInput = static_cast<IDirectInput8W *>(m_directInput);
 
-    // 3. The device in the standard DIJOYSTATE2 format.
+    // DIJOYSTATE2 has room for every axis, slider, hat and button a wheel can have, so
+    // one data format fits all devices and the state maps straight onto RawInputState.
     IDirectInputDevice8W *device = nullptr;
     HRESULT hr = directInput->CreateDevice(fromGuid(list.devices[static_cast<size_t>(index)].instanceGuid),
                                            &device, nullptr);
@@ -525,24 +529,27 @@ std::unique_ptr<BackendDevice> DInputBackend::open(int index, std::string *error
         return fail("SetDataFormat failed", hr);
     }
 
-    // 4-5. Shared access in the background first.
+    // Shared background access: the hub keeps reading while another window has the
+    // focus, and a game or driver tool holding the wheel does not lock us out.
     HWND window = cooperativeWindow();
     if (FAILED(hr = device->SetCooperativeLevel(window, DISCL_NONEXCLUSIVE | DISCL_BACKGROUND))) {
         device->Release();
         return fail("SetCooperativeLevel failed", hr);
     }
 
-    // 6. Every axis reports 0..65535.
+    // Drivers report their own ranges; ask for 0..65535 on every axis so the rest of
+    // the hub sees one scale whatever the device.
     ObjectCounts counts{device};
     device->EnumObjects(setAxisRange, &counts, DIDFT_ALL);
 
-    // 7-8. Acquire and read the capabilities.
+    // The capabilities decide below whether force feedback needs exclusive access.
     device->Acquire();
     DeviceListEntry info;
     readCapabilities(device, info);
     info.axisSlots = presentAxisSlots(device);
 
-    // 9. Force-feedback devices are taken exclusively when nobody else holds them.
+    // DirectInput plays effects only for the exclusive owner. When someone else already
+    // holds the wheel, fall back to shared access so steering still reads.
     bool exclusive = false;
     if (info.hasForceFeedback) {
         device->Unacquire();
@@ -554,7 +561,8 @@ std::unique_ptr<BackendDevice> DInputBackend::open(int index, std::string *error
         }
     }
 
-    // 10. Names and identities as the device reports them now.
+    // The device's own answer wins over the enumeration's, which may be a moment old;
+    // the enumeration is the fallback when the driver does not answer.
     DIDEVICEINSTANCEW instance{};
     instance.dwSize = sizeof(DIDEVICEINSTANCEW);
     if (SUCCEEDED(device->GetDeviceInfo(&instance))) {
