@@ -384,46 +384,66 @@
     </message>
 </context>
 <context>
-    <name>tavrix::DeviceRoleSet</name>
+    <name>tavrix::DeviceRoles</name>
+    <message>
+        <source>Wheel base disconnected</source>
+        <translation>Lenkrad getrennt</translation>
+    </message>
     <message>
         <source>Failed to open wheel base device</source>
         <translation>Das Lenkrad konnte nicht geöffnet werden</translation>
     </message>
     <message>
-        <source>Failed to open pedals device</source>
-        <translation>Die Pedale konnten nicht geöffnet werden</translation>
-    </message>
-    <message>
-        <source>Failed to open shifter device</source>
-        <translation>Der Schaltknauf konnte nicht geöffnet werden</translation>
-    </message>
-    <message>
-        <source>Failed to open joystick device</source>
-        <translation>Der Joystick konnte nicht geöffnet werden</translation>
-    </message>
-    <message>
-        <source>Failed to open throttle device</source>
-        <translation>Der Gashebel konnte nicht geöffnet werden</translation>
-    </message>
-    <message>
-        <source>Wheel base disconnected</source>
-        <translation>Lenkrad getrennt</translation>
+        <source>Wheel base not connected</source>
+        <translation>Lenkrad nicht verbunden</translation>
     </message>
     <message>
         <source>Pedals disconnected</source>
         <translation>Pedale getrennt</translation>
     </message>
     <message>
+        <source>Failed to open pedals device</source>
+        <translation>Die Pedale konnten nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Pedals not connected</source>
+        <translation>Pedale nicht verbunden</translation>
+    </message>
+    <message>
         <source>Shifter disconnected</source>
         <translation>Schaltknauf getrennt</translation>
+    </message>
+    <message>
+        <source>Failed to open shifter device</source>
+        <translation>Der Schaltknauf konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Shifter not connected</source>
+        <translation>Schaltknauf nicht verbunden</translation>
     </message>
     <message>
         <source>Joystick disconnected</source>
         <translation>Joystick getrennt</translation>
     </message>
     <message>
+        <source>Failed to open joystick device</source>
+        <translation>Der Joystick konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Joystick not connected</source>
+        <translation>Joystick nicht verbunden</translation>
+    </message>
+    <message>
         <source>Throttle disconnected</source>
         <translation>Gashebel getrennt</translation>
+    </message>
+    <message>
+        <source>Failed to open throttle device</source>
+        <translation>Der Gashebel konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Throttle not connected</source>
+        <translation>Gashebel nicht verbunden</translation>
     </message>
 </context>
 <context>
@@ -839,20 +859,16 @@
         <translation>RP2040-Bridge nicht verbunden</translation>
     </message>
     <message>
-        <source>Joystick not connected</source>
-        <translation>Joystick nicht verbunden</translation>
-    </message>
-    <message>
-        <source>Wheel base not connected</source>
-        <translation>Lenkrad nicht verbunden</translation>
-    </message>
-    <message>
         <source>Transmission stopped for safety: %1. Verify the pedals and press Start Transmission again.</source>
         <translation>Übertragung aus Sicherheitsgründen gestoppt: %1. Prüfe die Pedale und drücke erneut auf „Übertragung starten“.</translation>
     </message>
     <message>
         <source>Stop transmission before configuring</source>
         <translation>Stoppe die Übertragung, bevor du konfigurierst</translation>
+    </message>
+    <message>
+        <source>Transmitter disconnected</source>
+        <translation>Sender getrennt</translation>
     </message>
 </context>
 <context>

@@ -384,29 +384,17 @@
     </message>
 </context>
 <context>
-    <name>tavrix::DeviceRoleSet</name>
+    <name>tavrix::DeviceRoles</name>
+    <message>
+        <source>Wheel base disconnected</source>
+        <translation type="unfinished"></translation>
+    </message>
     <message>
         <source>Failed to open wheel base device</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Failed to open pedals device</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Failed to open shifter device</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Failed to open joystick device</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Failed to open throttle device</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Wheel base disconnected</source>
+        <source>Wheel base not connected</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -414,7 +402,23 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Failed to open pedals device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pedals not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Shifter disconnected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to open shifter device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shifter not connected</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -422,7 +426,23 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>Failed to open joystick device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Joystick not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>Throttle disconnected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to open throttle device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle not connected</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -839,19 +859,15 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Joystick not connected</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Wheel base not connected</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Transmission stopped for safety: %1. Verify the pedals and press Start Transmission again.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <source>Stop transmission before configuring</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmitter disconnected</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
