@@ -3,19 +3,19 @@
 // the verdict through qemu's isa-debug-exit port (0 = all passed).
 //
 // For every real descriptor: the device is listed as a game controller without a
-// udev daemon, the kernel lays it out the way our model of hid-input says, every
+// udev daemon, the kernel lays it out as its stored layout says, every
 // axis DirectInput would show lands on the same slot scaled to 0..65535, every
 // button and the hat read back, and removal is reported as loss. Then: a node
 // nobody but root may read is reported with the udev advice, a keyboard stays out
 // of the list, and a force-feedback wheel sees our effects upload, play, stop,
 // erase, gain and autocentre while we hold it exclusively.
 
+#include "devicelayouts.h"
 #include "evdevbackend.h"
 #include "evdevdevice.h"
 #include "evdevhotplugmonitor.h"
 #include "evdevmapping.h"
 #include "hiddescriptor.h"
-#include "hidusagemap.h"
 #include "vmdevices.h"
 
 #include <algorithm>
@@ -97,10 +97,10 @@ int waitForDevice(EvdevBackend &backend, const std::string &name, vm::UhidDevice
     return -1;
 }
 
-evdev::DeviceCapabilities capabilitiesOf(const hid::KernelInputDevice &kernel)
+evdev::DeviceCapabilities capabilitiesOf(const std::vector<hid::KernelCode> &kernel)
 {
     evdev::DeviceCapabilities caps;
-    for (const hid::KernelCode &code : kernel.codes) {
+    for (const hid::KernelCode &code : kernel) {
         caps.events.set(static_cast<size_t>(code.type));
         if (code.type == EV_ABS) {
             caps.axes.set(static_cast<size_t>(code.code));
@@ -173,17 +173,13 @@ void testDescriptor(const std::string &path, int number)
     std::string error;
     const std::vector<uint8_t> bytes = hid::parseHexBytes(readFile(path), &error);
     const hid::Descriptor descriptor = hid::parseDescriptor(bytes);
-    check(!bytes.empty() && descriptor.error.empty(), "descriptor parses: " + error + descriptor.error);
-    if (bytes.empty() || !descriptor.error.empty())
+    hid::DeviceLayouts layouts;
+    const bool read =
+        !bytes.empty() && descriptor.error.empty() && hid::readDeviceLayouts(path, layouts, &error);
+    check(read, "descriptor and layouts read: " + error + descriptor.error);
+    if (!read)
         return;
-
-    hid::KernelInputDevice model;
-    for (const hid::KernelInputDevice &candidate : hid::kernelMapping(descriptor)) {
-        if (candidate.codes.size() > model.codes.size())
-            model = candidate;
-    }
-    const evdev::DeviceLayout expected = evdev::layoutDevice(capabilitiesOf(model));
-    const hid::DirectInputLayout windows = hid::directInputMapping(descriptor);
+    const evdev::DeviceLayout expected = evdev::layoutDevice(capabilitiesOf(layouts.kernel));
 
     // Ids from "<...>-<vendor>-<product>.hex".
     const std::string stem = file.substr(0, file.size() - 4);
@@ -242,9 +238,10 @@ void testDescriptor(const std::string &path, int number)
             rig.reportIds.push_back(field->reportId);
     }
     // Any element shows reports arriving: the first button, else the first axis at its maximum.
-    hid::ElementRef probe = windows.buttons.empty() ? hid::ElementRef{} : windows.buttons.front();
+    hid::ElementRef probe =
+        layouts.directInputButtons.empty() ? hid::ElementRef{} : layouts.directInputButtons.front();
     int64_t probeValue = 1;
-    for (const hid::ElementRef &ref : windows.axisSlots) {
+    for (const hid::ElementRef &ref : layouts.directInputAxes) {
         if (!probe.valid() && ref.valid()) {
             probe = ref;
             probeValue = descriptor.fields[static_cast<size_t>(ref.field)].logicalMaximum;
@@ -257,7 +254,7 @@ void testDescriptor(const std::string &path, int number)
     check(device->poll(resting) == PollResult::Ok, "polls");
 
     for (int slot = 0; slot < AxisSlotCount; ++slot) {
-        const hid::ElementRef ref = windows.axisSlots[static_cast<size_t>(slot)];
+        const hid::ElementRef ref = layouts.directInputAxes[static_cast<size_t>(slot)];
         if (!ref.valid()) {
             check(resting.axes[static_cast<size_t>(slot)] == kRawAxisCentre,
                   "slot without an axis reads centred");
@@ -284,9 +281,9 @@ void testDescriptor(const std::string &path, int number)
         rig.rest();
     }
 
-    const size_t buttons = std::min<size_t>(windows.buttons.size(), 80);
+    const size_t buttons = std::min<size_t>(layouts.directInputButtons.size(), 80);
     for (size_t i = 0; i < buttons; ++i) {
-        const RawInputState state = rig.send(windows.buttons[i], 1);
+        const RawInputState state = rig.send(layouts.directInputButtons[i], 1);
         const auto pressed =
             std::count_if(state.buttons.begin(), state.buttons.end(), [](uint8_t b) { return b; });
         check(state.buttons[i] == 0x80 && pressed == 1,
@@ -294,10 +291,10 @@ void testDescriptor(const std::string &path, int number)
     }
     rig.rest();
 
-    if (!windows.povs.empty()) {
-        const hid::Field &hat = descriptor.fields[static_cast<size_t>(windows.povs.front().field)];
+    if (!layouts.directInputPovs.empty()) {
+        const hid::Field &hat = descriptor.fields[static_cast<size_t>(layouts.directInputPovs.front().field)];
         for (int64_t value = hat.logicalMinimum; value <= hat.logicalMaximum + 1; ++value) {
-            const RawInputState state = rig.send(windows.povs.front(), value);
+            const RawInputState state = rig.send(layouts.directInputPovs.front(), value);
             check(state.povs[0] == hid::directInputPov(value, hat.logicalMinimum, hat.logicalMaximum),
                   "hat value " + std::to_string(value) + " reads the POV DirectInput gives, got " +
                       std::to_string(state.povs[0]));
