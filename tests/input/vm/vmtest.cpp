@@ -79,22 +79,33 @@ std::string readFile(const std::string &path)
     return text.str();
 }
 
+// Polls until the condition holds, or gives up when patience runs out.
+bool waitUntil(const std::function<bool()> &condition)
+{
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() >= deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
+}
+
 // Position of the named device in a fresh enumeration, waiting for the kernel to
 // finish probing (hid-generic binds asynchronously).
 int waitForDevice(EvdevBackend &backend, const std::string &name, vm::UhidDevice *uhid, Enumeration *found)
 {
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
-    while (std::chrono::steady_clock::now() < deadline) {
+    int index = -1;
+    waitUntil([&] {
         if (uhid)
             uhid->serviceRequests();
         *found = backend.enumerate();
-        for (size_t i = 0; i < found->devices.size(); ++i) {
-            if (found->devices[i].instanceName == name)
-                return static_cast<int>(i);
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return -1;
+        const auto it = std::find_if(found->devices.begin(), found->devices.end(),
+                                     [&](const DeviceListEntry &e) { return e.instanceName == name; });
+        index = it == found->devices.end() ? -1 : static_cast<int>(it - found->devices.begin());
+        return index >= 0;
+    });
+    return index;
 }
 
 evdev::DeviceCapabilities capabilitiesOf(const std::vector<hid::KernelCode> &kernel)
@@ -153,16 +164,12 @@ struct Rig
     {
         RawInputState before;
         device.poll(before);
-        const auto deadline = std::chrono::steady_clock::now() + kPatience;
-        do {
+        const bool arrived = waitUntil([&] {
             const RawInputState after = send(ref, value);
-            if (after.axes != before.axes || after.buttons != before.buttons || after.povs != before.povs) {
-                rest();
-                return device.poll(before) == PollResult::Ok;
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        } while (std::chrono::steady_clock::now() < deadline);
-        return false;
+            return after.axes != before.axes || after.buttons != before.buttons || after.povs != before.povs;
+        });
+        rest();
+        return arrived && device.poll(before) == PollResult::Ok;
     }
 };
 
@@ -350,32 +357,20 @@ void testKeyboardIsNotListed()
     vm::UinputKeyboard keyboard;
     check(keyboard.create("vm keyboard"), "uinput keyboard created");
     // Wait until the keyboard has its event node, then make sure it is not listed.
-    bool present = false;
-    const auto nodeDeadline = std::chrono::steady_clock::now() + kPatience;
-    while (!present && std::chrono::steady_clock::now() < nodeDeadline) {
-        DIR *dir = ::opendir("/sys/class/input");
-        while (dir && !present) {
-            const dirent *entry = ::readdir(dir);
-            if (!entry)
-                break;
-            present = readFile(std::string("/sys/class/input/") + entry->d_name + "/device/name") ==
-                          "vm keyboard\n" &&
-                      std::string(entry->d_name).rfind("event", 0) == 0;
-        }
-        if (dir)
-            ::closedir(dir);
-        if (!present)
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    check(present, "the keyboard has an event node");
-    bool noticed = false;
-    const auto noticeDeadline = std::chrono::steady_clock::now() + kPatience;
-    while (!noticed && std::chrono::steady_clock::now() < noticeDeadline) {
-        noticed = monitor.takeChanges();
-        if (!noticed)
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    check(noticed, "the hot-plug watch noticed the new node without udev");
+    check(waitUntil([] {
+              bool present = false;
+              DIR *dir = ::opendir("/sys/class/input");
+              while (const dirent *entry = dir && !present ? ::readdir(dir) : nullptr)
+                  present = std::string(entry->d_name).rfind("event", 0) == 0 &&
+                            readFile(std::string("/sys/class/input/") + entry->d_name + "/device/name") ==
+                                "vm keyboard\n";
+              if (dir)
+                  ::closedir(dir);
+              return present;
+          }),
+          "the keyboard has an event node");
+    check(waitUntil([&] { return monitor.takeChanges(); }),
+          "the hot-plug watch noticed the new node without udev");
     const Enumeration found = EvdevBackend().enumerate();
     check(std::none_of(found.devices.begin(), found.devices.end(),
                        [](const DeviceListEntry &e) { return e.instanceName == "vm keyboard"; }),
