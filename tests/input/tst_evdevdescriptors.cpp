@@ -64,22 +64,6 @@ bool load(const QString &path, const std::string &driver, LoadedDevice &device, 
     return true;
 }
 
-DeviceCapabilities capabilitiesOf(const hid::DeviceLayouts &layouts)
-{
-    DeviceCapabilities caps;
-    for (const hid::KernelCode &code : layouts.kernel) {
-        caps.events.set(static_cast<size_t>(code.type));
-        if (code.type == EV_ABS) {
-            caps.axes.set(static_cast<size_t>(code.code));
-            if (code.hat)
-                caps.axes.set(static_cast<size_t>(code.code + 1));
-        } else if (code.type == EV_KEY) {
-            caps.keys.set(static_cast<size_t>(code.code));
-        }
-    }
-    return caps;
-}
-
 hid::ElementRef sourceOf(const hid::DeviceLayouts &layouts, int type, int code)
 {
     const hid::KernelCode *entry = layouts.find(type, code);
@@ -124,7 +108,7 @@ private slots:
         QString problem;
         QVERIFY2(load(path, "hid-generic", device, problem), qPrintable(problem));
 
-        const DeviceCapabilities caps = capabilitiesOf(device.layouts);
+        const DeviceCapabilities caps = device.layouts.kernelCapabilities<DeviceCapabilities>();
         QVERIFY2(isJoystickClass(caps), "not recognised as a game controller");
         const DeviceLayout layout = layoutDevice(caps, findSlotOverride(device.identity));
 
@@ -225,7 +209,8 @@ private slots:
         QVERIFY2(load(path, "logitech", device, problem), qPrintable(problem));
         const SlotOverride *override = findSlotOverride(device.identity);
         QVERIFY2(override, "no override for a wheel that hid-lg lays out");
-        const DeviceLayout layout = layoutDevice(capabilitiesOf(device.layouts), override);
+        const DeviceLayout layout =
+            layoutDevice(device.layouts.kernelCapabilities<DeviceCapabilities>(), override);
 
         auto usageOnSlot = [&](int slot) -> int {
             const int code = layout.slotCode[static_cast<size_t>(slot)];

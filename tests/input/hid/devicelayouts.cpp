@@ -1,7 +1,6 @@
 #include "devicelayouts.h"
 
 #include <fstream>
-#include <linux/input.h>
 #include <sstream>
 
 namespace tavrix::hid {

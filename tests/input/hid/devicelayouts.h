@@ -14,6 +14,7 @@
 
 #include <array>
 #include <cstdint>
+#include <linux/input.h>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,22 @@ struct DeviceLayouts
     std::vector<ElementRef> directInputPovs;    // at most 4
 
     const KernelCode *find(int type, int code) const;
+
+    // The capability bitmaps the kernel announces for these codes (evdev::DeviceCapabilities).
+    template<class Capabilities> Capabilities kernelCapabilities() const
+    {
+        Capabilities caps;
+        for (const KernelCode &code : kernel) {
+            caps.events.set(static_cast<size_t>(code.type));
+            if (code.type == EV_KEY)
+                caps.keys.set(static_cast<size_t>(code.code));
+            else
+                caps.axes.set(static_cast<size_t>(code.code));
+            if (code.hat)
+                caps.axes.set(static_cast<size_t>(code.code + 1));
+        }
+        return caps;
+    }
 };
 
 // Reads the layouts stored for the descriptor at hexPath ("x.hex" -> "x.layout").

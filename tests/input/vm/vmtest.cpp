@@ -108,22 +108,6 @@ int waitForDevice(EvdevBackend &backend, const std::string &name, vm::UhidDevice
     return index;
 }
 
-evdev::DeviceCapabilities capabilitiesOf(const std::vector<hid::KernelCode> &kernel)
-{
-    evdev::DeviceCapabilities caps;
-    for (const hid::KernelCode &code : kernel) {
-        caps.events.set(static_cast<size_t>(code.type));
-        if (code.type == EV_ABS) {
-            caps.axes.set(static_cast<size_t>(code.code));
-            if (code.hat)
-                caps.axes.set(static_cast<size_t>(code.code + 1));
-        } else if (code.type == EV_KEY) {
-            caps.keys.set(static_cast<size_t>(code.code));
-        }
-    }
-    return caps;
-}
-
 std::string slotList(const std::array<int, AxisSlotCount> &codes)
 {
     std::string text;
@@ -186,7 +170,8 @@ void testDescriptor(const std::string &path, int number)
     check(read, "descriptor and layouts read: " + error + descriptor.error);
     if (!read)
         return;
-    const evdev::DeviceLayout expected = evdev::layoutDevice(capabilitiesOf(layouts.kernel));
+    const evdev::DeviceLayout expected =
+        evdev::layoutDevice(layouts.kernelCapabilities<evdev::DeviceCapabilities>());
 
     // Ids from "<...>-<vendor>-<product>.hex".
     const std::string stem = file.substr(0, file.size() - 4);
