@@ -21,45 +21,20 @@ QString devicesDir()
     return QStringLiteral(ORVANE_TEST_DATA_DIR "/devices");
 }
 
-struct LoadedDevice
+struct LoadedDevice : hid::StoredDevice
 {
-    hid::Descriptor descriptor;
-    hid::DeviceLayouts layouts;
     DeviceIdentity identity;
 };
 
-// Vendor and product from "<origin>_<maker>-<model>-<vendor>-<product>.hex".
-bool idsFromFileName(const QString &fileName, DeviceIdentity &identity)
-{
-    const QStringList parts = QFileInfo(fileName).completeBaseName().split(QLatin1Char('-'));
-    if (parts.size() < 3)
-        return false;
-    bool vendorOk = false;
-    bool productOk = false;
-    identity.vendor = static_cast<uint16_t>(parts.at(parts.size() - 2).toUInt(&vendorOk, 16));
-    identity.product = static_cast<uint16_t>(parts.last().toUInt(&productOk, 16));
-    return vendorOk && productOk;
-}
-
 bool load(const QString &path, const std::string &driver, LoadedDevice &device, QString &problem)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        problem = QStringLiteral("cannot read %1").arg(path);
-        return false;
-    }
     std::string error;
-    const std::vector<uint8_t> bytes = hid::parseHexBytes(file.readAll().toStdString(), &error);
-    device.descriptor = hid::parseDescriptor(bytes);
-    if (bytes.empty() || !device.descriptor.error.empty() ||
-        !hid::readDeviceLayouts(path.toStdString(), device.layouts, &error)) {
-        problem = QString::fromStdString(error + device.descriptor.error);
+    if (!hid::loadStoredDevice(path.toStdString(), device, &error)) {
+        problem = QString::fromStdString(error);
         return false;
     }
-    if (!idsFromFileName(path, device.identity)) {
-        problem = QStringLiteral("no vendor and product in the file name");
-        return false;
-    }
+    device.identity.vendor = device.vendor;
+    device.identity.product = device.product;
     device.identity.driver = driver;
     return true;
 }

@@ -17,20 +17,8 @@ bool parseRef(const std::string &word, ElementRef &ref)
     return bool(parts >> ref.field >> colon >> ref.element) && colon == ':' && parts.eof() && ref.field >= 0;
 }
 
-} // namespace
-
-const KernelCode *DeviceLayouts::find(int type, int code) const
+bool readDeviceLayouts(const std::string &path, DeviceLayouts &layouts, std::string *error)
 {
-    for (const KernelCode &entry : kernel) {
-        if (entry.type == type && entry.code == code)
-            return &entry;
-    }
-    return nullptr;
-}
-
-bool readDeviceLayouts(const std::string &hexPath, DeviceLayouts &layouts, std::string *error)
-{
-    const std::string path = hexPath.substr(0, hexPath.rfind('.')) + ".layout";
     std::ifstream in(path);
     if (!in) {
         *error = "cannot read " + path;
@@ -66,6 +54,40 @@ bool readDeviceLayouts(const std::string &hexPath, DeviceLayouts &layouts, std::
         }
     }
     return true;
+}
+
+} // namespace
+
+const KernelCode *DeviceLayouts::find(int type, int code) const
+{
+    for (const KernelCode &entry : kernel) {
+        if (entry.type == type && entry.code == code)
+            return &entry;
+    }
+    return nullptr;
+}
+
+bool loadStoredDevice(const std::string &hexPath, StoredDevice &device, std::string *error)
+{
+    std::ifstream in(hexPath);
+    std::stringstream text;
+    text << in.rdbuf();
+    device.bytes = parseHexBytes(text.str(), error);
+    device.descriptor = parseDescriptor(device.bytes);
+    if (device.bytes.empty() || !device.descriptor.error.empty()) {
+        *error = hexPath + ": " + *error + device.descriptor.error;
+        return false;
+    }
+    const std::string stem = hexPath.substr(0, hexPath.rfind('.'));
+    const size_t productDash = stem.rfind('-');
+    const size_t vendorDash = stem.rfind('-', productDash - 1);
+    if (vendorDash == std::string::npos) {
+        *error = hexPath + ": no vendor and product in the file name";
+        return false;
+    }
+    device.vendor = static_cast<uint16_t>(std::stoul(stem.substr(vendorDash + 1, 4), nullptr, 16));
+    device.product = static_cast<uint16_t>(std::stoul(stem.substr(productDash + 1, 4), nullptr, 16));
+    return readDeviceLayouts(stem + ".layout", device.layouts, error);
 }
 
 uint32_t directInputPov(int64_t value, int32_t logicalMinimum, int32_t logicalMaximum)

@@ -12,6 +12,8 @@
 // scripts/ci-input-vm checks the kernel half against a real kernel; a new descriptor needs
 // its layout written from the same two rules.
 
+#include "hiddescriptor.h"
+
 #include <array>
 #include <cstdint>
 #include <linux/input.h>
@@ -66,8 +68,19 @@ struct DeviceLayouts
     }
 };
 
-// Reads the layouts stored for the descriptor at hexPath ("x.hex" -> "x.layout").
-[[nodiscard]] bool readDeviceLayouts(const std::string &hexPath, DeviceLayouts &layouts, std::string *error);
+// One descriptor file of tests/data/devices with everything stored about it.
+struct StoredDevice
+{
+    std::vector<uint8_t> bytes;
+    Descriptor descriptor;
+    DeviceLayouts layouts;
+    uint16_t vendor = 0; // from the file name, "<...>-<vendor>-<product>.hex"
+    uint16_t product = 0;
+};
+
+// Reads "x.hex", parses it and reads its "x.layout"; false and a reason in *error when
+// anything of that fails.
+[[nodiscard]] bool loadStoredDevice(const std::string &hexPath, StoredDevice &device, std::string *error);
 
 // DirectInput's POV value for a raw hat value: hundredths of a degree, or centred.
 [[nodiscard]] uint32_t directInputPov(int64_t value, int32_t logicalMinimum, int32_t logicalMaximum);

@@ -162,30 +162,26 @@ void testDescriptor(const std::string &path, int number)
     const std::string file = path.substr(path.find_last_of('/') + 1);
     g_context = file;
     std::string error;
-    const std::vector<uint8_t> bytes = hid::parseHexBytes(readFile(path), &error);
-    const hid::Descriptor descriptor = hid::parseDescriptor(bytes);
-    hid::DeviceLayouts layouts;
-    const bool read =
-        !bytes.empty() && descriptor.error.empty() && hid::readDeviceLayouts(path, layouts, &error);
-    check(read, "descriptor and layouts read: " + error + descriptor.error);
+    hid::StoredDevice stored;
+    const bool read = hid::loadStoredDevice(path, stored, &error);
+    check(read, "descriptor and layouts read: " + error);
     if (!read)
         return;
+    const hid::Descriptor &descriptor = stored.descriptor;
+    const hid::DeviceLayouts &layouts = stored.layouts;
     const evdev::DeviceLayout expected =
         evdev::layoutDevice(layouts.kernelCapabilities<evdev::DeviceCapabilities>());
 
-    // Ids from "<...>-<vendor>-<product>.hex".
     const std::string stem = file.substr(0, file.size() - 4);
-    const size_t productDash = stem.find_last_of('-');
-    const size_t vendorDash = stem.find_last_of('-', productDash - 1);
     vm::UhidDevice::Identity identity;
-    identity.vendor = static_cast<uint16_t>(std::stoul(stem.substr(vendorDash + 1, 4), nullptr, 16));
-    identity.product = static_cast<uint16_t>(std::stoul(stem.substr(productDash + 1, 4), nullptr, 16));
+    identity.vendor = stored.vendor;
+    identity.product = stored.product;
     identity.version = 0x0111;
     identity.name = "vm " + stem.substr(0, 100);
     identity.phys = "vmtest/uhid" + std::to_string(number);
 
     vm::UhidDevice uhid;
-    check(uhid.create(identity, bytes, &error), "uhid device created: " + error);
+    check(uhid.create(identity, stored.bytes, &error), "uhid device created: " + error);
     EvdevBackend backend;
     Enumeration found;
     const int index = waitForDevice(backend, identity.name, &uhid, &found);
