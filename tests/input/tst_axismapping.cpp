@@ -42,17 +42,13 @@ void TestAxisMapping::detectsPresetFromProductName_data()
 {
     QTest::addColumn<QString>("product");
     QTest::addColumn<QString>("preset");
-    // Product names of the wheels whose report descriptors are in tests/data/devices,
-    // as their drivers name them, plus the edge cases of the rule order.
+    // One row per rule: model names without the maker, the PS3 variant, the blank after
+    // "tx", and which maker wins when a name carries two.
     QTest::newRow("G27") << QStringLiteral("G27 Racing Wheel") << presets::logitech;
-    QTest::newRow("G29 PS3 mode") << kPs3Wheel << presets::logitechPs;
     QTest::newRow("g29 and ps3 in lower case") << QStringLiteral("g29 wheel (ps3)") << presets::logitechPs;
-    QTest::newRow("MOMO Racing") << QStringLiteral("Logitech MOMO Racing") << presets::logitech;
     QTest::newRow("MOMO without maker") << QStringLiteral("MOMO Racing") << presets::generic;
-    QTest::newRow("T300RS") << QStringLiteral("Thrustmaster T300RS Racing wheel") << presets::thrustmaster;
     QTest::newRow("TX with blank") << QStringLiteral("TX Racing Wheel") << presets::thrustmaster;
     QTest::newRow("tx without blank") << QStringLiteral("STX-Wheel") << presets::generic;
-    QTest::newRow("MOZA") << QStringLiteral("MOZA R9 Base") << presets::mozaFanatec;
     QTest::newRow("moza beats logitech")
         << QStringLiteral("Moza adapter for Logitech pedals") << presets::mozaFanatec;
     QTest::newRow("logitech beats thrustmaster")
@@ -255,9 +251,6 @@ void TestAxisMapping::savedMappingOnAnOpenDevice()
     QVERIFY(rig.device.isAxisActive(3)); // the new steering slot is live
     QVERIFY(written.hasCustomAxisMapping);
     QCOMPARE(written.instanceGuid, rig.device.instanceGuidString());
-    QVERIFY(QRegularExpression(QStringLiteral("^\\{[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}\\}$"))
-                .match(written.instanceGuid)
-                .hasMatch());
 }
 
 void TestAxisMapping::savedRecordKeepsOtherConnectionKeys()

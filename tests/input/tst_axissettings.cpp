@@ -6,45 +6,9 @@
 #include <cmath>
 
 using namespace tavrix;
+using Axis = AxisSettings; // rows name only what differs from the defaults
 
-namespace {
-
-// A compact way to write one row's settings: only what differs from the defaults.
-struct Tweaks
-{
-    bool inverted = false;
-    float deadzone = 0.0f;
-    float minOutput = 0.0f;
-    float maxOutput = 1.0f;
-    int curve = 0;
-    float exponent = 2.0f;
-    float expo = 0.0f;
-    bool calibrate = false;
-    float inputMin = -1.0f;
-    float inputCenter = 0.0f;
-    float inputMax = 1.0f;
-
-    AxisSettings settings() const
-    {
-        AxisSettings s;
-        s.inverted = inverted;
-        s.deadzone = deadzone;
-        s.minOutput = minOutput;
-        s.maxOutput = maxOutput;
-        s.curve = curve;
-        s.curveExponent = exponent;
-        s.expo = expo;
-        s.useCalibration = calibrate;
-        s.inputMin = inputMin;
-        s.inputCenter = inputCenter;
-        s.inputMax = inputMax;
-        return s;
-    }
-};
-
-} // namespace
-
-Q_DECLARE_METATYPE(Tweaks)
+Q_DECLARE_METATYPE(tavrix::AxisSettings)
 
 class TestAxisSettings : public QObject
 {
@@ -92,74 +56,74 @@ void TestAxisSettings::logarithmicCurveWithZeroFactorIsNotANumber()
 
 void TestAxisSettings::bipolarPipeline_data()
 {
-    QTest::addColumn<Tweaks>("tweaks");
+    QTest::addColumn<AxisSettings>("settings");
     QTest::addColumn<float>("input");
     QTest::addColumn<float>("expected");
-    QTest::newRow("defaults pass through") << Tweaks{} << 0.37f << 0.37f;
-    QTest::newRow("inverted") << Tweaks{.inverted = true} << 0.37f << -0.37f;
-    QTest::newRow("inside deadzone is 0") << Tweaks{.deadzone = 0.1f} << -0.05f << 0.0f;
-    QTest::newRow("deadzone rescales the rest") << Tweaks{.deadzone = 0.1f} << 0.55f << 0.5f;
-    QTest::newRow("power curve keeps the sign") << Tweaks{.curve = 1} << -0.5f << -0.25f;
-    QTest::newRow("inverted power curve") << Tweaks{.inverted = true, .curve = 1} << -0.5f << 0.25f;
-    QTest::newRow("expo half at half") << Tweaks{.expo = 0.5f} << 0.5f << 0.3125f;
-    QTest::newRow("output range moves the centre") << Tweaks{.minOutput = 0.2f} << 0.0f << 0.2f;
-    QTest::newRow("output range left end") << Tweaks{.minOutput = 0.2f} << -1.0f << -0.6f;
-    QTest::newRow("narrow output range") << Tweaks{.minOutput = 0.25f, .maxOutput = 0.75f} << -1.0f << -0.5f;
+    QTest::newRow("defaults pass through") << Axis{} << 0.37f << 0.37f;
+    QTest::newRow("inverted") << Axis{.inverted = true} << 0.37f << -0.37f;
+    QTest::newRow("inside deadzone is 0") << Axis{.deadzone = 0.1f} << -0.05f << 0.0f;
+    QTest::newRow("deadzone rescales the rest") << Axis{.deadzone = 0.1f} << 0.55f << 0.5f;
+    QTest::newRow("power curve keeps the sign") << Axis{.curve = 1} << -0.5f << -0.25f;
+    QTest::newRow("inverted power curve") << Axis{.inverted = true, .curve = 1} << -0.5f << 0.25f;
+    QTest::newRow("expo half at half") << Axis{.expo = 0.5f} << 0.5f << 0.3125f;
+    QTest::newRow("output range moves the centre") << Axis{.minOutput = 0.2f} << 0.0f << 0.2f;
+    QTest::newRow("output range left end") << Axis{.minOutput = 0.2f} << -1.0f << -0.6f;
+    QTest::newRow("narrow output range") << Axis{.minOutput = 0.25f, .maxOutput = 0.75f} << -1.0f << -0.5f;
     QTest::newRow("calibrated centre")
-        << Tweaks{.calibrate = true, .inputMin = -0.6f, .inputCenter = 0.2f, .inputMax = 0.8f} << 0.2f
+        << Axis{.inputMin = -0.6f, .inputMax = 0.8f, .inputCenter = 0.2f, .useCalibration = true} << 0.2f
         << 0.0f;
     QTest::newRow("calibrated right half")
-        << Tweaks{.calibrate = true, .inputMin = -0.6f, .inputCenter = 0.2f, .inputMax = 0.8f} << 0.5f
+        << Axis{.inputMin = -0.6f, .inputMax = 0.8f, .inputCenter = 0.2f, .useCalibration = true} << 0.5f
         << 0.5f;
     QTest::newRow("centre equal to minimum gives 0 below it")
-        << Tweaks{.calibrate = true, .inputMin = -0.5f, .inputCenter = -0.5f} << -0.9f << 0.0f;
+        << Axis{.inputMin = -0.5f, .inputCenter = -0.5f, .useCalibration = true} << -0.9f << 0.0f;
     QTest::newRow("calibration off ignores the values")
-        << Tweaks{.inputMin = -0.5f, .inputCenter = 0.3f} << 0.3f << 0.3f;
+        << Axis{.inputMin = -0.5f, .inputCenter = 0.3f} << 0.3f << 0.3f;
 }
 
 void TestAxisSettings::bipolarPipeline()
 {
-    QFETCH(Tweaks, tweaks);
+    QFETCH(AxisSettings, settings);
     QFETCH(float, input);
     QFETCH(float, expected);
-    const float out = tweaks.settings().apply(input, true);
+    const float out = settings.apply(input, true);
     QVERIFY2(qAbs(out - expected) < 1e-5f, qPrintable(QString::number(out)));
 }
 
 void TestAxisSettings::unipolarPipeline_data()
 {
-    QTest::addColumn<Tweaks>("tweaks");
+    QTest::addColumn<AxisSettings>("settings");
     QTest::addColumn<float>("input");
     QTest::addColumn<float>("expected");
-    QTest::newRow("released") << Tweaks{} << -1.0f << 0.0f;
-    QTest::newRow("half travel past the 2%") << Tweaks{} << 0.0f << 0.489796f;
-    QTest::newRow("just past 2%") << Tweaks{} << -0.95f << 0.005102f;
-    QTest::newRow("larger deadzone wins") << Tweaks{.deadzone = 0.1f} << -0.9f << 0.0f;
-    QTest::newRow("larger deadzone rescales") << Tweaks{.deadzone = 0.1f} << 0.1f << 0.5f;
-    QTest::newRow("inverted full") << Tweaks{.inverted = true} << -1.0f << 1.0f;
-    QTest::newRow("power curve") << Tweaks{.curve = 1} << 0.0f << 0.239900f;
-    QTest::newRow("expo is not used") << Tweaks{.expo = 0.9f} << 0.0f << 0.489796f;
-    QTest::newRow("inside deadzone stays 0 above a floor") << Tweaks{.minOutput = 0.3f} << -0.98f << 0.0f;
-    QTest::newRow("just past deadzone starts at the floor")
-        << Tweaks{.minOutput = 0.3f} << -0.959f << 0.30036f;
+    QTest::newRow("released") << Axis{} << -1.0f << 0.0f;
+    QTest::newRow("half travel past the 2%") << Axis{} << 0.0f << 0.489796f;
+    QTest::newRow("just past 2%") << Axis{} << -0.95f << 0.005102f;
+    QTest::newRow("larger deadzone wins") << Axis{.deadzone = 0.1f} << -0.9f << 0.0f;
+    QTest::newRow("larger deadzone rescales") << Axis{.deadzone = 0.1f} << 0.1f << 0.5f;
+    QTest::newRow("inverted full") << Axis{.inverted = true} << -1.0f << 1.0f;
+    QTest::newRow("power curve") << Axis{.curve = 1} << 0.0f << 0.239900f;
+    QTest::newRow("expo is not used") << Axis{.expo = 0.9f} << 0.0f << 0.489796f;
+    QTest::newRow("inside deadzone stays 0 above a floor") << Axis{.minOutput = 0.3f} << -0.98f << 0.0f;
+    QTest::newRow("just past deadzone starts at the floor") << Axis{.minOutput = 0.3f} << -0.959f << 0.30036f;
     QTest::newRow("calibrated ceiling")
-        << Tweaks{.calibrate = true, .inputMin = -0.5f, .inputMax = 0.5f} << 1.0f << 0.75f;
+        << Axis{.inputMin = -0.5f, .inputMax = 0.5f, .useCalibration = true} << 1.0f << 0.75f;
     QTest::newRow("calibrated floor")
-        << Tweaks{.calibrate = true, .inputMin = -0.5f, .inputMax = 0.5f} << -0.959f << 0.25026f;
+        << Axis{.inputMin = -0.5f, .inputMax = 0.5f, .useCalibration = true} << -0.959f << 0.25026f;
     QTest::newRow("calibration is no input rescale")
-        << Tweaks{.calibrate = true, .inputMin = -1.0f, .inputMax = 0.0f} << 1.0f << 0.5f;
+        << Axis{.inputMin = -1.0f, .inputMax = 0.0f, .useCalibration = true} << 1.0f << 0.5f;
     QTest::newRow("inverted calibration swaps floor and ceiling")
-        << Tweaks{.inverted = true, .calibrate = true, .inputMin = -0.5f, .inputMax = 0.5f} << -1.0f << 0.25f;
+        << Axis{.inverted = true, .inputMin = -0.5f, .inputMax = 0.5f, .useCalibration = true} << -1.0f
+        << 0.25f;
     QTest::newRow("output range ignores minOutput under calibration")
-        << Tweaks{.minOutput = 0.6f, .calibrate = true} << 1.0f << 1.0f;
+        << Axis{.minOutput = 0.6f, .useCalibration = true} << 1.0f << 1.0f;
 }
 
 void TestAxisSettings::unipolarPipeline()
 {
-    QFETCH(Tweaks, tweaks);
+    QFETCH(AxisSettings, settings);
     QFETCH(float, input);
     QFETCH(float, expected);
-    const float out = tweaks.settings().apply(input, false);
+    const float out = settings.apply(input, false);
     QVERIFY2(qAbs(out - expected) < 2e-4f, qPrintable(QString::number(out)));
 }
 

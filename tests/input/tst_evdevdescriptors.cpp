@@ -1,13 +1,13 @@
-// Real wheels and joysticks, from their HID report descriptors: each one, read the
-// way the Linux kernel maps HID usages to evdev codes and then laid out by the evdev
+// Real wheels and joysticks, from their HID report descriptors: the evdev codes the Linux
+// kernel gives each one (stored beside it, see devicelayouts.h), laid out by the evdev
 // backend, must land on the slots DirectInput gives the same descriptor, so that a
 // preset means the same on Linux and Windows. Where a Linux driver rewrites a wheel's
 // descriptor, the backend's override table must still put the pedals where the
 // preset expects them.
 
+#include "devicelayouts.h"
 #include "evdevmapping.h"
 #include "hiddescriptor.h"
-#include "hidusagemap.h"
 
 #include <QtTest>
 
@@ -21,72 +21,27 @@ QString devicesDir()
     return QStringLiteral(ORVANE_TEST_DATA_DIR "/devices");
 }
 
-struct LoadedDevice
+struct LoadedDevice : hid::StoredDevice
 {
-    hid::Descriptor descriptor;
-    hid::KernelInputDevice kernel;
     DeviceIdentity identity;
 };
 
-// Vendor and product from "<origin>_<maker>-<model>-<vendor>-<product>.hex".
-bool idsFromFileName(const QString &fileName, DeviceIdentity &identity)
-{
-    const QStringList parts = QFileInfo(fileName).completeBaseName().split(QLatin1Char('-'));
-    if (parts.size() < 3)
-        return false;
-    bool vendorOk = false;
-    bool productOk = false;
-    identity.vendor = static_cast<uint16_t>(parts.at(parts.size() - 2).toUInt(&vendorOk, 16));
-    identity.product = static_cast<uint16_t>(parts.last().toUInt(&productOk, 16));
-    return vendorOk && productOk;
-}
-
 bool load(const QString &path, const std::string &driver, LoadedDevice &device, QString &problem)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        problem = QStringLiteral("cannot read %1").arg(path);
-        return false;
-    }
     std::string error;
-    const std::vector<uint8_t> bytes = hid::parseHexBytes(file.readAll().toStdString(), &error);
-    device.descriptor = hid::parseDescriptor(bytes);
-    if (bytes.empty() || !device.descriptor.error.empty()) {
-        problem = QString::fromStdString(error + device.descriptor.error);
+    if (!hid::loadStoredDevice(path.toStdString(), device, &error)) {
+        problem = QString::fromStdString(error);
         return false;
     }
-    if (!idsFromFileName(path, device.identity)) {
-        problem = QStringLiteral("no vendor and product in the file name");
-        return false;
-    }
+    device.identity.vendor = device.vendor;
+    device.identity.product = device.product;
     device.identity.driver = driver;
-    // The controller is the application that carries buttons or axes.
-    for (const hid::KernelInputDevice &candidate : hid::kernelMapping(device.descriptor)) {
-        if (candidate.codes.size() > device.kernel.codes.size())
-            device.kernel = candidate;
-    }
     return true;
 }
 
-DeviceCapabilities capabilitiesOf(const hid::KernelInputDevice &kernel)
+hid::ElementRef sourceOf(const hid::DeviceLayouts &layouts, int type, int code)
 {
-    DeviceCapabilities caps;
-    for (const hid::KernelCode &code : kernel.codes) {
-        caps.events.set(static_cast<size_t>(code.type));
-        if (code.type == EV_ABS) {
-            caps.axes.set(static_cast<size_t>(code.code));
-            if (code.hat)
-                caps.axes.set(static_cast<size_t>(code.code + 1));
-        } else if (code.type == EV_KEY) {
-            caps.keys.set(static_cast<size_t>(code.code));
-        }
-    }
-    return caps;
-}
-
-hid::ElementRef sourceOf(const hid::KernelInputDevice &kernel, int type, int code)
-{
-    const hid::KernelCode *entry = kernel.find(type, code);
+    const hid::KernelCode *entry = layouts.find(type, code);
     return entry ? entry->source : hid::ElementRef{};
 }
 
@@ -128,17 +83,16 @@ private slots:
         QString problem;
         QVERIFY2(load(path, "hid-generic", device, problem), qPrintable(problem));
 
-        const DeviceCapabilities caps = capabilitiesOf(device.kernel);
+        const DeviceCapabilities caps = device.layouts.kernelCapabilities<DeviceCapabilities>();
         QVERIFY2(isJoystickClass(caps), "not recognised as a game controller");
         const DeviceLayout layout = layoutDevice(caps, findSlotOverride(device.identity));
-        const hid::DirectInputLayout windows = hid::directInputMapping(device.descriptor);
 
         bool anyAxis = false;
         for (int slot = 0; slot < AxisSlotCount; ++slot) {
             const int code = layout.slotCode[static_cast<size_t>(slot)];
             const hid::ElementRef evdevRef =
-                code >= 0 ? sourceOf(device.kernel, EV_ABS, code) : hid::ElementRef{};
-            const hid::ElementRef expected = windows.axisSlots[static_cast<size_t>(slot)];
+                code >= 0 ? sourceOf(device.layouts, EV_ABS, code) : hid::ElementRef{};
+            const hid::ElementRef expected = device.layouts.directInputAxes[static_cast<size_t>(slot)];
             anyAxis = anyAxis || expected.valid();
             QVERIFY2(evdevRef == expected, qPrintable(QStringLiteral("%1: evdev gives %2, DirectInput %3")
                                                           .arg(QLatin1String(kSlotNames[slot]),
@@ -148,24 +102,25 @@ private slots:
         QVERIFY2(anyAxis, "the descriptor has no axis at all");
 
         // Buttons in the same order, as far as Linux has codes for them.
-        const size_t shared = std::min(windows.buttons.size(), kLinuxJoystickButtons);
+        const size_t shared = std::min(device.layouts.directInputButtons.size(), kLinuxJoystickButtons);
         QVERIFY(layout.buttonCodes.size() >= shared);
         for (size_t i = 0; i < shared; ++i)
-            QVERIFY2(sourceOf(device.kernel, EV_KEY, layout.buttonCodes[i]) == windows.buttons[i],
+            QVERIFY2(sourceOf(device.layouts, EV_KEY, layout.buttonCodes[i]) ==
+                         device.layouts.directInputButtons[i],
                      qPrintable(QStringLiteral("button %1").arg(i)));
         // The kernel also registers usages declared beyond a field's report count;
         // such a button exists on Linux but never changes. Only those may be extra.
         for (size_t i = shared; i < layout.buttonCodes.size(); ++i) {
-            const hid::ElementRef ref = sourceOf(device.kernel, EV_KEY, layout.buttonCodes[i]);
+            const hid::ElementRef ref = sourceOf(device.layouts, EV_KEY, layout.buttonCodes[i]);
             QVERIFY(ref.valid());
             QVERIFY2(ref.element >= device.descriptor.fields[static_cast<size_t>(ref.field)].count,
                      qPrintable(QStringLiteral("button %1 exists on Linux only").arg(i)));
         }
 
         // The kernel maps one hat per application; it must be DirectInput's first POV.
-        if (!windows.povs.empty()) {
+        if (!device.layouts.directInputPovs.empty()) {
             QCOMPARE(layout.povHat[0], 0);
-            QCOMPARE(sourceOf(device.kernel, EV_ABS, ABS_HAT0X), windows.povs.front());
+            QCOMPARE(sourceOf(device.layouts, EV_ABS, ABS_HAT0X), device.layouts.directInputPovs.front());
         } else {
             QCOMPARE(layout.povHat[0], -1);
         }
@@ -178,16 +133,18 @@ private slots:
         LoadedDevice device;
         QString problem;
         QVERIFY2(load(path, "hid-generic", device, problem), qPrintable(problem));
-        for (const hid::KernelCode &code : device.kernel.codes) {
+        // The kernel's eight hat directions clockwise from up, then centred past the range.
+        static constexpr int kKernelHat[9][2] = {{0, -1}, {1, -1}, {1, 0},   {1, 1}, {0, 1},
+                                                 {-1, 1}, {-1, 0}, {-1, -1}, {0, 0}};
+        for (const hid::KernelCode &code : device.layouts.kernel) {
             if (code.type != EV_ABS)
                 continue;
             if (code.hat) {
-                // Every raw hat value, and the null values past the range, give the same POV.
-                for (int64_t value = code.hatMinimum; value <= code.hatMaximum + 1; ++value) {
-                    const std::array<int, 2> xy = hid::kernelHatAxes(value, code.hatMinimum, code.hatMaximum);
-                    QCOMPARE(povFromHat(xy[0], xy[1]),
-                             hid::directInputPov(value, code.hatMinimum, code.hatMaximum));
-                }
+                // Every raw hat value, and the null value past the range, give the same POV.
+                QCOMPARE(code.maximum - code.minimum, 7);
+                for (int value = 0; value <= 8; ++value)
+                    QCOMPARE(povFromHat(kKernelHat[value][0], kKernelHat[value][1]),
+                             hid::directInputPov(code.minimum + value, code.minimum, code.maximum));
                 continue;
             }
             // DIPROP_RANGE 0..65535 stretches the logical range; the ends must agree exactly.
@@ -227,11 +184,13 @@ private slots:
         QVERIFY2(load(path, "logitech", device, problem), qPrintable(problem));
         const SlotOverride *override = findSlotOverride(device.identity);
         QVERIFY2(override, "no override for a wheel that hid-lg lays out");
-        const DeviceLayout layout = layoutDevice(capabilitiesOf(device.kernel), override);
+        const DeviceLayout layout =
+            layoutDevice(device.layouts.kernelCapabilities<DeviceCapabilities>(), override);
 
         auto usageOnSlot = [&](int slot) -> int {
             const int code = layout.slotCode[static_cast<size_t>(slot)];
-            const hid::ElementRef ref = code >= 0 ? sourceOf(device.kernel, EV_ABS, code) : hid::ElementRef{};
+            const hid::ElementRef ref =
+                code >= 0 ? sourceOf(device.layouts, EV_ABS, code) : hid::ElementRef{};
             if (!ref.valid())
                 return -1;
             return static_cast<int>(

@@ -1,6 +1,7 @@
 // The evdev backend's pure conversions: axis ranges, hats, classification of
 // devices, the slot layout rule with its overrides, sysfs bitmaps and identities.
 
+#include "deviceguid.h"
 #include "evdevmapping.h"
 
 #include <QtTest>
@@ -23,22 +24,6 @@ DeviceCapabilities capabilities(std::initializer_list<int> events, std::initiali
     for (int p : properties)
         caps.properties.set(static_cast<size_t>(p));
     return caps;
-}
-
-QString guidText(const DeviceGuid &g)
-{
-    // Printed order, the byte order every backend hands over (see inputbackend.h).
-    auto hex = [&](int index) {
-        return QStringLiteral("%1").arg(g[static_cast<size_t>(index)], 2, 16, QLatin1Char('0'));
-    };
-    QString text = QStringLiteral("{");
-    for (int i : {0, 1, 2, 3})
-        text += hex(i);
-    text += QLatin1Char('-') + hex(4) + hex(5) + QLatin1Char('-') + hex(6) + hex(7) + QLatin1Char('-') +
-            hex(8) + hex(9) + QLatin1Char('-');
-    for (int i = 10; i < 16; ++i)
-        text += hex(i);
-    return (text + QLatin1Char('}')).toUpper();
 }
 
 } // namespace
@@ -263,9 +248,9 @@ private slots:
 
     void productGuidIsDirectInputStyle()
     {
-        QCOMPARE(guidText(productGuid(0x046d, 0xc29b)),
+        QCOMPARE(guidToString(productGuid(0x046d, 0xc29b)),
                  QStringLiteral("{C29B046D-0000-0000-0000-504944564944}"));
-        QCOMPARE(guidText(productGuid(0x044f, 0xb66e)),
+        QCOMPARE(guidToString(productGuid(0x044f, 0xb66e)),
                  QStringLiteral("{B66E044F-0000-0000-0000-504944564944}"));
     }
 

@@ -16,6 +16,7 @@
 
 #include <csignal>
 #include <memory>
+#include <optional>
 #include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
@@ -131,8 +132,6 @@ private slots:
     void unreadableProfileIsSkippedAndNeverOverwritten_data();
     void unreadableProfileIsSkippedAndNeverOverwritten();
     void duplicateIdentifierIsSkipped();
-    void interruptedWriteKeepsOldFile_data();
-    void interruptedWriteKeepsOldFile();
 
     void settingsAreWrittenThrough();
     void unchangedSettingIsNotWritten();
@@ -200,21 +199,13 @@ void TestProfileManager::emptyStoreYieldsOneDefaultProfile()
 
 void TestProfileManager::profilesAreReadWithMigrations()
 {
-    // A profile as an older version wrote it: no vehicle type, ESC mode 1, old dashboard keys.
-    QVERIFY(writeFile(profileDir() + u"/old.json"_s, R"({
-        "id": "old", "name": "Race", "version": 1,
-        "axisSettings": {"escMode": 1, "Steering": {"deadzone": 0.05}},
-        "telemetryDashboard": ["GLat", "GLon"]
-    })"));
+    // A profile as an older version wrote it is read through the schema's rules and migrations.
+    QVERIFY(writeFile(profileDir() + u"/old.json"_s, R"({"id": "old", "name": "Race", "version": 1,
+        "axisSettings": {"escMode": 1}, "telemetryDashboard": ["GLat"]})"));
     auto manager = loadedStore();
     const QJsonObject profile = manager->profile(u"old"_s);
     QCOMPARE(profile.value(keys::kVehicleType).toString(), u"rc_car"_s);
-    QCOMPARE(profile.value(keys::kAxisSettings).toObject().value(keys::kEscMode).toInt(), 0);
-    QCOMPARE(profile.value(keys::kTelemetryDashboard).toArray(), (QJsonArray{u"LatG"_s, u"LonG"_s}));
-    QCOMPARE(
-        profile.value(keys::kAxisSettings).toObject().value(u"Steering"_s).toObject().value(u"deadzone"_s),
-        QJsonValue(0.05));
-    QCOMPARE(manager->profiles().size(), 1);
+    QCOMPARE(profile.value(keys::kTelemetryDashboard).toArray(), QJsonArray{u"LatG"_s});
 }
 
 void TestProfileManager::createNamesAndSavesProfile_data()
@@ -418,38 +409,54 @@ void TestProfileManager::refusalsChangeNothing_data()
     QTest::addColumn<QString>("target"); // "ACTIVE" stands for the active profile's identifier
     QTest::addColumn<QByteArray>("argument");
     QTest::addColumn<QString>("message"); // %1 stands for the import file's path
+    QTest::addColumn<bool>("diskFull");   // every write stops part-way, as on a full disk
 
     QTest::newRow("rename to blanks")
-        << u"rename"_s << u"ACTIVE"_s << QByteArray("   ") << u"Profile name cannot be empty"_s;
+        << u"rename"_s << u"ACTIVE"_s << QByteArray("   ") << u"Profile name cannot be empty"_s << false;
     QTest::newRow("rename unknown") << u"rename"_s << u"nope"_s << QByteArray("X")
-                                    << u"Profile not found: nope"_s;
+                                    << u"Profile not found: nope"_s << false;
     QTest::newRow("delete unknown") << u"delete"_s << u"nope"_s << QByteArray()
-                                    << u"Profile not found: nope"_s;
+                                    << u"Profile not found: nope"_s << false;
     QTest::newRow("delete last") << u"delete"_s << u"ACTIVE"_s << QByteArray()
-                                 << u"Cannot delete the last profile"_s;
+                                 << u"Cannot delete the last profile"_s << false;
     QTest::newRow("duplicate unknown")
-        << u"duplicate"_s << u"nope"_s << QByteArray() << u"Source profile not found: nope"_s;
+        << u"duplicate"_s << u"nope"_s << QByteArray() << u"Source profile not found: nope"_s << false;
     QTest::newRow("switch unknown") << u"switch"_s << u"nope"_s << QByteArray()
-                                    << u"Profile not found: nope"_s;
-    QTest::newRow("save unknown") << u"save"_s << u"nope"_s << QByteArray() << u"Profile not found: nope"_s;
+                                    << u"Profile not found: nope"_s << false;
+    QTest::newRow("save unknown") << u"save"_s << u"nope"_s << QByteArray() << u"Profile not found: nope"_s
+                                  << false;
     QTest::newRow("import missing file")
-        << u"import-missing"_s << QString() << QByteArray() << u"Failed to open file: %1"_s;
+        << u"import-missing"_s << QString() << QByteArray() << u"Failed to open file: %1"_s << false;
     QTest::newRow("import array") << u"import"_s << QString() << QByteArray("[1,2]")
-                                  << u"Invalid profile file format"_s;
+                                  << u"Invalid profile file format"_s << false;
     QTest::newRow("import without id")
-        << u"import"_s << QString() << QByteArray(R"({"name":"B"})") << u"Invalid profile data"_s;
+        << u"import"_s << QString() << QByteArray(R"({"name":"B"})") << u"Invalid profile data"_s << false;
     QTest::newRow("set identity key")
-        << u"set"_s << u"id"_s << QByteArray(R"("x")") << u"Unknown profile setting: id"_s;
+        << u"set"_s << u"id"_s << QByteArray(R"("x")") << u"Unknown profile setting: id"_s << false;
     QTest::newRow("set unknown key") << u"set"_s << u"turbo"_s << QByteArray("true")
-                                     << u"Unknown profile setting: turbo"_s;
+                                     << u"Unknown profile setting: turbo"_s << false;
+    QTest::newRow("set time stamp") << u"set"_s << u"modifiedAt"_s << QByteArray(R"("x")")
+                                    << u"Unknown profile setting: modifiedAt"_s << false;
     QTest::newRow("esc preset blank name")
-        << u"esc-create"_s << QString() << QByteArray(" ") << u"ESC preset name cannot be empty"_s;
+        << u"esc-create"_s << QString() << QByteArray(" ") << u"ESC preset name cannot be empty"_s << false;
     QTest::newRow("esc preset update unknown")
-        << u"esc-update"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s;
+        << u"esc-update"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s << false;
     QTest::newRow("esc preset delete unknown")
-        << u"esc-delete"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s;
+        << u"esc-delete"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s << false;
     QTest::newRow("esc preset apply unknown")
-        << u"esc-apply"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s;
+        << u"esc-apply"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s << false;
+    // The active profile is "Default"; it, the ESC presets and the import file exist beforehand.
+    QTest::newRow("setting, disk full") << u"set"_s << u"telemetryDiscover"_s << QByteArray("false")
+                                        << u"Failed to save profile: Default"_s << true;
+    QTest::newRow("save, disk full") << u"save"_s << u"ACTIVE"_s << QByteArray()
+                                     << u"Failed to save profile: Default"_s << true;
+    QTest::newRow("create, disk full")
+        << u"create"_s << QString() << QByteArray("Fresh") << u"Failed to save profile: Fresh"_s << true;
+    QTest::newRow("import, disk full")
+        << u"import"_s << QString() << QByteArray(R"({"id":"x","name":"Imported"})")
+        << u"Failed to save profile: Imported"_s << true;
+    QTest::newRow("esc preset, disk full")
+        << u"esc-create"_s << QString() << QByteArray("Hobbywing") << u"Failed to save ESC presets"_s << true;
 }
 
 void TestProfileManager::refusalsChangeNothing()
@@ -458,8 +465,10 @@ void TestProfileManager::refusalsChangeNothing()
     QFETCH(QString, target);
     QFETCH(QByteArray, argument);
     QFETCH(QString, message);
+    QFETCH(bool, diskFull);
 
     auto manager = loadedStore();
+    QVERIFY(!manager->escPresets()->createPreset(u"Stock"_s, 992, 1811, 172).isEmpty());
     if (target == u"ACTIVE"_s)
         target = manager->activeProfileId();
     const QString importPath = m_base->filePath(u"import.json"_s);
@@ -470,11 +479,20 @@ void TestProfileManager::refusalsChangeNothing()
     const auto filesBefore = snapshot(profileDir());
     const QJsonObject activeBefore = manager->activeProfile();
     const QStringList namesBefore = names(*manager);
+    const QList<EscPreset> presetsBefore = manager->escPresets()->presets();
     QSignalSpy errors(manager.get(), &ProfileManager::errorOccurred);
     QSignalSpy list(manager.get(), &ProfileManager::profileListChanged);
     QSignalSpy active(manager.get(), &ProfileManager::activeProfileChanged);
     QSignalSpy modified(manager.get(), &ProfileManager::profileModified);
     QSignalSpy presets(manager.get(), &ProfileManager::escPresetsChanged);
+
+    // Smaller than any of the files involved, so each write stops part-way through.
+    constexpr rlim_t kLimit = 32;
+    QVERIFY(filesBefore.value(manager->activeProfileId() + u".json"_s).size() > qsizetype(kLimit));
+    QVERIFY(filesBefore.value(u"esc_presets.json"_s).size() > qsizetype(kLimit));
+    std::optional<FileSizeLimit> limit;
+    if (diskFull)
+        QVERIFY(limit.emplace(kLimit).isActive());
 
     bool succeeded = true;
     if (operation == u"rename"_s)
@@ -487,6 +505,8 @@ void TestProfileManager::refusalsChangeNothing()
         succeeded = manager->setActiveProfile(target);
     else if (operation == u"save"_s)
         succeeded = manager->saveProfile(target);
+    else if (operation == u"create"_s)
+        succeeded = !manager->createProfile(text).isEmpty();
     else if (operation == u"import"_s)
         succeeded = !manager->importProfile(importPath).isEmpty();
     else if (operation == u"import-missing"_s)
@@ -494,27 +514,32 @@ void TestProfileManager::refusalsChangeNothing()
     else if (operation == u"set"_s)
         succeeded = manager->setSetting(target, QJsonDocument::fromJson("[" + argument + "]").array().at(0));
     else if (operation == u"esc-create"_s)
-        succeeded = !manager->escPresets()->createPreset(text, 992, 1811, 172).isEmpty();
+        succeeded = !manager->escPresets()->createPreset(text, 1000, 1800, 180).isEmpty();
     else if (operation == u"esc-update"_s)
         succeeded = manager->escPresets()->updatePreset(target, 1000, 1800, 200);
-    else if (operation == u"esc-rename"_s)
-        succeeded = manager->escPresets()->renamePreset(target, text);
     else if (operation == u"esc-delete"_s)
         succeeded = manager->escPresets()->deletePreset(target);
     else if (operation == u"esc-apply"_s)
         succeeded = manager->applyEscPreset(target);
     else
         QFAIL("unknown operation in test data");
+    limit.reset();
 
     QVERIFY(!succeeded);
     QCOMPARE(errors.count(), 1);
     const QString expected =
         message.contains(u"%1"_s) ? message.arg(m_base->filePath(u"missing.json"_s)) : message;
     QCOMPARE(errors.at(0).at(0).toString(), expected);
+    // The old bytes are all still there and no half-written or temporary file is left.
     QCOMPARE(snapshot(profileDir()), filesBefore);
     QCOMPARE(manager->activeProfile(), activeBefore);
     QCOMPARE(names(*manager), namesBefore);
+    QCOMPARE(manager->escPresets()->presets(), presetsBefore);
     QCOMPARE(list.count() + active.count() + modified.count() + presets.count(), 0);
+
+    // Without the limit a change goes through: the failures above were the writes'.
+    if (diskFull)
+        QVERIFY(manager->setSetting(keys::kTelemetryDiscover, false));
 }
 
 void TestProfileManager::unreadableProfileIsSkippedAndNeverOverwritten_data()
@@ -571,74 +596,6 @@ void TestProfileManager::duplicateIdentifierIsSkipped()
     auto manager = loadedStore();
     QCOMPARE(names(*manager), QStringList{u"First"_s});
     QVERIFY(manager->autoStartEnabled());
-}
-
-void TestProfileManager::interruptedWriteKeepsOldFile_data()
-{
-    QTest::addColumn<QString>("operation");
-    QTest::addColumn<QString>("message"); // %1 is the name of the profile involved
-    QTest::newRow("setting") << u"set"_s << u"Failed to save profile: %1"_s;
-    QTest::newRow("save") << u"save"_s << u"Failed to save profile: %1"_s;
-    QTest::newRow("create") << u"create"_s << u"Failed to save profile: Fresh"_s;
-    QTest::newRow("import") << u"import"_s << u"Failed to save profile: Imported"_s;
-    QTest::newRow("esc preset") << u"esc"_s << u"Failed to save ESC presets"_s;
-}
-
-void TestProfileManager::interruptedWriteKeepsOldFile()
-{
-    QFETCH(QString, operation);
-    QFETCH(QString, message);
-
-    auto manager = loadedStore();
-    QVERIFY(!manager->escPresets()->createPreset(u"Stock"_s, 992, 1811, 172).isEmpty());
-    const QString id = manager->activeProfileId();
-    const QString name = manager->activeProfileName();
-    const QString importPath = m_base->filePath(u"import.json"_s);
-    QVERIFY(writeFile(importPath, profileJson(u"x"_s, u"Imported"_s)));
-
-    const auto filesBefore = snapshot(profileDir());
-    const QJsonObject profileBefore = manager->activeProfile();
-    const QList<EscPreset> presetsBefore = manager->escPresets()->presets();
-    QSignalSpy errors(manager.get(), &ProfileManager::errorOccurred);
-    QSignalSpy list(manager.get(), &ProfileManager::profileListChanged);
-
-    // Smaller than any of the files involved, so each write stops part-way through.
-    constexpr rlim_t kLimit = 32;
-    QVERIFY(filesBefore.value(id + u".json"_s).size() > qsizetype(kLimit));
-    QVERIFY(filesBefore.value(u"esc_presets.json"_s).size() > qsizetype(kLimit));
-    bool succeeded = true;
-    {
-        FileSizeLimit limit(kLimit);
-        QVERIFY(limit.isActive());
-        if (operation == u"set"_s)
-            succeeded = manager->setSetting(keys::kTelemetryDiscover, false);
-        else if (operation == u"rename"_s)
-            succeeded = manager->renameProfile(id, u"Renamed"_s);
-        else if (operation == u"save"_s)
-            succeeded = manager->saveProfile(id);
-        else if (operation == u"create"_s)
-            succeeded = !manager->createProfile(u"Fresh"_s).isEmpty();
-        else if (operation == u"duplicate"_s)
-            succeeded = !manager->duplicateProfile(id).isEmpty();
-        else if (operation == u"import"_s)
-            succeeded = !manager->importProfile(importPath).isEmpty();
-        else if (operation == u"esc"_s)
-            succeeded = !manager->escPresets()->createPreset(u"Hobbywing"_s, 1000, 1800, 180).isEmpty();
-    }
-
-    QVERIFY(!succeeded);
-    QCOMPARE(errors.count(), 1);
-    QCOMPARE(errors.at(0).at(0).toString(), message.contains(u"%1"_s) ? message.arg(name) : message);
-    // The old bytes are all still there and no half-written or temporary file is left.
-    QCOMPARE(snapshot(profileDir()), filesBefore);
-    QCOMPARE(manager->activeProfile(), profileBefore);
-    QCOMPARE(manager->escPresets()->presets(), presetsBefore);
-    QCOMPARE(names(*manager).size(), 1);
-    QCOMPARE(list.count(), 0);
-
-    // Without the limit the same change goes through: the failure above was the write's.
-    QVERIFY(manager->setSetting(keys::kTelemetryDiscover, false));
-    QVERIFY(!readJson(profileDir() + u'/' + id + u".json"_s).value(keys::kTelemetryDiscover).toBool());
 }
 
 void TestProfileManager::settingsAreWrittenThrough()

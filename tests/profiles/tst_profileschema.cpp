@@ -54,8 +54,6 @@ private slots:
     void migrations_data();
     void migrations();
     void migrationsAreIdempotent();
-    void editableSettings_data();
-    void editableSettings();
 };
 
 void TestProfileSchema::defaultProfileMatchesGoldenFile()
@@ -197,24 +195,6 @@ void TestProfileSchema::migrationsAreIdempotent()
     QCOMPARE(applied.size(), 2);
     QCOMPARE(ProfileSchema::readProfile(once, &applied), once);
     QVERIFY(applied.isEmpty());
-}
-
-void TestProfileSchema::editableSettings_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<bool>("editable");
-    QTest::newRow("axisSettings") << u"axisSettings"_s << true;
-    QTest::newRow("id") << u"id"_s << false;
-    QTest::newRow("version") << u"version"_s << false;
-    QTest::newRow("modifiedAt") << u"modifiedAt"_s << false;
-    QTest::newRow("unknown") << u"escNeutral"_s << false;
-}
-
-void TestProfileSchema::editableSettings()
-{
-    QFETCH(QString, key);
-    QFETCH(bool, editable);
-    QCOMPARE(ProfileSchema::isEditableSetting(key), editable);
 }
 
 QTEST_GUILESS_MAIN(TestProfileSchema)

@@ -3,7 +3,6 @@
 #include "bridgesimulator.h"
 
 #include <QFile>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSignalSpy>
@@ -250,6 +249,8 @@ void TestBridgeSimulator::deviceEnquiryIsAnsweredByWhoIsReachable()
 
 void TestBridgeSimulator::logHoldsEveryFrameAndCommandInOrder()
 {
+    // The frames' bytes and channels in the log are checked end to end by check_bridge_log.py
+    // (tst_orvanesimbridge); here: every kind of record, in the order it happened.
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("bridge.jsonl"));
     BridgeSimulator sim(quietSettings());
@@ -259,47 +260,26 @@ void TestBridgeSimulator::logHoldsEveryFrameAndCommandInOrder()
     BridgeClient client;
     START_RIG(sim, client);
 
-    const crsftest::Channels first = filled(172);
-    crsftest::Channels second{};
-    for (int i = 0; i < 16; ++i)
-        second[size_t(i)] = 2047 - 60 * i;
-    const qint64 before = QDateTime::currentMSecsSinceEpoch();
+    const QByteArray frame = crsftest::channelFrame(filled(172));
     QVERIFY(sendAndWaitForReply(client, "START\n", QStringLiteral("OK START")));
-    client.send(crsftest::channelFrame(first) + QByteArray(1, '\0') + crsftest::channelFrame(second));
+    client.send(frame + QByteArray(1, '\0') + frame);
     QVERIFY(sendAndWaitForReply(client, "\n", QStringLiteral("STATUS")));
     QVERIFY(sendAndWaitForReply(client, "STOP\n", QStringLiteral("OK STOP")));
-    const qint64 after = QDateTime::currentMSecsSinceEpoch();
 
     // Read while the log is still open: it is flushed record by record.
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QStringList kinds;
-    QList<QJsonObject> records;
     while (!file.atEnd()) {
-        QJsonParseError error;
-        const QJsonDocument doc = QJsonDocument::fromJson(file.readLine(), &error);
-        QCOMPARE(error.error, QJsonParseError::NoError);
-        const QJsonObject o = doc.object();
-        const qint64 t = qint64(o.value(QStringLiteral("t")).toDouble());
-        QVERIFY(t >= before && t <= after);
+        const QJsonObject o = QJsonDocument::fromJson(file.readLine()).object();
         kinds.append(o.value(QStringLiteral("kind")).toString() + QLatin1Char(':') +
-                     o.value(QStringLiteral("command")).toString());
-        records.append(o);
+                     o.value(QStringLiteral("command")).toString() +
+                     o.value(QStringLiteral("hex")).toString());
     }
-    QCOMPARE(kinds, (QStringList{QStringLiteral("command:START"), QStringLiteral("frame:"),
-                                 QStringLiteral("garbage:"), QStringLiteral("frame:"),
+    const QString hex = QString::fromLatin1(frame.toHex());
+    QCOMPARE(kinds, (QStringList{QStringLiteral("command:START"), QStringLiteral("frame:") + hex,
+                                 QStringLiteral("garbage:00"), QStringLiteral("frame:") + hex,
                                  QStringLiteral("keepalive:"), QStringLiteral("command:STOP")}));
-    for (const auto &[index, sent] : {std::pair{1, first}, std::pair{3, second}}) {
-        const QJsonObject &frame = records.at(index);
-        QCOMPARE(frame.value(QStringLiteral("type")).toInt(), 0x16);
-        QCOMPARE(frame.value(QStringLiteral("hex")).toString(),
-                 QString::fromLatin1(crsftest::channelFrame(sent).toHex()));
-        const QJsonArray channels = frame.value(QStringLiteral("channels")).toArray();
-        QCOMPARE(channels.size(), 16);
-        for (int i = 0; i < 16; ++i)
-            QCOMPARE(channels.at(i).toInt(), sent[size_t(i)]);
-    }
-    QCOMPARE(records.at(2).value(QStringLiteral("hex")).toString(), QStringLiteral("00"));
 }
 
 QTEST_GUILESS_MAIN(TestBridgeSimulator)

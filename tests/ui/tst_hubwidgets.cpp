@@ -132,20 +132,6 @@ private slots:
             QCOMPARE(sidebar.entryButton(key)->isActive(), key == entry);
     }
 
-    void sidebarCollapsesToGlyphsWithToolTips()
-    {
-        hub::Sidebar sidebar;
-        sidebar.addEntry(QStringLiteral("info"), hub::Glyph::Info, QStringLiteral("About"));
-        QSignalSpy collapsed(&sidebar, &hub::Sidebar::collapsedChanged);
-        QCOMPARE(sidebar.width(), hub::Sidebar::kExpandedWidth);
-        sidebar.setCollapsed(true, false);
-        QCOMPARE(sidebar.width(), hub::Sidebar::kCollapsedWidth);
-        QCOMPARE(collapsed.size(), 1);
-        QCOMPARE(sidebar.entryButton(QStringLiteral("info"))->toolTip(), QStringLiteral("About"));
-        sidebar.setCollapsed(true, false);
-        QCOMPARE(collapsed.size(), 1);
-    }
-
     void pageStackAddressesPagesByKey()
     {
         hub::PageStack stack;

@@ -27,12 +27,6 @@ struct LocalState
     void clear() { *this = LocalState{}; }
 };
 
-struct Collection
-{
-    uint8_t type;
-    uint32_t usage;
-};
-
 // Bounds that no real controller comes near; they keep a hostile descriptor from
 // making the parser allocate without limit.
 constexpr size_t kMaxUsages = 4096;
@@ -80,7 +74,7 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
     GlobalState global;
     std::vector<GlobalState> globalStack;
     LocalState local;
-    std::vector<Collection> collections;
+    size_t openCollections = 0;
     std::map<std::pair<int, uint8_t>, uint32_t> reportBits; // (type, id) -> bits used so far
 
     auto fail = [&](std::string message, size_t at) {
@@ -137,28 +131,20 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
                 field.logicalMinimum = global.logicalMinimum;
                 field.logicalMaximum = global.logicalMaximum;
                 field.usages = local.usages;
-                for (auto it = collections.rbegin(); it != collections.rend(); ++it) {
-                    if (it->type == 1 && !field.application)
-                        field.application = it->usage;
-                    if (it->type == 0 && !field.physical)
-                        field.physical = it->usage;
-                }
                 used += static_cast<uint32_t>(bits);
                 descriptor.fields.push_back(std::move(field));
                 local.clear();
                 break;
             }
             case 0xa: // collection
-                if (collections.size() >= kMaxCollectionDepth)
+                if (++openCollections > kMaxCollectionDepth)
                     return fail("collections nested too deep", itemStart);
-                collections.push_back(
-                    {static_cast<uint8_t>(unsignedData), local.usages.empty() ? 0 : local.usages[0]});
                 local.clear();
                 break;
             case 0xc: // end collection
-                if (collections.empty())
+                if (openCollections == 0)
                     return fail("end collection without collection", itemStart);
-                collections.pop_back();
+                --openCollections;
                 local.clear();
                 break;
             default:
@@ -243,7 +229,7 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
             return fail("reserved item type", itemStart);
         }
     }
-    if (!collections.empty())
+    if (openCollections != 0)
         descriptor.error = "collection not closed";
     return descriptor;
 }

@@ -2,7 +2,7 @@
 
 // A small HID report descriptor parser for tests: enough of the HID 1.11 item
 // grammar to list the input fields of game controllers (usages, sizes, offsets,
-// logical ranges, collections) and to build input reports for them.
+// logical ranges) and to build input reports for them.
 // Plain C++: the kernel VM test program uses it too.
 
 #include <cstdint>
@@ -12,18 +12,11 @@
 namespace tavrix::hid {
 
 inline constexpr uint32_t kPageGenericDesktop = 0x01;
-inline constexpr uint32_t kPageSimulation = 0x02;
-inline constexpr uint32_t kPageButton = 0x09;
-inline constexpr uint32_t kPageVendorFirst = 0xff00;
 
 // A usage with its page in the high 16 bits, as the kernel and Windows write them.
 constexpr uint32_t usage(uint32_t page, uint32_t id)
 {
     return (page << 16) | id;
-}
-constexpr uint32_t usagePage(uint32_t usage)
-{
-    return usage >> 16;
 }
 constexpr uint32_t usageId(uint32_t usage)
 {
@@ -44,16 +37,13 @@ struct Field
     uint32_t bitOffset = 0; // within the report, after the report id byte
     uint32_t size = 0;      // bits per element
     uint32_t count = 0;     // elements
-    uint32_t flags = 0;     // main item data: bit 0 constant, 1 variable, 2 relative, 6 null state
+    uint32_t flags = 0;     // main item data: bit 0 constant, 1 variable
     int32_t logicalMinimum = 0;
     int32_t logicalMaximum = 0;
     std::vector<uint32_t> usages; // as declared (ranges expanded)
-    uint32_t application = 0;     // innermost application collection
-    uint32_t physical = 0;        // innermost physical collection
 
     bool isConstant() const { return flags & 0x01; }
     bool isVariable() const { return flags & 0x02; }
-    bool isRelative() const { return flags & 0x04; }
     // The usage of element i of a variable field: the last declared usage repeats.
     uint32_t usageAt(uint32_t element) const;
 };

@@ -3,19 +3,19 @@
 // the verdict through qemu's isa-debug-exit port (0 = all passed).
 //
 // For every real descriptor: the device is listed as a game controller without a
-// udev daemon, the kernel lays it out the way our model of hid-input says, every
+// udev daemon, the kernel lays it out as its stored layout says, every
 // axis DirectInput would show lands on the same slot scaled to 0..65535, every
 // button and the hat read back, and removal is reported as loss. Then: a node
 // nobody but root may read is reported with the udev advice, a keyboard stays out
 // of the list, and a force-feedback wheel sees our effects upload, play, stop,
 // erase, gain and autocentre while we hold it exclusively.
 
+#include "devicelayouts.h"
 #include "evdevbackend.h"
 #include "evdevdevice.h"
 #include "evdevhotplugmonitor.h"
 #include "evdevmapping.h"
 #include "hiddescriptor.h"
-#include "hidusagemap.h"
 #include "vmdevices.h"
 
 #include <algorithm>
@@ -79,38 +79,33 @@ std::string readFile(const std::string &path)
     return text.str();
 }
 
+// Polls until the condition holds, or gives up when patience runs out.
+bool waitUntil(const std::function<bool()> &condition)
+{
+    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() >= deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return true;
+}
+
 // Position of the named device in a fresh enumeration, waiting for the kernel to
 // finish probing (hid-generic binds asynchronously).
 int waitForDevice(EvdevBackend &backend, const std::string &name, vm::UhidDevice *uhid, Enumeration *found)
 {
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
-    while (std::chrono::steady_clock::now() < deadline) {
+    int index = -1;
+    waitUntil([&] {
         if (uhid)
             uhid->serviceRequests();
         *found = backend.enumerate();
-        for (size_t i = 0; i < found->devices.size(); ++i) {
-            if (found->devices[i].instanceName == name)
-                return static_cast<int>(i);
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    return -1;
-}
-
-evdev::DeviceCapabilities capabilitiesOf(const hid::KernelInputDevice &kernel)
-{
-    evdev::DeviceCapabilities caps;
-    for (const hid::KernelCode &code : kernel.codes) {
-        caps.events.set(static_cast<size_t>(code.type));
-        if (code.type == EV_ABS) {
-            caps.axes.set(static_cast<size_t>(code.code));
-            if (code.hat)
-                caps.axes.set(static_cast<size_t>(code.code + 1));
-        } else if (code.type == EV_KEY) {
-            caps.keys.set(static_cast<size_t>(code.code));
-        }
-    }
-    return caps;
+        const auto it = std::find_if(found->devices.begin(), found->devices.end(),
+                                     [&](const DeviceListEntry &e) { return e.instanceName == name; });
+        index = it == found->devices.end() ? -1 : static_cast<int>(it - found->devices.begin());
+        return index >= 0;
+    });
+    return index;
 }
 
 std::string slotList(const std::array<int, AxisSlotCount> &codes)
@@ -153,16 +148,12 @@ struct Rig
     {
         RawInputState before;
         device.poll(before);
-        const auto deadline = std::chrono::steady_clock::now() + kPatience;
-        do {
+        const bool arrived = waitUntil([&] {
             const RawInputState after = send(ref, value);
-            if (after.axes != before.axes || after.buttons != before.buttons || after.povs != before.povs) {
-                rest();
-                return device.poll(before) == PollResult::Ok;
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        } while (std::chrono::steady_clock::now() < deadline);
-        return false;
+            return after.axes != before.axes || after.buttons != before.buttons || after.povs != before.povs;
+        });
+        rest();
+        return arrived && device.poll(before) == PollResult::Ok;
     }
 };
 
@@ -171,33 +162,26 @@ void testDescriptor(const std::string &path, int number)
     const std::string file = path.substr(path.find_last_of('/') + 1);
     g_context = file;
     std::string error;
-    const std::vector<uint8_t> bytes = hid::parseHexBytes(readFile(path), &error);
-    const hid::Descriptor descriptor = hid::parseDescriptor(bytes);
-    check(!bytes.empty() && descriptor.error.empty(), "descriptor parses: " + error + descriptor.error);
-    if (bytes.empty() || !descriptor.error.empty())
+    hid::StoredDevice stored;
+    const bool read = hid::loadStoredDevice(path, stored, &error);
+    check(read, "descriptor and layouts read: " + error);
+    if (!read)
         return;
+    const hid::Descriptor &descriptor = stored.descriptor;
+    const hid::DeviceLayouts &layouts = stored.layouts;
+    const evdev::DeviceLayout expected =
+        evdev::layoutDevice(layouts.kernelCapabilities<evdev::DeviceCapabilities>());
 
-    hid::KernelInputDevice model;
-    for (const hid::KernelInputDevice &candidate : hid::kernelMapping(descriptor)) {
-        if (candidate.codes.size() > model.codes.size())
-            model = candidate;
-    }
-    const evdev::DeviceLayout expected = evdev::layoutDevice(capabilitiesOf(model));
-    const hid::DirectInputLayout windows = hid::directInputMapping(descriptor);
-
-    // Ids from "<...>-<vendor>-<product>.hex".
     const std::string stem = file.substr(0, file.size() - 4);
-    const size_t productDash = stem.find_last_of('-');
-    const size_t vendorDash = stem.find_last_of('-', productDash - 1);
     vm::UhidDevice::Identity identity;
-    identity.vendor = static_cast<uint16_t>(std::stoul(stem.substr(vendorDash + 1, 4), nullptr, 16));
-    identity.product = static_cast<uint16_t>(std::stoul(stem.substr(productDash + 1, 4), nullptr, 16));
+    identity.vendor = stored.vendor;
+    identity.product = stored.product;
     identity.version = 0x0111;
     identity.name = "vm " + stem.substr(0, 100);
     identity.phys = "vmtest/uhid" + std::to_string(number);
 
     vm::UhidDevice uhid;
-    check(uhid.create(identity, bytes, &error), "uhid device created: " + error);
+    check(uhid.create(identity, stored.bytes, &error), "uhid device created: " + error);
     EvdevBackend backend;
     Enumeration found;
     const int index = waitForDevice(backend, identity.name, &uhid, &found);
@@ -242,9 +226,10 @@ void testDescriptor(const std::string &path, int number)
             rig.reportIds.push_back(field->reportId);
     }
     // Any element shows reports arriving: the first button, else the first axis at its maximum.
-    hid::ElementRef probe = windows.buttons.empty() ? hid::ElementRef{} : windows.buttons.front();
+    hid::ElementRef probe =
+        layouts.directInputButtons.empty() ? hid::ElementRef{} : layouts.directInputButtons.front();
     int64_t probeValue = 1;
-    for (const hid::ElementRef &ref : windows.axisSlots) {
+    for (const hid::ElementRef &ref : layouts.directInputAxes) {
         if (!probe.valid() && ref.valid()) {
             probe = ref;
             probeValue = descriptor.fields[static_cast<size_t>(ref.field)].logicalMaximum;
@@ -257,7 +242,7 @@ void testDescriptor(const std::string &path, int number)
     check(device->poll(resting) == PollResult::Ok, "polls");
 
     for (int slot = 0; slot < AxisSlotCount; ++slot) {
-        const hid::ElementRef ref = windows.axisSlots[static_cast<size_t>(slot)];
+        const hid::ElementRef ref = layouts.directInputAxes[static_cast<size_t>(slot)];
         if (!ref.valid()) {
             check(resting.axes[static_cast<size_t>(slot)] == kRawAxisCentre,
                   "slot without an axis reads centred");
@@ -284,9 +269,9 @@ void testDescriptor(const std::string &path, int number)
         rig.rest();
     }
 
-    const size_t buttons = std::min<size_t>(windows.buttons.size(), 80);
+    const size_t buttons = std::min<size_t>(layouts.directInputButtons.size(), 80);
     for (size_t i = 0; i < buttons; ++i) {
-        const RawInputState state = rig.send(windows.buttons[i], 1);
+        const RawInputState state = rig.send(layouts.directInputButtons[i], 1);
         const auto pressed =
             std::count_if(state.buttons.begin(), state.buttons.end(), [](uint8_t b) { return b; });
         check(state.buttons[i] == 0x80 && pressed == 1,
@@ -294,10 +279,10 @@ void testDescriptor(const std::string &path, int number)
     }
     rig.rest();
 
-    if (!windows.povs.empty()) {
-        const hid::Field &hat = descriptor.fields[static_cast<size_t>(windows.povs.front().field)];
+    if (!layouts.directInputPovs.empty()) {
+        const hid::Field &hat = descriptor.fields[static_cast<size_t>(layouts.directInputPovs.front().field)];
         for (int64_t value = hat.logicalMinimum; value <= hat.logicalMaximum + 1; ++value) {
-            const RawInputState state = rig.send(windows.povs.front(), value);
+            const RawInputState state = rig.send(layouts.directInputPovs.front(), value);
             check(state.povs[0] == hid::directInputPov(value, hat.logicalMinimum, hat.logicalMaximum),
                   "hat value " + std::to_string(value) + " reads the POV DirectInput gives, got " +
                       std::to_string(state.povs[0]));
@@ -353,32 +338,20 @@ void testKeyboardIsNotListed()
     vm::UinputKeyboard keyboard;
     check(keyboard.create("vm keyboard"), "uinput keyboard created");
     // Wait until the keyboard has its event node, then make sure it is not listed.
-    bool present = false;
-    const auto nodeDeadline = std::chrono::steady_clock::now() + kPatience;
-    while (!present && std::chrono::steady_clock::now() < nodeDeadline) {
-        DIR *dir = ::opendir("/sys/class/input");
-        while (dir && !present) {
-            const dirent *entry = ::readdir(dir);
-            if (!entry)
-                break;
-            present = readFile(std::string("/sys/class/input/") + entry->d_name + "/device/name") ==
-                          "vm keyboard\n" &&
-                      std::string(entry->d_name).rfind("event", 0) == 0;
-        }
-        if (dir)
-            ::closedir(dir);
-        if (!present)
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    check(present, "the keyboard has an event node");
-    bool noticed = false;
-    const auto noticeDeadline = std::chrono::steady_clock::now() + kPatience;
-    while (!noticed && std::chrono::steady_clock::now() < noticeDeadline) {
-        noticed = monitor.takeChanges();
-        if (!noticed)
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    }
-    check(noticed, "the hot-plug watch noticed the new node without udev");
+    check(waitUntil([] {
+              bool present = false;
+              DIR *dir = ::opendir("/sys/class/input");
+              while (const dirent *entry = dir && !present ? ::readdir(dir) : nullptr)
+                  present = std::string(entry->d_name).rfind("event", 0) == 0 &&
+                            readFile(std::string("/sys/class/input/") + entry->d_name + "/device/name") ==
+                                "vm keyboard\n";
+              if (dir)
+                  ::closedir(dir);
+              return present;
+          }),
+          "the keyboard has an event node");
+    check(waitUntil([&] { return monitor.takeChanges(); }),
+          "the hot-plug watch noticed the new node without udev");
     const Enumeration found = EvdevBackend().enumerate();
     check(std::none_of(found.devices.begin(), found.devices.end(),
                        [](const DeviceListEntry &e) { return e.instanceName == "vm keyboard"; }),
