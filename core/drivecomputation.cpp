@@ -83,9 +83,10 @@ void DriveComputation::writeNeutral(ChannelValues &channels) const
 {
     // With custom end points the centre is the one the user trimmed, whatever the
     // steering calibration would make of a centred raw value.
-    channels[0] = m_settings.hasDefaultSteeringEndpoints() ? steeringChannel(0.0f, 0.0f)
-                                                           : std::clamp(m_settings.steeringCenter, 0, 2047);
-    channels[1] = std::clamp(m_settings.esc().neutral, 0, 2047);
+    channels[0] = m_settings.hasDefaultSteeringEndpoints()
+                      ? steeringChannel(0.0f, 0.0f)
+                      : std::clamp(m_settings.steeringCenter, crsf::kChannelMin, crsf::kChannelMax);
+    channels[1] = std::clamp(m_settings.esc().neutral, crsf::kChannelMin, crsf::kChannelMax);
 }
 
 float DriveComputation::decelerationStep() const

@@ -8,8 +8,8 @@
 namespace tavrix {
 
 namespace {
-constexpr int32_t kLedPowerOnValue = 2047;
-constexpr int32_t kLedPowerOffValue = 0;
+constexpr int32_t kLedPowerOnValue = crsf::kChannelMax;
+constexpr int32_t kLedPowerOffValue = crsf::kChannelMin;
 } // namespace
 
 CarTick::CarTick(const DeviceRoleSet &devices, ActiveProfileFollower &profile, ButtonMappingEngine &buttons)
