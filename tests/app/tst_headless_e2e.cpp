@@ -145,6 +145,36 @@ struct RunningProcess
     }
 };
 
+// A private home with the replay in it, and the two programs started the way a person
+// would: the bridge simulator on a link path, then the hub driving through it.
+struct DriveBench
+{
+    QTemporaryDir home;
+    QString link = home.filePath(QStringLiteral("ttyTransmitter"));
+    QString replay = writeReplay(home);
+    QProcessEnvironment env = freshEnvironment(home);
+
+    [[nodiscard]] bool startBridge(RunningProcess &sim, const QString &log)
+    {
+        sim.start(kSim,
+                  {QStringLiteral("bridge"), QStringLiteral("--log"), log, QStringLiteral("--link"), link},
+                  env);
+        return QTest::qWaitFor([&] { return sim.out.contains("link: "); }, 10000);
+    }
+
+    [[nodiscard]] bool startHub(RunningProcess &hub, const QString &wheel)
+    {
+        QProcessEnvironment hubEnv = env;
+        hubEnv.insert(QStringLiteral("ORVANEHUB_INPUT"), QStringLiteral("virtual:") + replay);
+        hub.start(kHub,
+                  {QStringLiteral("--headless"), QStringLiteral("--transmitter"), link,
+                   QStringLiteral("--wheel"), wheel, QStringLiteral("--pedals"), QStringLiteral("1"),
+                   QStringLiteral("--start")},
+                  hubEnv);
+        return QTest::qWaitFor([&] { return hub.out.contains("transmission started"); }, 15000);
+    }
+};
+
 } // namespace
 
 class TestHeadlessEndToEnd : public QObject
@@ -169,27 +199,13 @@ void TestHeadlessEndToEnd::initTestCase()
 
 void TestHeadlessEndToEnd::drivesTheSimulatedCarAndStopsOnSigterm()
 {
-    QTemporaryDir home;
-    QVERIFY(home.isValid());
-    const QString log = home.filePath(QStringLiteral("bridge.jsonl"));
-    const QString link = home.filePath(QStringLiteral("ttyTransmitter"));
-    const QString replay = writeReplay(home);
-    QVERIFY(!replay.isEmpty());
-    QProcessEnvironment env = freshEnvironment(home);
-
+    DriveBench bench;
+    QVERIFY(!bench.replay.isEmpty());
+    const QString log = bench.home.filePath(QStringLiteral("bridge.jsonl"));
     RunningProcess sim;
-    sim.start(kSim, {QStringLiteral("bridge"), QStringLiteral("--log"), log, QStringLiteral("--link"), link},
-              env);
-    QTRY_VERIFY2_WITH_TIMEOUT(sim.out.contains("link: "), qPrintable(sim.transcript()), 10000);
-
-    env.insert(QStringLiteral("ORVANEHUB_INPUT"), QStringLiteral("virtual:") + replay);
+    QVERIFY2(bench.startBridge(sim, log), qPrintable(sim.transcript()));
     RunningProcess hub;
-    hub.start(kHub,
-              {QStringLiteral("--headless"), QStringLiteral("--transmitter"), link, QStringLiteral("--wheel"),
-               QStringLiteral("MOZA R9 Base"), QStringLiteral("--pedals"), QStringLiteral("1"),
-               QStringLiteral("--start")},
-              env);
-    QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("transmission started"), qPrintable(hub.transcript()), 15000);
+    QVERIFY2(bench.startHub(hub, QStringLiteral("MOZA R9 Base")), qPrintable(hub.transcript()));
     // Run until the bridge has seen the steering and throttle of the replay for a while.
     const auto sawDrive = [&log] {
         const BridgeLogContents contents = readBridgeLog(log);
@@ -253,30 +269,13 @@ void TestHeadlessEndToEnd::drivesTheSimulatedCarAndStopsOnSigterm()
 
 void TestHeadlessEndToEnd::lostBridgeComesBackWithoutAStart()
 {
-    QTemporaryDir home;
-    QVERIFY(home.isValid());
-    const QString link = home.filePath(QStringLiteral("ttyTransmitter"));
-    const QString replay = writeReplay(home);
-    QVERIFY(!replay.isEmpty());
-    QProcessEnvironment env = freshEnvironment(home);
-    const auto startBridge = [&](RunningProcess &sim, const QString &log) {
-        sim.start(kSim,
-                  {QStringLiteral("bridge"), QStringLiteral("--log"), log, QStringLiteral("--link"), link},
-                  env);
-        return QTest::qWaitFor([&] { return sim.out.contains("link: "); }, 10000);
-    };
+    DriveBench bench;
+    QVERIFY(!bench.replay.isEmpty());
     RunningProcess first;
-    QVERIFY2(startBridge(first, home.filePath(QStringLiteral("first.jsonl"))),
+    QVERIFY2(bench.startBridge(first, bench.home.filePath(QStringLiteral("first.jsonl"))),
              qPrintable(first.transcript()));
-
-    env.insert(QStringLiteral("ORVANEHUB_INPUT"), QStringLiteral("virtual:") + replay);
     RunningProcess hub;
-    hub.start(kHub,
-              {QStringLiteral("--headless"), QStringLiteral("--transmitter"), link, QStringLiteral("--wheel"),
-               QStringLiteral("0"), QStringLiteral("--pedals"), QStringLiteral("1"),
-               QStringLiteral("--start")},
-              env);
-    QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("transmission started"), qPrintable(hub.transcript()), 15000);
+    QVERIFY2(bench.startHub(hub, QStringLiteral("0")), qPrintable(hub.transcript()));
 
     // The transmitter goes away mid-run (the simulator ends, its line hangs up) and a fresh
     // one appears under the same name: the hub reconnects, and waits for a person to start.
@@ -285,9 +284,9 @@ void TestHeadlessEndToEnd::lostBridgeComesBackWithoutAStart()
     QTRY_VERIFY2_WITH_TIMEOUT(hub.err.contains("Transmitter disconnected"), qPrintable(hub.transcript()),
                               10000);
     QVERIFY2(hub.out.contains("will not start again by itself"), qPrintable(hub.transcript()));
-    const QString secondLog = home.filePath(QStringLiteral("second.jsonl"));
+    const QString secondLog = bench.home.filePath(QStringLiteral("second.jsonl"));
     RunningProcess second;
-    QVERIFY2(startBridge(second, secondLog), qPrintable(second.transcript()));
+    QVERIFY2(bench.startBridge(second, secondLog), qPrintable(second.transcript()));
     QTRY_VERIFY2_WITH_TIMEOUT(hub.out.count("transmitter connected on") == 2, qPrintable(hub.transcript()),
                               15000);
     // The hub's keepalive (every 2 to 3 s of silence) shows it is talking to the new bridge;
