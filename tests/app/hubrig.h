@@ -2,6 +2,8 @@
 
 #include "controllerrig.h"
 #include "hubservices.h"
+#include "logrouter.h"
+#include "mainwindow.h"
 
 #include <QStringList>
 
@@ -17,6 +19,7 @@ struct HubRig
     std::shared_ptr<PathSerialPortDirectory> ports = std::make_shared<PathSerialPortDirectory>();
     sim::BridgeSimulator sim{ControllerRig::quietBridge()};
     std::unique_ptr<HubServices> services;
+    std::unique_ptr<MainWindow> window; // made by showPage(), closed before the services go
     int firstDevice = -1;
     int secondDevice = -1;
 
@@ -33,6 +36,19 @@ struct HubRig
     }
 
     TavrixController *controller() const { return services->controller(); }
+
+    // Opens the main window on these services the first time, shown and exposed, and brings
+    // the page `key` to the front. Null if either failed or the page is not a `Page`.
+    template<class Page = QWidget> Page *showPage(const QString &key)
+    {
+        if (!window) {
+            window = std::make_unique<MainWindow>(*services, QStringLiteral("light"), *LogRouter::instance());
+            window->show();
+            if (!QTest::qWaitForWindowExposed(window.get()))
+                return nullptr;
+        }
+        return window->showPage(key) ? qobject_cast<Page *>(window->page(key)) : nullptr;
+    }
     QString linkPath() const { return dir.filePath(QStringLiteral("ttyBRIDGE")); }
 
     bool startBridge()

@@ -29,7 +29,6 @@ private slots:
     void devicesByIndexAndName();
     void badCommandLinesAreRefused_data();
     void badCommandLinesAreRefused();
-    void helpNamesEveryOption();
 };
 
 void TestCommandLineOptions::actions_data()
@@ -157,17 +156,6 @@ void TestCommandLineOptions::badCommandLinesAreRefused()
     QCOMPARE(parsed.options.action, Action::Window);
     QVERIFY(parsed.options.devices.isEmpty());
     QVERIFY(!parsed.options.start);
-}
-
-void TestCommandLineOptions::helpNamesEveryOption()
-{
-    const QString help = commandLineHelp();
-    for (const char *option :
-         {"--headless", "--demo", "--list-devices", "--help", "--version", "--transmitter", "--baud",
-          "--vehicle car|heli", "--wheel", "--pedals", "--shifter", "--joystick", "--throttle", "--rudder",
-          "--start", "ORVANEHUB_INPUT=virtual:FILE", "115200"}) {
-        QVERIFY2(help.contains(QLatin1String(option)), option);
-    }
 }
 
 QTEST_GUILESS_MAIN(TestCommandLineOptions)

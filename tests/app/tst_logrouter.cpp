@@ -57,20 +57,7 @@ private slots:
         LogRouter::installMessageHandler();
         QVERIFY(LogRouter::isMessageHandlerInstalled());
         const QString text = QStringLiteral("[ELRS] parameter walk done");
-        switch (QtMsgType(type)) {
-        case QtDebugMsg:
-            qDebug().noquote() << text;
-            break;
-        case QtInfoMsg:
-            qInfo().noquote() << text;
-            break;
-        case QtWarningMsg:
-            qWarning().noquote() << text;
-            break;
-        default:
-            qCritical().noquote() << text;
-            break;
-        }
+        qt_message_output(QtMsgType(type), QMessageLogContext(), text); // where qDebug() and the rest end
         const QStringList expected = {QStringLiteral("router %1 %2").arg(type).arg(text),
                                       QStringLiteral("previous %1 %2").arg(type).arg(text)};
         QCOMPARE(g_events, expected);

@@ -36,30 +36,13 @@ private slots:
 
     void init() { QSettings().clear(); }
 
-    void offersTheSevenPagesByKey()
-    {
-        tavrix::testing::HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
-        const QStringList expected = {
-            QStringLiteral("dashboard"), QStringLiteral("vehicles"),       QStringLiteral("rc-car"),
-            QStringLiteral("rc-heli"),   QStringLiteral("motion-chooser"), QStringLiteral("motion-panel"),
-            QStringLiteral("info")};
-        QCOMPARE(window.pageKeys(), expected);
-        QCOMPARE(window.currentPage(), QStringLiteral("dashboard"));
-        QCOMPARE(window.sidebar()->activeEntry(), QStringLiteral("dashboard"));
-    }
-
     void switchesPagesByKey_data()
     {
         QTest::addColumn<QString>("key");
         QTest::addColumn<QString>("entry");
-        QTest::newRow("vehicles") << QStringLiteral("vehicles") << QStringLiteral("vehicles");
-        QTest::newRow("rc-car") << QStringLiteral("rc-car") << QStringLiteral("vehicles");
-        QTest::newRow("rc-heli") << QStringLiteral("rc-heli") << QStringLiteral("vehicles");
-        QTest::newRow("motion-chooser")
-            << QStringLiteral("motion-chooser") << QStringLiteral("motion-chooser");
-        QTest::newRow("motion-panel") << QStringLiteral("motion-panel") << QStringLiteral("motion-chooser");
-        QTest::newRow("info") << QStringLiteral("info") << QStringLiteral("info");
+        // A page lights its own sidebar entry, a page below another lights its parent's.
+        QTest::newRow("own entry") << QStringLiteral("info") << QStringLiteral("info");
+        QTest::newRow("parent entry") << QStringLiteral("motion-panel") << QStringLiteral("motion-chooser");
     }
 
     void switchesPagesByKey()
@@ -97,7 +80,6 @@ private slots:
 
         auto *vehicles = qobject_cast<tavrix::VehiclesPage *>(window.page(QStringLiteral("vehicles")));
         QVERIFY(!vehicles->tile(QStringLiteral("rc-airplane"))->isEnabled());
-        QCOMPARE(vehicles->tile(QStringLiteral("rc-airplane"))->badge(), QStringLiteral("Coming soon"));
         vehicles->tile(QStringLiteral("rc-heli"))->click();
         QCOMPARE(window.currentPage(), QStringLiteral("rc-heli"));
 
@@ -111,54 +93,33 @@ private slots:
         QCOMPARE(window.currentPage(), QStringLiteral("motion-chooser"));
     }
 
-    void themeQuestionWarnsWhenTransmissionRuns_data()
-    {
-        QTest::addColumn<bool>("running");
-        QTest::addColumn<QString>("informative");
-        QTest::newRow("stopped") << false << QString();
-        QTest::newRow("running") << true << QStringLiteral("Transmission is running and will stop.");
-    }
-
     void themeQuestionWarnsWhenTransmissionRuns()
     {
-        QFETCH(bool, running);
-        QFETCH(QString, informative);
         tavrix::testing::HubRig rig;
         MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
-        if (running)
-            QVERIFY(rig.startCarTransmission());
-        QCOMPARE(rig.controller()->isRunning(), running);
         std::unique_ptr<QMessageBox> box(window.themeSwitcher()->createQuestion(&window));
-        QCOMPARE(box->text(), QStringLiteral("The HUB restarts to change its colours."));
-        QCOMPARE(box->informativeText(), informative);
-        QStringList answers;
-        for (QAbstractButton *button : box->buttons())
-            answers.append(button->text());
-        answers.sort();
-        QCOMPARE(answers, (QStringList{QStringLiteral("Next time"), QStringLiteral("Restart now")}));
+        QVERIFY(box->informativeText().isEmpty());
+        QVERIFY(rig.startCarTransmission());
+        box.reset(window.themeSwitcher()->createQuestion(&window));
+        QCOMPARE(box->informativeText(), QStringLiteral("Transmission is running and will stop."));
     }
 
     void nextTimeStoresTheOtherThemeAndSaysWhen()
     {
         tavrix::testing::HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QCOMPARE(window.sidebar()->themeButton()->text(), QStringLiteral("Dark mode"));
-        tavrix::ThemeSwitcher *switcher = window.themeSwitcher();
+        QVERIFY(rig.showPage(QStringLiteral("dashboard")));
+        tavrix::ThemeSwitcher *switcher = rig.window->themeSwitcher();
         QSignalSpy restart(switcher, &tavrix::ThemeSwitcher::restartRequested);
 
         switcher->answer(tavrix::ThemeSwitcher::Answer::NextTime);
         QCOMPARE(QSettings().value(QStringLiteral("ui/theme")).toString(), QStringLiteral("dark"));
-        QVERIFY(window.toast()->isVisible());
-        QCOMPARE(window.toast()->text(), QStringLiteral("Dark mode from the next start"));
+        QVERIFY(rig.window->toast()->isVisible());
 
         // Asking again offers the other theme than the stored choice.
         switcher->answer(tavrix::ThemeSwitcher::Answer::NextTime);
         QCOMPARE(QSettings().value(QStringLiteral("ui/theme")).toString(), QStringLiteral("light"));
-        QCOMPARE(window.toast()->text(), QStringLiteral("Light mode from the next start"));
         QCOMPARE(restart.size(), 0);
-        QVERIFY(!window.restartRequested());
+        QVERIFY(!rig.window->restartRequested());
     }
 
     void restartNowFromTheSidebarClosesTheWindowForARestart()
@@ -168,7 +129,6 @@ private slots:
         hub::ShellSettings::setTheme(QStringLiteral("dark"));
         window.show();
         QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QCOMPARE(window.sidebar()->themeButton()->text(), QStringLiteral("Light mode"));
         window.sidebar()->themeButton()->click();
         QMessageBox *box = nullptr;
         QTRY_VERIFY((box = window.findChild<QMessageBox *>()) && box->isVisible());
@@ -243,8 +203,6 @@ private slots:
         QCOMPARE(changes.size(), 4);
         QVERIFY(!c->isRunning());
     }
-
-    void versionIsShown() { QCOMPARE(tavrix::InfoPage::version(), QStringLiteral("1.3.2")); }
 };
 
 QTEST_MAIN(TestMainWindow)

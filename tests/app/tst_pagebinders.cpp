@@ -64,11 +64,8 @@ private slots:
         HubRig rig;
         QVERIFY(rig.startBridge());
         rig.plugCarControllers();
-        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QVERIFY(window.showPage(QStringLiteral("rc-car")));
-        auto *car = qobject_cast<CarPage *>(window.page(QStringLiteral("rc-car")));
+        auto *car = rig.showPage<CarPage>(u"rc-car"_s);
+        QVERIFY(car);
 
         QCOMPARE(car->transmitterCard()->ports(), QStringList{rig.linkPath()});
         QCOMPARE(car->deviceCard()->devices(),
@@ -79,7 +76,6 @@ private slots:
         car->transmitterCard()->connectButton()->click();
         QVERIFY(rig.controller()->isSerialConnected());
         QVERIFY(car->transmitterCard()->isConnected());
-        QCOMPARE(car->transmitterCard()->connectButton()->text(), QStringLiteral("Disconnect"));
         QCOMPARE(rig.services->profiles()->transmitterPortName(), rig.linkPath());
 
         pick(car->deviceCard()->picker(QStringLiteral("wheel")), 1);
@@ -95,81 +91,19 @@ private slots:
 
         car->transmitterCard()->connectButton()->click();
         QVERIFY(!rig.controller()->isSerialConnected());
-        QCOMPARE(car->transmitterCard()->connectButton()->text(), QStringLiteral("Connect"));
+        QVERIFY(!car->transmitterCard()->isConnected());
     }
 
     void portListFollowsThePlugWhileThePageIsShown()
     {
         HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        window.showPage(QStringLiteral("rc-car"));
-        auto *car = qobject_cast<CarPage *>(window.page(QStringLiteral("rc-car")));
+        auto *car = rig.showPage<CarPage>(u"rc-car"_s);
+        QVERIFY(car);
         QVERIFY(car->transmitterCard()->ports().isEmpty());
         QVERIFY(!car->transmitterCard()->connectButton()->isEnabled());
         QVERIFY(rig.startBridge());
         QTRY_COMPARE_WITH_TIMEOUT(car->transmitterCard()->ports(), QStringList{rig.linkPath()}, 5000);
         QVERIFY(car->transmitterCard()->connectButton()->isEnabled());
-    }
-
-    void startRefusalsShowOnThePage_data()
-    {
-        QTest::addColumn<bool>("transmitter");
-        QTest::addColumn<bool>("wheel");
-        QTest::addColumn<double>("throttle");
-        QTest::addColumn<double>("brake");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("no transmitter")
-            << false << true << 0.0 << 0.0 << QStringLiteral("RP2040 Bridge not connected");
-        QTest::newRow("no wheel") << true << false << 0.0 << 0.0
-                                  << QStringLiteral("Wheel base not connected");
-        QTest::newRow("throttle pressed")
-            << true << true << 0.5 << 0.0
-            << QStringLiteral("Release the throttle pedal before starting transmission.");
-        QTest::newRow("brake pressed")
-            << true << true << 0.0 << 0.3
-            << QStringLiteral("Release the brake pedal before starting transmission.");
-        QTest::newRow("both pressed")
-            << true << true << 0.5 << 0.5
-            << QStringLiteral("Release the throttle and brake pedals before starting transmission.");
-    }
-
-    void startRefusalsShowOnThePage()
-    {
-        QFETCH(bool, transmitter);
-        QFETCH(bool, wheel);
-        QFETCH(double, throttle);
-        QFETCH(double, brake);
-        QFETCH(QString, message);
-        HubRig rig;
-        QVERIFY(rig.startBridge());
-        rig.plugCarControllers();
-        TavrixController *c = rig.controller();
-        if (transmitter)
-            QVERIFY(c->connectTransmitter(rig.linkPath()));
-        if (wheel)
-            QVERIFY(c->connectDevice(DeviceRole::WheelBase, 0));
-        QVERIFY(c->connectDevice(DeviceRole::Pedals, 1));
-        rig.setPedals(throttle, brake);
-        // The start check compares each pedal with 5% of its travel.
-        QTRY_VERIFY((c->throttle() > 0.05f) == (throttle > 0.0) && (c->brake() > 0.05f) == (brake > 0.0));
-
-        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        window.showPage(QStringLiteral("rc-car"));
-        auto *car = qobject_cast<CarPage *>(window.page(QStringLiteral("rc-car")));
-        QVERIFY(car->problem().isEmpty());
-        car->startButton()->click();
-        QCOMPARE(car->problem(), message);
-        QVERIFY(car->problemNotice()->isVisible());
-        QVERIFY(!c->isRunning());
-        QVERIFY(!car->isTransmitting());
-        QCOMPARE(car->startButton()->text(), QStringLiteral("Start transmission"));
-        if (transmitter) {
-            QVERIFY(rig.sim.commands().isEmpty() || !rig.sim.commands().contains(QStringLiteral("START")));
-        }
     }
 
     void releasedPedalsStartAndTheCarPageComesAlive()
@@ -184,24 +118,24 @@ private slots:
         rig.setPedals(0.4, 0.0);
         QTRY_VERIFY(c->throttle() > 0.3f);
 
-        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        window.showPage(QStringLiteral("rc-car"));
-        auto *car = qobject_cast<CarPage *>(window.page(QStringLiteral("rc-car")));
+        auto *car = rig.showPage<CarPage>(u"rc-car"_s);
+        QVERIFY(car);
         QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("wheel")), 0);
         QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("pedals")), 1);
         QTRY_VERIFY(car->throttleBar()->value().value_or(0.0) > 0.3);
 
+        // Refused by the controller (its tests pin every refusal): the page shows why.
         car->startButton()->click();
-        QVERIFY(!car->problem().isEmpty());
+        QCOMPARE(car->problem(), QStringLiteral("Release the throttle pedal before starting transmission."));
+        QVERIFY(car->problemNotice()->isVisible());
+        QVERIFY(!c->isRunning());
+        QVERIFY(!car->isTransmitting());
         rig.setPedals(0.0, 0.0);
         QTRY_VERIFY(c->throttle() < 0.01f);
         car->startButton()->click();
         QVERIFY(c->isRunning());
         QVERIFY(car->isTransmitting());
         QVERIFY(car->problem().isEmpty());
-        QCOMPARE(car->startButton()->text(), QStringLiteral("Stop transmission"));
 
         // Steering moves CH1 on the page as it moves in the frames.
         hub::LevelBar *ch1 = car->channelBar()->bar(0);
@@ -263,11 +197,8 @@ private slots:
             QVERIFY(rig.services->profiles()->setSetting(
                 QStringLiteral("receiverCaps"), QJsonObject{{QStringLiteral("firmware"), firmware}}));
         }
-        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        window.showPage(QStringLiteral("rc-car"));
-        auto *car = qobject_cast<CarPage *>(window.page(QStringLiteral("rc-car")));
+        auto *car = rig.showPage<CarPage>(u"rc-car"_s);
+        QVERIFY(car);
         QVERIFY(rig.startCarTransmission());
 
         if (shown) {
@@ -288,10 +219,8 @@ private slots:
     void dashboardShowsConnectionsTransmissionAndSensors()
     {
         HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        auto *dash = qobject_cast<DashboardPage *>(window.page(QStringLiteral("dashboard")));
+        auto *dash = rig.showPage<DashboardPage>(u"dashboard"_s);
+        QVERIFY(dash);
         QCOMPARE(dash->transmitterRow()->pill()->text(), QStringLiteral("Not connected"));
         QCOMPARE(dash->devicesRow()->pill()->text(), QStringLiteral("None"));
         QVERIFY(dash->telemetryEmptyState()->isVisible());
@@ -369,11 +298,8 @@ private slots:
         HubRig rig;
         QVERIFY(rig.startBridge());
         rig.plugHeliControllers();
-        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        window.showPage(QStringLiteral("rc-heli"));
-        auto *heli = qobject_cast<HeliPage *>(window.page(QStringLiteral("rc-heli")));
+        auto *heli = rig.showPage<HeliPage>(u"rc-heli"_s);
+        QVERIFY(heli);
         TavrixController *c = rig.controller();
 
         // The first profile drives a car: the page says so and offers a helicopter profile.
@@ -386,14 +312,10 @@ private slots:
         QTRY_VERIFY(c->isHelicopter());
         QVERIFY(!heli->profileNotice()->isVisible());
         QCOMPARE(rig.services->profiles()->activeProfileName(), QStringLiteral("RC Helicopter"));
-        QCOMPARE(heli->rateButton(0)->text(), QStringLiteral("60 %"));
-        QCOMPARE(heli->rateButton(2)->text(), QStringLiteral("100 %"));
-        QCOMPARE(heli->rateModeText(), QStringLiteral("Rates: Beginner"));
 
         heli->rateButton(1)->click();
         QCOMPARE(c->heliRateMode(), 1);
         QVERIFY(heli->rateButton(1)->isChecked());
-        QCOMPARE(heli->rateModeText(), QStringLiteral("Rates: Sport"));
 
         heli->transmitterCard()->connectButton()->click();
         QVERIFY(c->isSerialConnected());
@@ -420,7 +342,6 @@ private slots:
         heli->armButton()->click();
         QVERIFY(c->isHeliArmed());
         QVERIFY(heli->isArmed());
-        QCOMPARE(heli->armButton()->text(), QStringLiteral("Disarm"));
 
         heli->startButton()->click();
         QVERIFY(!c->isRunning());
@@ -430,13 +351,10 @@ private slots:
     void errorsAwayFromTheVehiclePagesBecomeAToast()
     {
         HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QCOMPARE(window.currentPage(), QStringLiteral("dashboard"));
+        QVERIFY(rig.showPage(u"dashboard"_s));
         rig.controller()->startTransmission();
-        QVERIFY(window.toast()->isVisible());
-        QCOMPARE(window.toast()->text(), QStringLiteral("RP2040 Bridge not connected"));
+        QVERIFY(rig.window->toast()->isVisible());
+        QCOMPARE(rig.window->toast()->text(), QStringLiteral("RP2040 Bridge not connected"));
     }
 };
 

@@ -1,57 +1,32 @@
-#include "bridgesimulator.h"
+#include "hubrig.h"
 #include "inputdevice.h"
 #include "profilekeys.h"
-#include "profilemanager.h"
-#include "serialportdirectory.h"
 #include "sessionstarter.h"
-#include "tavrixcontroller.h"
-#include "virtualbackend.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <memory>
-
 using namespace tavrix;
+using namespace tavrix::testing;
 using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kThrottleSlot = SlotRx; // MOZA pedals: lRx throttle, lRy brake, not inverted
-
-// A controller on a simulated bridge with a MOZA wheel and pedals, and fast retries.
-struct StarterRig
+// The services of a headless run with the bridge on its pty and a wheel and pedals plugged
+// in, released; the plan names the bridge and starts.
+struct StarterRig : HubRig
 {
-    QTemporaryDir dir;
-    ProfileManager profiles{dir.path()};
-    VirtualBackend backend;
-    sim::BridgeSimulator bridge;
-    std::unique_ptr<TavrixController> controller;
-    int wheel = -1;
-    int pedals = -1;
-
     bool setUp()
     {
-        if (!dir.isValid() || !bridge.start(dir.filePath(QStringLiteral("ttyBridge"))))
-            return false;
-        wheel = backend.addDevice({QStringLiteral("MOZA R9 Base"), {}, 2, 32, 1, true});
-        pedals = backend.addDevice({QStringLiteral("MOZA SR-P Pedals"), {}, 3, 0, 0, false});
-        backend.setAxis(pedals, SlotRx, 0);
-        backend.setAxis(pedals, SlotRy, 0);
-        profiles.loadProfiles();
-        ControllerTimings timings;
-        timings.idleInputPollInterval = 5ms;
-        controller = std::make_unique<TavrixController>(
-            &backend, &profiles, std::make_shared<PathSerialPortDirectory>(QStringList{bridge.clientPath()}),
-            timings);
-        return true;
+        plugCarControllers();
+        return startBridge();
     }
 
     SessionPlan plan(QList<RoleChoice> devices) const
     {
         SessionPlan p;
-        p.transmitterPort = bridge.clientPath();
+        p.transmitterPort = linkPath();
         p.devices = std::move(devices);
         p.start = true;
         return p;
@@ -59,7 +34,7 @@ struct StarterRig
 };
 
 const QList<RoleChoice> kWheelByNameAndPedalsByIndex{
-    {DeviceRole::WheelBase, {-1, QStringLiteral("MOZA R9 Base")}},
+    {DeviceRole::WheelBase, {-1, QStringLiteral("Test Wheel")}},
     {DeviceRole::Pedals, {1, {}}},
 };
 
@@ -83,10 +58,9 @@ void TestSessionStarter::refusedStartIsRetriedUntilThePedalsAreReleased()
 {
     StarterRig rig;
     QVERIFY(rig.setUp());
-    rig.backend.setAxis(rig.pedals, kThrottleSlot, 10000);
-    rig.backend.setAxis(rig.pedals, kThrottleSlot, 60000); // pressed (and moved, so it counts)
-    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
-    SessionStarter starter(rig.controller.get(), rig.plan(kWheelByNameAndPedalsByIndex), 20ms);
+    rig.setPedals(0.8, 0.0);
+    QSignalSpy errors(rig.controller(), &TavrixController::errorOccurred);
+    SessionStarter starter(rig.controller(), rig.plan(kWheelByNameAndPedalsByIndex), 20ms);
     QVERIFY(starter.begin());
     QCOMPARE(starter.baudRate(), TransmitterLink::kDefaultBaudRate);
 
@@ -94,26 +68,26 @@ void TestSessionStarter::refusedStartIsRetriedUntilThePedalsAreReleased()
     QTRY_VERIFY(errors.count() >= 3);
     QCOMPARE(errors.last().at(0).toString(),
              QStringLiteral("Release the throttle pedal before starting transmission."));
-    QVERIFY(rig.controller->isSerialConnected());
-    QVERIFY(rig.controller->devices()->isConnected(DeviceRole::WheelBase));
-    QVERIFY(rig.controller->devices()->isConnected(DeviceRole::Pedals));
-    QVERIFY(!rig.controller->isRunning());
-    QVERIFY(!rig.bridge.commands().contains(QStringLiteral("START")));
+    QVERIFY(rig.controller()->isSerialConnected());
+    QVERIFY(rig.controller()->devices()->isConnected(DeviceRole::WheelBase));
+    QVERIFY(rig.controller()->devices()->isConnected(DeviceRole::Pedals));
+    QVERIFY(!rig.controller()->isRunning());
+    QVERIFY(!rig.sim.commands().contains(QStringLiteral("START")));
 
-    rig.backend.setAxis(rig.pedals, kThrottleSlot, 0);
-    QTRY_VERIFY(rig.controller->isRunning());
-    QTRY_COMPARE(rig.bridge.commands().count(QStringLiteral("START")), 1);
-    QTRY_VERIFY(rig.bridge.channelFrameCount() > 3);
+    rig.setPedals(0.0, 0.0);
+    QTRY_VERIFY(rig.controller()->isRunning());
+    QTRY_COMPARE(rig.sim.commands().count(QStringLiteral("START")), 1);
+    QTRY_VERIFY(rig.sim.channelFrameCount() > 3);
 }
 
 void TestSessionStarter::waitsForAMissingDeviceAndSaysSoOnce()
 {
     StarterRig rig;
     QVERIFY(rig.setUp());
-    SessionStarter starter(rig.controller.get(),
-                           rig.plan({{DeviceRole::WheelBase, {-1, QStringLiteral("moza r10 base")}}}), 10ms);
+    SessionStarter starter(rig.controller(),
+                           rig.plan({{DeviceRole::WheelBase, {-1, QStringLiteral("late wheel")}}}), 10ms);
     QSignalSpy progress(&starter, &SessionStarter::progress);
-    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
+    QSignalSpy errors(rig.controller(), &TavrixController::errorOccurred);
     QVERIFY(starter.begin());
     QTRY_VERIFY(errors.count() >= 3); // "Wheel base not connected", again and again
     const QStringList waiting = [&progress] {
@@ -124,13 +98,15 @@ void TestSessionStarter::waitsForAMissingDeviceAndSaysSoOnce()
         return lines;
     }();
     QCOMPARE(waiting.size(), 1);
-    QVERIFY(waiting.at(0).contains(QLatin1String("\"moza r10 base\"")));
+    QVERIFY(waiting.at(0).contains(QLatin1String("\"late wheel\"")));
 
     // Plugged in late, found by its name without regard to case, and started.
-    rig.backend.addDevice({QStringLiteral("MOZA R10 Base"), {}, 2, 32, 1, true});
-    QTRY_VERIFY(rig.controller->isRunning());
-    QCOMPARE(rig.controller->devices()->device(DeviceRole::WheelBase)->deviceName(),
-             QStringLiteral("MOZA R10 Base"));
+    const int late = rig.backend->addDevice({QStringLiteral("Late Wheel"), {}, 8, 32, 1, true});
+    for (int slot : {ControllerRig::kThrottleSlot, ControllerRig::kBrakeSlot})
+        rig.backend->setAxis(late, slot, rawForGenericPedal(0.0)); // its own pedal axes released
+    QTRY_VERIFY(rig.controller()->isRunning());
+    QCOMPARE(rig.controller()->devices()->device(DeviceRole::WheelBase)->deviceName(),
+             QStringLiteral("Late Wheel"));
 }
 
 void TestSessionStarter::neverStartsAgainAfterAStop_data()
@@ -146,20 +122,20 @@ void TestSessionStarter::neverStartsAgainAfterAStop()
     constexpr auto kRetry = 10ms;
     StarterRig rig;
     QVERIFY(rig.setUp());
-    SessionStarter starter(rig.controller.get(), rig.plan(kWheelByNameAndPedalsByIndex), kRetry);
+    SessionStarter starter(rig.controller(), rig.plan(kWheelByNameAndPedalsByIndex), kRetry);
     QSignalSpy progress(&starter, &SessionStarter::progress);
     QVERIFY(starter.begin());
-    QTRY_VERIFY(rig.controller->isRunning());
+    QTRY_VERIFY(rig.controller()->isRunning());
 
     if (wheelLost)
-        rig.backend.setLost(rig.wheel, true);
+        rig.backend->setLost(rig.firstDevice, true);
     else
-        rig.controller->stopTransmission();
-    QTRY_VERIFY(!rig.controller->isRunning());
-    QTRY_COMPARE(rig.bridge.commands().count(QStringLiteral("STOP")), 1);
+        rig.controller()->stopTransmission();
+    QTRY_VERIFY(!rig.controller()->isRunning());
+    QTRY_COMPARE(rig.sim.commands().count(QStringLiteral("STOP")), 1);
     if (wheelLost) {
-        rig.backend.setLost(rig.wheel, false);
-        QTRY_VERIFY(rig.controller->devices()->isConnected(DeviceRole::WheelBase));
+        rig.backend->setLost(rig.firstDevice, false);
+        QTRY_VERIFY(rig.controller()->devices()->isConnected(DeviceRole::WheelBase));
     }
     const auto saidSo = [&progress] {
         for (const QList<QVariant> &args : progress)
@@ -171,8 +147,8 @@ void TestSessionStarter::neverStartsAgainAfterAStop()
     // A window for the retries that would start it: under load fewer of them fit, which
     // weakens the check but cannot make it fail wrongly.
     QTest::qWait(int(20 * kRetry.count()));
-    QVERIFY(!rig.controller->isRunning());
-    QCOMPARE(rig.bridge.commands().count(QStringLiteral("START")), 1);
+    QVERIFY(!rig.controller()->isRunning());
+    QCOMPARE(rig.sim.commands().count(QStringLiteral("START")), 1);
 }
 
 void TestSessionStarter::withoutAnyPortItFails()
@@ -180,12 +156,12 @@ void TestSessionStarter::withoutAnyPortItFails()
     StarterRig rig;
     QVERIFY(rig.setUp());
     SessionPlan plan; // no port given, none remembered in the fresh profile
-    SessionStarter starter(rig.controller.get(), plan, 10ms);
+    SessionStarter starter(rig.controller(), plan, 10ms);
     QSignalSpy failed(&starter, &SessionStarter::failed);
     QVERIFY(!starter.begin());
     QCOMPARE(failed.count(), 1);
     QVERIFY(failed.at(0).at(0).toString().contains(QLatin1String("--transmitter")));
-    QVERIFY(failed.at(0).at(0).toString().contains(rig.bridge.clientPath())); // the ports it can see
+    QVERIFY(failed.at(0).at(0).toString().contains(rig.linkPath())); // the ports it can see
 }
 
 void TestSessionStarter::vehicleProfileIsFoundOrMade_data()

@@ -203,10 +203,6 @@ void TestCrsfProtocol::tableCrcMatchesBitwiseCrc()
     // The published check value of CRC-8/DVB-S2.
     QCOMPARE(CrsfProtocol::crc8("123456789", 9), uint8_t(0xBC));
     QCOMPARE(CrsfProtocol::crc8(nullptr, 0), uint8_t(0));
-    for (int byte = 0; byte < 256; ++byte) {
-        const QByteArray one(1, char(byte));
-        QCOMPARE(CrsfProtocol::crc8(one.constData(), 1), crsftest::crc8(one));
-    }
     QRandomGenerator rng(99);
     for (int round = 0; round < 3000; ++round) {
         const QByteArray bytes = randomBytes(rng, rng.bounded(0, 300));

@@ -38,6 +38,25 @@ struct Step
 };
 using Steps = QList<Step>;
 
+// End points, calibration and the raw and calibrated wheel position, and the CH1 they give.
+struct SteeringCase
+{
+    int left, centre, right;
+    SteeringCalibration calibration;
+    float raw, calibrated;
+    int ch1;
+};
+
+// Pedals, gear and what the pit limiter sees, and the CH2 they give.
+struct PedalCase
+{
+    float throttle, brake;
+    int gear;
+    bool flag; // the feature under test switched on
+    bool held; // the pit limiter's button mapping held
+    int ch2;
+};
+
 // Collects the drive computation's debug lines.
 QStringList g_driveLog;
 void captureDriveLog(QtMsgType, const QMessageLogContext &context, const QString &message)
@@ -49,6 +68,8 @@ void captureDriveLog(QtMsgType, const QMessageLogContext &context, const QString
 } // namespace
 
 Q_DECLARE_METATYPE(Step)
+Q_DECLARE_METATYPE(SteeringCase)
+Q_DECLARE_METATYPE(PedalCase)
 
 class DriveComputationTest : public QObject
 {
@@ -72,100 +93,86 @@ private slots:
 
     void steering_data()
     {
-        QTest::addColumn<int>("left");
-        QTest::addColumn<int>("centre");
-        QTest::addColumn<int>("right");
-        QTest::addColumn<SteeringCalibration>("calibration");
-        QTest::addColumn<float>("raw");
-        QTest::addColumn<float>("calibrated");
-        QTest::addColumn<int>("ch1");
+        QTest::addColumn<SteeringCase>("c");
         const SteeringCalibration none;
         // Default end points use the calibrated steering: trunc((s + 1) x 1023.5).
-        QTest::newRow("default centre is 1023") << 0 << 1024 << 2047 << none << 0.9f << 0.0f << 1023;
-        QTest::newRow("default full left") << 0 << 1024 << 2047 << none << 0.0f << -1.0f << 0;
+        QTest::newRow("default centre is 1023") << SteeringCase{0, 1024, 2047, none, 0.9f, 0.0f, 1023};
+        QTest::newRow("default full left") << SteeringCase{0, 1024, 2047, none, 0.0f, -1.0f, 0};
         QTest::newRow("default half left 511.75 truncates")
-            << 0 << 1024 << 2047 << none << 0.0f << -0.5f << 511;
+            << SteeringCase{0, 1024, 2047, none, 0.0f, -0.5f, 511};
         // Custom end points use the raw position.
-        QTest::newRow("custom full left") << 200 << 1000 << 1800 << none << -1.0f << 0.0f << 200;
-        QTest::newRow("custom beyond right clamps") << 200 << 1000 << 1800 << none << 1.0f << 0.0f << 1800;
-        QTest::newRow("asymmetric left half") << 300 << 1100 << 1700 << none << -0.5f << 0.0f << 700;
-        QTest::newRow("asymmetric right half") << 300 << 1100 << 1700 << none << 0.5f << 0.0f << 1400;
+        QTest::newRow("custom full left") << SteeringCase{200, 1000, 1800, none, -1.0f, 0.0f, 200};
+        QTest::newRow("custom beyond right clamps") << SteeringCase{200, 1000, 1800, none, 1.0f, 0.0f, 1800};
+        QTest::newRow("asymmetric left half") << SteeringCase{300, 1100, 1700, none, -0.5f, 0.0f, 700};
+        QTest::newRow("asymmetric right half") << SteeringCase{300, 1100, 1700, none, 0.5f, 0.0f, 1400};
 
         SteeringCalibration cal{true, -0.8f, 0.1f, 0.6f, false};
         // below centre: -(0.1 + 0.3) / 0.9 = -0.444 -> 1000 - 355.6
-        QTest::newRow("calibrated below centre") << 200 << 1000 << 1800 << cal << -0.3f << 0.0f << 644;
+        QTest::newRow("calibrated below centre") << SteeringCase{200, 1000, 1800, cal, -0.3f, 0.0f, 644};
         // above centre: (0.333 - 0.1) / 0.5 = 0.466 -> 1000 + 372.8
-        QTest::newRow("calibrated above centre") << 200 << 1000 << 1800 << cal << 0.333f << 0.0f << 1372;
+        QTest::newRow("calibrated above centre") << SteeringCase{200, 1000, 1800, cal, 0.333f, 0.0f, 1372};
         SteeringCalibration inverted = cal;
         inverted.inverted = true;
-        QTest::newRow("calibrated and inverted") << 200 << 1000 << 1800 << inverted << 0.333f << 0.0f << 627;
+        QTest::newRow("calibrated and inverted")
+            << SteeringCase{200, 1000, 1800, inverted, 0.333f, 0.0f, 627};
         SteeringCalibration noLeftSpan{true, 0.1f, 0.1f, 0.6f, false};
         QTest::newRow("no span below centre gives centre")
-            << 200 << 1000 << 1800 << noLeftSpan << -0.7f << 0.0f << 1000;
+            << SteeringCase{200, 1000, 1800, noLeftSpan, -0.7f, 0.0f, 1000};
         SteeringCalibration unused{false, -0.8f, 0.1f, 0.6f, true};
         QTest::newRow("calibration off, inverted still applies")
-            << 200 << 1000 << 1800 << unused << 0.25f << 0.0f << 800;
+            << SteeringCase{200, 1000, 1800, unused, 0.25f, 0.0f, 800};
     }
     void steering()
     {
-        QFETCH(int, left);
-        QFETCH(int, centre);
-        QFETCH(int, right);
-        QFETCH(SteeringCalibration, calibration);
-        QFETCH(float, raw);
-        QFETCH(float, calibrated);
-        QFETCH(int, ch1);
+        QFETCH(SteeringCase, c);
         DriveSettings s = plainSettings();
-        s.steeringLeft = left;
-        s.steeringCenter = centre;
-        s.steeringRight = right;
-        s.steeringCalibration = calibration;
+        s.steeringLeft = c.left;
+        s.steeringCenter = c.centre;
+        s.steeringRight = c.right;
+        s.steeringCalibration = c.calibration;
         DriveComputation drive(s);
         DriveInputs in;
-        in.steeringRaw = raw;
-        in.steering = calibrated;
+        in.steeringRaw = c.raw;
+        in.steering = c.calibrated;
         tick(drive, in);
-        QCOMPARE(channels[0], ch1);
+        QCOMPARE(channels[0], c.ch1);
         QCOMPARE(channels[2], 0); // CH3 is cleared for the button mappings
     }
 
     void escMapping_data()
     {
-        QTest::addColumn<bool>("custom");
-        QTest::addColumn<float>("throttle");
-        QTest::addColumn<float>("brake");
-        QTest::addColumn<int>("ch2");
+        QTest::addColumn<PedalCase>("c"); // flag: the custom ESC 1000 / 1900 / 100
         // forward: 992 + (t - D) / 0.975574 x 819, D = 50 / 2047; truncated
-        QTest::newRow("just past dead zone") << false << 0.03f << 0.0f << 996;
-        QTest::newRow("half throttle 1391.25") << false << 0.5f << 0.0f << 1391;
-        QTest::newRow("full throttle is exactly full forward") << false << 1.0f << 0.0f << 1811;
+        QTest::newRow("just past dead zone") << PedalCase{0.03f, 0.0f, 0, false, false, 996};
+        QTest::newRow("half throttle 1391.25") << PedalCase{0.5f, 0.0f, 0, false, false, 1391};
+        QTest::newRow("full throttle is exactly full forward")
+            << PedalCase{1.0f, 0.0f, 0, false, false, 1811};
         // firm brake: 992 + (b - 0.1) / 0.9 x (172 - 992)
-        QTest::newRow("brake 0.1 is neutral whatever the throttle") << false << 1.0f << 0.1f << 992;
-        QTest::newRow("firm brake 0.4 ignores throttle: 718.7") << false << 1.0f << 0.4f << 718;
-        QTest::newRow("full brake is full reverse") << false << 0.0f << 1.0f << 172;
+        QTest::newRow("brake 0.1 is neutral whatever the throttle")
+            << PedalCase{1.0f, 0.1f, 0, false, false, 992};
+        QTest::newRow("firm brake 0.4 ignores throttle: 718.7")
+            << PedalCase{1.0f, 0.4f, 0, false, false, 718};
+        QTest::newRow("full brake is full reverse") << PedalCase{0.0f, 1.0f, 0, false, false, 172};
         // light brake: throttle x (1 - b / 0.1), then mapped
-        QTest::newRow("light brake 0.025 scales throttle to 0.75") << false << 1.0f << 0.025f << 1601;
-        QTest::newRow("light brake 0.03 on 0.8: 0.56") << false << 0.8f << 0.03f << 1441;
-        QTest::newRow("light brake 0.0999 leaves nothing") << false << 1.0f << 0.0999f << 992;
-        // custom ESC 1000 / 1900 / 100
-        QTest::newRow("custom full forward") << true << 1.0f << 0.0f << 1900;
-        QTest::newRow("custom half throttle 1438.7") << true << 0.5f << 0.0f << 1438;
-        QTest::newRow("custom full brake") << true << 0.0f << 1.0f << 100;
+        QTest::newRow("light brake 0.025 scales throttle to 0.75")
+            << PedalCase{1.0f, 0.025f, 0, false, false, 1601};
+        QTest::newRow("light brake 0.03 on 0.8: 0.56") << PedalCase{0.8f, 0.03f, 0, false, false, 1441};
+        QTest::newRow("light brake 0.0999 leaves nothing") << PedalCase{1.0f, 0.0999f, 0, false, false, 992};
+        QTest::newRow("custom full forward") << PedalCase{1.0f, 0.0f, 0, true, false, 1900};
+        QTest::newRow("custom half throttle 1438.7") << PedalCase{0.5f, 0.0f, 0, true, false, 1438};
+        QTest::newRow("custom full brake") << PedalCase{0.0f, 1.0f, 0, true, false, 100};
     }
     void escMapping()
     {
-        QFETCH(bool, custom);
-        QFETCH(float, throttle);
-        QFETCH(float, brake);
-        QFETCH(int, ch2);
+        QFETCH(PedalCase, c);
         DriveSettings s = plainSettings();
         s.escNeutral = 1000;
         s.escFullForward = 1900;
         s.escFullReverse = 100;
-        s.escMode = custom ? EscMode::Custom : EscMode::Standard;
+        s.escMode = c.flag ? EscMode::Custom : EscMode::Standard;
         DriveComputation drive(s);
-        tick(drive, pedals(throttle, brake));
-        QCOMPARE(channels[1], ch2);
+        tick(drive, pedals(c.throttle, c.brake));
+        QCOMPARE(channels[1], c.ch2);
     }
 
     void escModeNames_data()
@@ -356,30 +363,23 @@ private slots:
 
     void reverseGear_data()
     {
-        QTest::addColumn<bool>("reverseEnabled");
-        QTest::addColumn<int>("gear");
-        QTest::addColumn<float>("throttle");
-        QTest::addColumn<int>("ch2");
-        QTest::addColumn<bool>("reported");
-        QTest::newRow("reverse gear reverses") << true << -1 << 1.0f << 172 << true;
-        QTest::newRow("reverse gear, 0.3 throttle: 760.4") << true << -1 << 0.3f << 760 << true;
-        QTest::newRow("reverse gear, pedal in dead zone") << true << -1 << 0.02f << 992 << true;
-        QTest::newRow("reverse disabled: reverse gear drives forward") << false << -1 << 1.0f << 1811 << true;
-        QTest::newRow("forward gear") << true << 2 << 1.0f << 1811 << false;
+        QTest::addColumn<PedalCase>("c"); // flag: reverse enabled; held: reverse reported
+        QTest::newRow("reverse gear reverses") << PedalCase{1.0f, 0, -1, true, true, 172};
+        QTest::newRow("reverse gear, 0.3 throttle: 760.4") << PedalCase{0.3f, 0, -1, true, true, 760};
+        QTest::newRow("reverse gear, pedal in dead zone") << PedalCase{0.02f, 0, -1, true, true, 992};
+        QTest::newRow("reverse disabled: reverse gear drives forward")
+            << PedalCase{1.0f, 0, -1, false, true, 1811};
+        QTest::newRow("forward gear") << PedalCase{1.0f, 0, 2, true, false, 1811};
     }
     void reverseGear()
     {
-        QFETCH(bool, reverseEnabled);
-        QFETCH(int, gear);
-        QFETCH(float, throttle);
-        QFETCH(int, ch2);
-        QFETCH(bool, reported);
+        QFETCH(PedalCase, c);
         DriveSettings s = plainSettings();
-        s.reverseEnabled = reverseEnabled;
+        s.reverseEnabled = c.flag;
         DriveComputation drive(s);
-        const DriveTickResult r = tick(drive, pedals(throttle, 0.0f, gear));
-        QCOMPARE(channels[1], ch2);
-        QCOMPARE(r.reverseActive, reported);
+        const DriveTickResult r = tick(drive, pedals(c.throttle, c.brake, c.gear));
+        QCOMPARE(channels[1], c.ch2);
+        QCOMPARE(r.reverseActive, c.held);
     }
 
     void disablingReverseSwitchesReverseModeOff()
@@ -405,34 +405,27 @@ private slots:
 
     void gearLimit_data()
     {
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<int>("gear");
-        QTest::addColumn<float>("throttle");
-        QTest::addColumn<float>("brake");
-        QTest::addColumn<int>("ch2");
+        QTest::addColumn<PedalCase>("c"); // flag: the gear limit on
         // limits 10, 20, 40, 60, 80, 90, 100 %; cap = 992 + P / 100 x 819
-        QTest::newRow("gear 3 at 40%: 1319.6") << true << 3 << 1.0f << 0.0f << 1319;
-        QTest::newRow("gear 1 at 10%: 1073.9") << true << 1 << 1.0f << 0.0f << 1073;
-        QTest::newRow("gear 2 caps 0.3 throttle at 1155.8") << true << 2 << 0.3f << 0.0f << 1155;
-        QTest::newRow("gear 7 at 100%") << true << 7 << 1.0f << 0.0f << 1811;
-        QTest::newRow("neutral gear gives neutral") << true << 0 << 1.0f << 0.0f << 992;
-        QTest::newRow("neutral gear with brake is neutral too") << true << 0 << 0.0f << 1.0f << 992;
-        QTest::newRow("reverse gear (reverse off) is not limited") << true << -1 << 1.0f << 0.0f << 1811;
-        QTest::newRow("limit off") << false << 3 << 1.0f << 0.0f << 1811;
+        QTest::newRow("gear 3 at 40%: 1319.6") << PedalCase{1.0f, 0.0f, 3, true, false, 1319};
+        QTest::newRow("gear 1 at 10%: 1073.9") << PedalCase{1.0f, 0.0f, 1, true, false, 1073};
+        QTest::newRow("gear 2 caps 0.3 throttle at 1155.8") << PedalCase{0.3f, 0.0f, 2, true, false, 1155};
+        QTest::newRow("gear 7 at 100%") << PedalCase{1.0f, 0.0f, 7, true, false, 1811};
+        QTest::newRow("neutral gear gives neutral") << PedalCase{1.0f, 0.0f, 0, true, false, 992};
+        QTest::newRow("neutral gear with brake is neutral too") << PedalCase{0.0f, 1.0f, 0, true, false, 992};
+        QTest::newRow("reverse gear (reverse off) is not limited")
+            << PedalCase{1.0f, 0.0f, -1, true, false, 1811};
+        QTest::newRow("limit off") << PedalCase{1.0f, 0.0f, 3, false, false, 1811};
     }
     void gearLimit()
     {
-        QFETCH(bool, enabled);
-        QFETCH(int, gear);
-        QFETCH(float, throttle);
-        QFETCH(float, brake);
-        QFETCH(int, ch2);
+        QFETCH(PedalCase, c);
         DriveSettings s = plainSettings();
-        s.gearThrottleLimitEnabled = enabled;
+        s.gearThrottleLimitEnabled = c.flag;
         s.gearThrottleLimitPercent = {10, 20, 40, 60, 80, 90, 100};
         DriveComputation drive(s);
-        tick(drive, pedals(throttle, brake, gear));
-        QCOMPARE(channels[1], ch2);
+        tick(drive, pedals(c.throttle, c.brake, c.gear));
+        QCOMPARE(channels[1], c.ch2);
     }
 
     void downshiftCapsAtOnceDespiteSmoothing()
@@ -451,35 +444,25 @@ private slots:
 
     void pitLimiter_data()
     {
-        QTest::addColumn<bool>("enabled");
-        QTest::addColumn<bool>("held");
-        QTest::addColumn<float>("throttle");
-        QTest::addColumn<float>("brake");
-        QTest::addColumn<int>("gear");
-        QTest::addColumn<int>("ch2");
-        QTest::newRow("enabled caps") << true << false << 1.0f << 0.0f << 0 << 1200;
-        QTest::newRow("held mapping caps") << false << true << 1.0f << 0.0f << 0 << 1200;
-        QTest::newRow("neither") << false << false << 1.0f << 0.0f << 0 << 1811;
-        QTest::newRow("below the cap") << true << false << 0.1f << 0.0f << 0 << 1055;
-        QTest::newRow("braking is untouched") << true << false << 0.0f << 1.0f << 0 << 172;
-        QTest::newRow("reversing is untouched") << true << true << 1.0f << 0.0f << -1 << 172;
+        QTest::addColumn<PedalCase>("c"); // flag: the pit limiter enabled
+        QTest::newRow("enabled caps") << PedalCase{1.0f, 0.0f, 0, true, false, 1200};
+        QTest::newRow("held mapping caps") << PedalCase{1.0f, 0.0f, 0, false, true, 1200};
+        QTest::newRow("neither") << PedalCase{1.0f, 0.0f, 0, false, false, 1811};
+        QTest::newRow("below the cap") << PedalCase{0.1f, 0.0f, 0, true, false, 1055};
+        QTest::newRow("braking is untouched") << PedalCase{0.0f, 1.0f, 0, true, false, 172};
+        QTest::newRow("reversing is untouched") << PedalCase{1.0f, 0.0f, -1, true, true, 172};
     }
     void pitLimiter()
     {
-        QFETCH(bool, enabled);
-        QFETCH(bool, held);
-        QFETCH(float, throttle);
-        QFETCH(float, brake);
-        QFETCH(int, gear);
-        QFETCH(int, ch2);
+        QFETCH(PedalCase, c);
         DriveSettings s = plainSettings();
-        s.pitLimiterEnabled = enabled;
+        s.pitLimiterEnabled = c.flag;
         s.reverseEnabled = true;
         DriveComputation drive(s);
-        DriveInputs in = pedals(throttle, brake, gear);
-        in.pitLimiterHeld = held;
+        DriveInputs in = pedals(c.throttle, c.brake, c.gear);
+        in.pitLimiterHeld = c.held;
         tick(drive, in);
-        QCOMPARE(channels[1], ch2);
+        QCOMPARE(channels[1], c.ch2);
     }
 
     void decelerationStep_data()
