@@ -10,8 +10,8 @@ class InputDevice;
 struct ProfileSettings;
 
 // The car's controls as one tick reads them: steering from the wheel base, throttle
-// and brake from the pedals when they are connected (else from the wheel base), the gear
-// from the shifter, each through the profile's axis settings.
+// and brake from the pedals device when one is assigned (else from the wheel base), the
+// gear from the shifter, each through the profile's axis settings.
 struct DriveControls
 {
     // Null or disconnected devices read as released / centred / neutral.

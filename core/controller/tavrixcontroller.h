@@ -88,6 +88,7 @@ public:
     // Opens the device at that position of a fresh enumeration in that role and remembers
     // it in the profile; refused while transmitting. "Failed to open ... device" on failure.
     bool connectDevice(DeviceRole role, int enumerationIndex);
+    // Closes the role's device; refused while transmitting, like connectDevice.
     void disconnectDevice(DeviceRole role);
     // Opens every role of the active vehicle from the identities saved in the profile.
     void reconnectSavedDevices();
