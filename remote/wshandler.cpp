@@ -1,0 +1,10 @@
+#include "wshandler.h"
+
+namespace tavrix {
+
+WsHandler::WsHandler(TavrixController *controller, QObject *parent)
+    : QObject(parent)
+    , m_controller(controller)
+{}
+
+} // namespace tavrix
