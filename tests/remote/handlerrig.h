@@ -12,8 +12,7 @@ namespace tavrix::testing {
 
 // A request handler on the real hub below it (ControllerRig: profiles in a temporary
 // folder, virtual controllers, the bridge simulator) and the pushes it publishes.
-template<class Handler>
-struct HandlerRig : ControllerRig
+template<class Handler> struct HandlerRig : ControllerRig
 {
     QObject parent;
     Handler *handler = nullptr;
