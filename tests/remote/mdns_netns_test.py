@@ -27,6 +27,7 @@ HUB_ADDRESS, PHONE_ADDRESS = "10.77.0.1", "10.77.0.2"
 WAIT_SECONDS = 60
 SILENCE_SECONDS = 5
 CLONE_NEWNET = 0x40000000
+IP_PKTINFO = getattr(socket, "IP_PKTINFO", 8)  # Python 3.11 lacks the name; 8 on Linux
 
 
 def run(command, pid=None):
@@ -57,6 +58,7 @@ def socket_in_namespace_of(pid, interface_address):
         interface = socket.inet_aton(interface_address)
         sock.setsockopt(socket.IPPROTO_IP, socket.IP_ADD_MEMBERSHIP, socket.inet_aton(GROUP) + interface)
         sock.setsockopt(socket.IPPROTO_IP, socket.IP_MULTICAST_IF, interface)
+        sock.setsockopt(socket.IPPROTO_IP, IP_PKTINFO, 1)
     finally:
         libc.setns(own, CLONE_NEWNET)
         os.close(own)
@@ -71,11 +73,13 @@ def send_query(sock, query_id, name, record_type):
 
 
 def messages(sock, seconds):
-    """Decoded datagrams as they arrive, for at most the given time."""
+    """(decoded datagram, its destination address) as they arrive, for at most the given time."""
     deadline = time.monotonic() + seconds
     while (remaining := deadline - time.monotonic()) > 0:
         if select.select([sock], [], [], remaining)[0]:
-            yield DNSIncoming(sock.recv(9000))
+            data, ancillary, _, _ = sock.recvmsg(9000, 64)
+            pktinfo = next(d for level, kind, d in ancillary if kind == IP_PKTINFO)
+            yield DNSIncoming(data), socket.inet_ntoa(pktinfo[8:12])  # in_pktinfo.ipi_addr
 
 
 def answers_of(message):
@@ -89,6 +93,11 @@ def check(condition, what):
 
 def test_phone_across_veth(peer_program):
     phone = spawn(["unshare", "-n", "sh", "-c", "echo ready; exec cat"])
+    # An earlier interface that is up with an address but has no carrier (its peer is
+    # down) must not be taken: nobody could reach the hub through it.
+    run("ip link add dead0 type veth peer name dead1")
+    run("ip addr add 10.78.0.1/24 dev dead0")
+    run("ip link set dead0 up")
     run(f"ip link add veth0 type veth peer name veth1 netns {phone.pid}")
     for pid, end, address in ((None, "veth0", HUB_ADDRESS), (phone.pid, "veth1", PHONE_ADDRESS)):
         run("ip link set lo up", pid)
@@ -103,9 +112,10 @@ def test_phone_across_veth(peer_program):
     send_query(sock, 0x2222, "printer.local.", _TYPE_A)
     send_query(sock, 0x3333, OUR_NAME.upper(), _TYPE_A)
     responses = []
-    for message in messages(sock, WAIT_SECONDS):
+    for message, destination in messages(sock, WAIT_SECONDS):
         if message.is_response():
             responses.append(message)
+            check(destination == GROUP, f"answer sent to {destination}, not to the group")
             if message.id == 0x3333:
                 break
     check([m.id for m in responses] == [0x3333], f"answered IDs {[hex(m.id) for m in responses]}, want 0x3333 only")
@@ -124,12 +134,12 @@ def test_silent_with_only_loopback(peer_program):
     send_query(sock, 0x4444, OUR_NAME.upper(), _TYPE_A)
     # The query looping back to us shows the group works here, so silence means something.
     heard_query = False
-    for message in messages(sock, WAIT_SECONDS):
+    for message, _ in messages(sock, WAIT_SECONDS):
         if message.id == 0x4444 and message.is_query():
             heard_query = True
             break
     check(heard_query, "the query did not come back over loopback")
-    responses = [m for m in messages(sock, SILENCE_SECONDS) if m.is_response()]
+    responses = [m for m, _ in messages(sock, SILENCE_SECONDS) if m.is_response()]
     check(not responses, "answered with only loopback up")
     hub.kill()
 
