@@ -78,12 +78,10 @@ private slots:
         const QByteArray name =
             mdns::wireName(QString(MdnsResponder::kHubInstanceName) + QStringLiteral(".local"));
         QCOMPARE(name, kOurName);
-        const QByteArray expected = be16(0x1234) // ID copied from the query
-                                    + be16(0x8400) + be16(0) + be16(1) + be16(0) + be16(0) + kOurName +
-                                    be16(1)                                      // type A
-                                    + be16(0x8001)                               // class IN, cache flush
-                                    + QByteArray::fromHex("00000078")            // TTL 120 s
-                                    + be16(4) + QByteArray::fromHex("0a4d0001"); // 10.77.0.1
+        // ID 1234, response + authoritative, no questions, one answer; type A, class IN with
+        // cache flush, TTL 120 s, four bytes of address: 10.77.0.1.
+        const QByteArray expected = QByteArray::fromHex("1234 8400 0000 0001 0000 0000") + kOurName +
+                                    QByteArray::fromHex("0001 8001 00000078 0004 0a4d0001");
         QCOMPARE(mdns::answerPacket(0x1234, name, 0x0A4D0001).toHex(' '), expected.toHex(' '));
     }
 };
