@@ -49,8 +49,7 @@ std::optional<quint32> localIpv4Address()
 
 MdnsResponder::MdnsResponder(const QString &instanceName, QObject *parent)
     : QObject(parent)
-    , m_hostName(instanceName + QStringLiteral(".local"))
-    , m_wireName(mdns::wireName(m_hostName))
+    , m_wireName(mdns::wireName(instanceName + QStringLiteral(".local")))
 {}
 
 MdnsResponder::~MdnsResponder()
@@ -80,7 +79,7 @@ bool MdnsResponder::start()
     socket->setSocketOption(QAbstractSocket::MulticastTtlOption, QVariant(kMulticastTtl));
     m_socket = socket;
     connect(m_socket, &QUdpSocket::readyRead, this, &MdnsResponder::onReadyRead);
-    qCInfo(lcMdns).noquote() << "MdnsResponder: advertising" << m_hostName;
+    qCInfo(lcMdns).noquote() << "MdnsResponder: advertising";
     return true;
 }
 

@@ -31,7 +31,7 @@ public slots:
     void onReadyRead();
 
 private:
-    const QString m_hostName;
+    // "<instance>.local" in DNS wire form, built once.
     const QByteArray m_wireName;
     QUdpSocket *m_socket = nullptr;
 };
