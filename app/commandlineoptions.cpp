@@ -56,6 +56,25 @@ QStringList headlessOnlyOptions(const QCommandLineParser &parser)
     return set;
 }
 
+QString parseRemoteOptions(const QCommandLineParser &parser, CommandLineOptions &options)
+{
+    if (parser.isSet(QStringLiteral("remote-port"))) {
+        const QString text = parser.value(QStringLiteral("remote-port"));
+        bool ok = false;
+        const uint port = text.trimmed().toUInt(&ok);
+        if (!ok || port > 65535)
+            return QStringLiteral("--remote-port: \"%1\" is not a port (0 to 65535; 0 turns the server off)")
+                .arg(text);
+        options.remotePort = quint16(port);
+    }
+    if (parser.isSet(QStringLiteral("remote-address"))) {
+        const QString text = parser.value(QStringLiteral("remote-address"));
+        if (!options.remoteAddress.setAddress(text.trimmed()))
+            return QStringLiteral("--remote-address: \"%1\" is not an IP address").arg(text);
+    }
+    return {};
+}
+
 QString parseInto(QCommandLineParser &parser, const QStringList &arguments, CommandLineOptions &options)
 {
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("?")},
@@ -68,7 +87,10 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     const QCommandLineOption transmitter(QStringLiteral("transmitter"), QString(), QStringLiteral("port"));
     const QCommandLineOption baud(QStringLiteral("baud"), QString(), QStringLiteral("rate"));
     const QCommandLineOption vehicle(QStringLiteral("vehicle"), QString(), QStringLiteral("type"));
-    parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, vehicle});
+    const QCommandLineOption remotePort(QStringLiteral("remote-port"), QString(), QStringLiteral("port"));
+    const QCommandLineOption remoteAddress(QStringLiteral("remote-address"), QString(), QStringLiteral("address"));
+    parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, vehicle, remotePort,
+                       remoteAddress});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
@@ -91,6 +113,8 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     }
 
     options.demo = parser.isSet(demo);
+    if (const QString error = parseRemoteOptions(parser, options); !error.isEmpty())
+        return error;
     options.action =
         parser.isSet(headless) ? CommandLineOptions::Action::Headless : CommandLineOptions::Action::Window;
 
@@ -190,6 +214,12 @@ QString commandLineHelp()
         "  --list-devices         Print the game controllers (index, label, preset, GUID) and exit.\n"
         "  -h, --help             Print this help and exit.\n"
         "  -v, --version          Print the version and exit.\n"
+        "\n"
+        "Window and headless options:\n"
+        "  --remote-port <port>   The mobile app's WebSocket port (default 12345; 0 turns the\n"
+        "                         remote server off).\n"
+        "  --remote-address <ip>  Listen only on this address (default: every interface). The\n"
+        "                         hub's mDNS name is answered unless this is a loopback address.\n"
         "\n"
         "Headless options:\n"
         "  --transmitter <port>   The transmitter's serial port (default: the port remembered in\n"

@@ -3,6 +3,7 @@
 #include "controllertypes.h"
 #include "profilemanager.h"
 
+#include <QHostAddress>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -59,6 +60,10 @@ struct CommandLineOptions
     QList<RoleChoice> devices;
     // Start transmission as soon as the transmitter and the devices are there.
     bool start = false;
+    // The mobile app's WebSocket server: its port (0: no server) and the address it listens
+    // on (every interface unless told otherwise).
+    quint16 remotePort = 12345;
+    QHostAddress remoteAddress{QHostAddress::Any};
 };
 
 struct CommandLineParse

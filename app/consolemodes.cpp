@@ -114,6 +114,8 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
         serviceOptions.ports = portsWith(options.transmitterPort);
     }
 
+    serviceOptions.remotePort = options.remotePort;
+    serviceOptions.remoteAddress = options.remoteAddress;
     HubServices services(std::move(serviceOptions));
     if (options.vehicle) {
         QString error;

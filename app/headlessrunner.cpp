@@ -3,6 +3,7 @@
 #include "hubservices.h"
 #include "inputdevice.h"
 #include "tavrixcontroller.h"
+#include "websocketserver.h"
 
 #include <QDateTime>
 #include <QTextStream>
@@ -63,6 +64,9 @@ void HeadlessRunner::watchController()
         printLine(linked ? QStringLiteral("car link up") : QStringLiteral("car link lost"));
     });
     connect(controller, &TavrixController::errorOccurred, this, &HeadlessRunner::printError);
+    connect(m_services.remoteServer(), &WebSocketServer::clientCountChanged, this, [this](int count) {
+        printLine(QStringLiteral("remote: %1 app client(s) connected").arg(count));
+    });
 
     // The role set reports every role's connection; the controller's per-role signals say the same.
     connect(controller->devices(), &DeviceRoleSet::connectedChanged, this,
@@ -88,7 +92,17 @@ bool HeadlessRunner::begin()
             printLine(QStringLiteral("saved device open: %1")
                           .arg(controller->devices()->device(info.role)->deviceName()));
     }
+    printRemoteState();
     return m_starter->begin();
+}
+
+void HeadlessRunner::printRemoteState()
+{
+    const WebSocketServer *remote = m_services.remoteServer();
+    if (remote->isListening())
+        printLine(QStringLiteral("remote: app server listening on port %1").arg(remote->port()));
+    else
+        printLine(QStringLiteral("remote: app server off"));
 }
 
 void HeadlessRunner::stop(const QString &reason)

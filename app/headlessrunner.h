@@ -47,6 +47,8 @@ private:
     void printLine(const QString &line);
     void printError(const QString &error);
     void printStatus();
+    // Whether the mobile app can connect, and on which port.
+    void printRemoteState();
 
     HubServices &m_services;
     SessionStarter *m_starter;

@@ -5,7 +5,9 @@
 #include "inputbackendfactory.h"
 #include "lostdevicereopener.h"
 #include "profilemanager.h"
+#include "remotehandlers.h"
 #include "tavrixcontroller.h"
+#include "websocketserver.h"
 
 #include <QDebug>
 
@@ -33,13 +35,21 @@ HubServices::HubServices(Options options, QObject *parent)
     m_deviceChanges = new DeviceChangeNotifier(m_inputBackend.get(), this);
     m_reopener = new LostDeviceReopener(m_controller, this);
     connect(m_deviceChanges, &DeviceChangeNotifier::devicesChanged, m_reopener, &LostDeviceReopener::reopen);
+
+    m_remote = new WebSocketServer(m_controller, this);
+    registerRemoteHandlers(*m_remote, m_controller);
+    m_remote->setListenAddress(options.remoteAddress);
+    if (options.remotePort != 0)
+        m_remote->start(options.remotePort);
 }
 
 HubServices::~HubServices()
 {
     // The controller stops transmission ("STOP\n") and releases the devices before the
     // profile store writes its files and the backend goes away; the backend's listeners
-    // go first.
+    // go first, and before them the remote clients, which reach the controller.
+    delete m_remote;
+    m_remote = nullptr;
     delete m_reopener;
     m_reopener = nullptr;
     delete m_deviceChanges;

@@ -3,6 +3,7 @@
 #include "controllertimings.h"
 #include "inputbackend.h"
 
+#include <QHostAddress>
 #include <QObject>
 #include <QString>
 
@@ -15,10 +16,11 @@ class LostDeviceReopener;
 class ProfileManager;
 class SerialPortDirectory;
 class TavrixController;
+class WebSocketServer;
 
 // Owns the hub's long-lived services for one run: the profile store, the game-controller
 // backend with its hot-plug news, the transmission controller and the reopening of lost
-// controllers (later also the remote server and the motion services). The main window and the headless runner
+// controllers, and the mobile app's remote server (later also the motion services). The main window and the headless runner
 // both present one HubServices; neither owns a service directly, so the two modes run exactly the same code.
 class HubServices : public QObject
 {
@@ -38,6 +40,10 @@ public:
         // Profile storage; empty means the user's application data directory.
         QString dataDirectory;
         ControllerTimings timings;
+        // The mobile app's WebSocket server listens here once made; port 0 (the default,
+        // so tests open no port unless they ask) leaves it stopped.
+        quint16 remotePort = 0;
+        QHostAddress remoteAddress{QHostAddress::Any};
     };
 
     explicit HubServices(Options options, QObject *parent = nullptr);
@@ -48,6 +54,8 @@ public:
     [[nodiscard]] InputBackend *inputBackend() const { return m_inputBackend.get(); }
     // Says when game controllers may have come or gone.
     [[nodiscard]] DeviceChangeNotifier *deviceChanges() const { return m_deviceChanges; }
+    // The mobile app's way in; not listening when the port was 0 or could not be bound.
+    [[nodiscard]] WebSocketServer *remoteServer() const { return m_remote; }
     // Why the requested input source could not be used (empty when it could).
     [[nodiscard]] QString inputProblem() const { return m_inputProblem; }
 
@@ -59,6 +67,7 @@ private:
     TavrixController *m_controller = nullptr;
     DeviceChangeNotifier *m_deviceChanges = nullptr;
     LostDeviceReopener *m_reopener = nullptr;
+    WebSocketServer *m_remote = nullptr;
 };
 
 } // namespace tavrix

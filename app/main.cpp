@@ -64,6 +64,8 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
         std::optional<tavrix::HubServices> services;
         MainWindow window(theme, *tavrix::LogRouter::instance());
         serviceOptions.nativeWindow = quintptr(window.winId());
+        serviceOptions.remotePort = options.remotePort;
+        serviceOptions.remoteAddress = options.remoteAddress;
         services.emplace(std::move(serviceOptions));
         std::unique_ptr<tavrix::SessionStarter> demoStarter;
         if (demo) {

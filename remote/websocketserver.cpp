@@ -65,7 +65,7 @@ bool WebSocketServer::start(quint16 port)
         return false;
     }
     qCInfo(lcRemote).noquote() << "WebSocketServer: listening on port" << m_listener->serverPort();
-    if (m_nameAdvertised && !m_mdns) {
+    if (!m_listenAddress.isLoopback() && !m_mdns) {
         m_mdns = new MdnsResponder(MdnsResponder::kHubInstanceName, this);
         if (!m_mdns->start())
             qCWarning(lcRemote).noquote() << "WebSocketServer: mDNS advertisement failed (non-fatal)";

@@ -53,13 +53,13 @@ public:
     // should have this server as its Qt parent.
     void registerHandler(WsHandler *handler);
 
-    // Listens on every interface (or only on address, which tests set to the loopback);
-    // true when listening (also when it already was).
+    // Listens on every interface, or only on the address set before; true when listening
+    // (also when it already was).
     bool start(quint16 port = kDefaultPort);
+    // On a loopback address the hub's name is not advertised: no phone could use it, and
+    // tests must not talk to the machine's real network.
     void setListenAddress(const QHostAddress &address);
-    // Whether start() also answers mDNS queries for the hub's name (on by default; off in
-    // tests, which must not talk to the machine's real network).
-    void setNameAdvertised(bool advertised) { m_nameAdvertised = advertised; }
+    [[nodiscard]] QHostAddress listenAddress() const { return m_listenAddress; }
     // Closes every client (1000) and stops listening and answering mDNS queries.
     void stop();
 
@@ -98,7 +98,6 @@ private:
     QHostAddress m_listenAddress{QHostAddress::Any};
     RequestRouter m_router;
     MdnsResponder *m_mdns = nullptr;
-    bool m_nameAdvertised = true;
 };
 
 } // namespace tavrix

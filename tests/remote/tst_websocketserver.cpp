@@ -80,7 +80,6 @@ private slots:
     {
         server = std::make_unique<WebSocketServer>(nullptr);
         server->setListenAddress(QHostAddress::LocalHost);
-        server->setNameAdvertised(false);
         handler = new EchoHandler(server.get());
         server->registerHandler(handler);
         QVERIFY(server->start(0));
