@@ -1,7 +1,9 @@
 #include "wsprofilehandler.h"
 
+#include "profilekeys.h"
 #include "profilemanager.h"
 #include "tavrixcontroller.h"
+#include "wsbuttonhandler.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -129,7 +131,11 @@ QJsonObject WsProfileHandler::importProfile(const RemoteRequest &request)
 {
     if (!request.data().value(kProfileJson).isObject())
         return request.failed(QStringLiteral("Missing 'profileJson' object"));
-    if (isFull())
+    // The transmit tick walks every button mapping of the active profile; an import may
+    // not bring more than the app can add one by one.
+    const qsizetype mappings =
+        request.object(kProfileJson).value(profilekeys::kButtonMappings).toArray().size();
+    if (isFull() || mappings > WsButtonHandler::kMaxMappings)
         return request.failed(QStringLiteral("Failed to import profile"));
     // The store imports files, as the desktop's import does; the copy here lives only for
     // this call and is removed with the QTemporaryFile. The document is bounded by the

@@ -68,6 +68,10 @@ void TestWsProfileHandler::validation_data()
     QTest::newRow("import without id")
         << QStringLiteral("action_import_profile") << QByteArray(R"({"profileJson":{"name":"X"}})")
         << QStringLiteral("Failed to import profile");
+    QTest::newRow("import 65 mappings") << QStringLiteral("action_import_profile")
+                                        << R"({"profileJson":{"id":"a","name":"A","buttonMappings":[)" +
+                                               QByteArrayList(65, "{}").join(',') + "]}}"
+                                        << QStringLiteral("Failed to import profile");
     QTest::newRow("export unknown") << QStringLiteral("action_export_profile")
                                     << QByteArray(R"({"id":"nope"})") << notFound;
 }
