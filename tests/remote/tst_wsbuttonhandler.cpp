@@ -43,19 +43,16 @@ void TestWsButtonHandler::validation_data()
     const QString add = QStringLiteral("action_add_button_mapping");
     const QString remove = QStringLiteral("action_remove_button_mapping");
     const QString channel = QStringLiteral("Channel must be 2-11 (0-1 reserved for steering/throttle)");
-    const QString noButton = QStringLiteral("Missing 'buttonIndex' parameter");
-    QTest::newRow("add without button") << add << QByteArray(R"({"channel":4})") << noButton;
-    QTest::newRow("button checked before channel")
-        << add << QByteArray(R"({"buttonIndex":-1,"channel":1})") << noButton;
+    QTest::newRow("button checked before channel") << add << QByteArray(R"({"buttonIndex":-1,"channel":1})")
+                                                   << QStringLiteral("Missing 'buttonIndex' parameter");
     QTest::newRow("add without channel") << add << QByteArray(R"({"buttonIndex":0})") << channel;
     QTest::newRow("channel 1") << add << QByteArray(R"({"buttonIndex":0,"channel":1})") << channel;
     QTest::newRow("channel 2") << add << QByteArray(R"({"buttonIndex":0,"channel":2})") << QString();
     QTest::newRow("channel 11") << add << QByteArray(R"({"buttonIndex":0,"channel":11})") << QString();
     QTest::newRow("channel 12") << add << QByteArray(R"({"buttonIndex":0,"channel":12})") << channel;
 
-    const QString noIndex = QStringLiteral("Missing or invalid 'index' parameter");
-    QTest::newRow("remove without index") << remove << QByteArray("{}") << noIndex;
-    QTest::newRow("remove half an index") << remove << QByteArray(R"({"index":0.5})") << noIndex;
+    QTest::newRow("remove without index")
+        << remove << QByteArray("{}") << QStringLiteral("Missing or invalid 'index' parameter");
     QTest::newRow("remove -1") << remove << QByteArray(R"({"index":-1})")
                                << QStringLiteral("Index -1 out of range (count: 1)");
     QTest::newRow("remove past the end")

@@ -78,12 +78,8 @@ void TestWsTelemetryHandler::validation_data()
     const QString rename = QStringLiteral("action_telemetry_sensor_rename");
     const QString remove = QStringLiteral("action_telemetry_sensor_delete");
     const QString pin = QStringLiteral("set_telemetry_dashboard");
-    QTest::newRow("rename unnamed") << rename << QByteArray(R"({"id":"Ptch"})")
-                                    << QStringLiteral("Missing 'id' or 'name' parameter");
     QTest::newRow("rename unknown") << rename << QByteArray(R"({"id":"nope","name":"X"})")
                                     << QStringLiteral("Unknown sensor: nope");
-    QTest::newRow("delete without id")
-        << remove << QByteArray("{}") << QStringLiteral("Missing 'id' parameter");
     QTest::newRow("delete unknown") << remove << QByteArray(R"({"id":"nope"})")
                                     << QStringLiteral("Unknown sensor: nope");
     QTest::newRow("pins not a list") << pin << QByteArray(R"({"pinned":"Ptch"})")
