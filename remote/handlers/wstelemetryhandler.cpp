@@ -151,7 +151,8 @@ QJsonObject WsTelemetryHandler::gpsData() const
     const TelemetryMonitor *telemetry = controller()->telemetry();
     const GpsFix fix = telemetry->gpsFix();
     const qint64 ageMs = telemetry->msSinceGps();
-    // Frames come but carry no usable position: the receiver is still looking for satellites.
+    // GPS frames come but carry no usable position: the receiver is still looking for satellites.
+    const bool searching = ageMs >= 0 && !fix.valid;
     return {{QStringLiteral("hasFix"), fix.valid},
             {QStringLiteral("latitude"), fix.latitude},
             {QStringLiteral("longitude"), fix.longitude},
@@ -159,7 +160,7 @@ QJsonObject WsTelemetryHandler::gpsData() const
             {QStringLiteral("headingDeg"), fix.headingDeg},
             {QStringLiteral("altitudeM"), fix.altitudeM},
             {QStringLiteral("satellites"), fix.satellites},
-            {QStringLiteral("searchingSatellites"), ageMs >= 0 && !fix.valid},
+            {QStringLiteral("searchingSatellites"), searching},
             {QStringLiteral("ageMs"), ageMs}};
 }
 
