@@ -25,6 +25,10 @@ inline constexpr QLatin1String kHelicopterConfig{"helicopterConfig"};
 inline constexpr QLatin1String kReceiverSettings{"receiverSettings"};
 inline constexpr QLatin1String kReceiverCaps{"receiverCaps"};
 
+// One entry of telemetrySensors.
+inline constexpr QLatin1String kSensorKey{"key"};
+inline constexpr QLatin1String kSensorLabel{"label"};
+
 // Drive settings inside axisSettings.
 inline constexpr QLatin1String kSteeringAxis{"Steering"};
 inline constexpr QLatin1String kThrottleAxis{"Throttle"};

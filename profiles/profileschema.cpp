@@ -309,7 +309,7 @@ Schema buildProfileFields()
         object(keys::kLedSettings, std::move(led)),
         boolean(keys::kAutoStartEnabled, false),
         list(keys::kTelemetryDashboard, element(Kind::String, QString())),
-        list(keys::kTelemetrySensors, element({text("key"_L1), text("label"_L1)})),
+        list(keys::kTelemetrySensors, element({text(keys::kSensorKey), text(keys::kSensorLabel)})),
         boolean(keys::kTelemetryDiscover, true),
         object(keys::kHelicopterConfig, std::move(helicopter)),
         object(keys::kReceiverSettings, std::move(receiverSettings)),

@@ -9,6 +9,7 @@
 #include "inputdevice.h"
 #include "profilesettings.h"
 #include "telemetrymonitor.h"
+#include "telemetrysensorbook.h"
 #include "transmitterlink.h"
 
 #include <QDebug>
@@ -46,6 +47,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     , m_crsf(new CrsfProtocol(this))
     , m_devices(new DeviceRoleSet(inputBackend, profiles, this))
     , m_telemetry(new TelemetryMonitor(timings, this))
+    , m_sensorBook(new TelemetrySensorBook(m_telemetry, profiles, this))
     , m_transmitTimer(new QTimer(this))
     , m_idleInputTimer(new QTimer(this))
     , m_profile(new ActiveProfileFollower(profiles, this))

@@ -26,6 +26,7 @@ class ButtonMappingEngine;
 class CarTick;
 class HelicopterTick;
 class InputBackend;
+class TelemetrySensorBook;
 class TransmitterLink;
 struct DriveInputs;
 
@@ -112,6 +113,8 @@ public:
     [[nodiscard]] ProfileManager *profileManager() const { return m_profiles; }
     [[nodiscard]] const DeviceRoleSet *devices() const { return m_devices; }
     [[nodiscard]] const TelemetryMonitor *telemetry() const { return m_telemetry; }
+    // The user's sensor labels, dashboard pins and discovery, kept in the active profile.
+    [[nodiscard]] TelemetrySensorBook *telemetrySensors() const { return m_sensorBook; }
 
 public slots:
     // Each refusal emits errorOccurred once and changes nothing. True once running.
@@ -205,6 +208,7 @@ private:
     CrsfProtocol *m_crsf = nullptr;
     DeviceRoleSet *m_devices = nullptr;
     TelemetryMonitor *m_telemetry = nullptr;
+    TelemetrySensorBook *m_sensorBook = nullptr;
     QTimer *m_transmitTimer = nullptr;
     QTimer *m_idleInputTimer = nullptr;
     // The active profile's settings and the vehicle they drive, kept in step with the store.

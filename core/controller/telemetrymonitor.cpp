@@ -6,6 +6,8 @@
 #include <QSet>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace tavrix {
 
 namespace {
@@ -57,6 +59,16 @@ qint64 TelemetryMonitor::msSinceMotion() const
     return m_sinceMotion.isValid() ? m_sinceMotion.elapsed() : -1;
 }
 
+qint64 TelemetryMonitor::msSinceGps() const
+{
+    return m_sinceGps.isValid() ? m_sinceGps.elapsed() : -1;
+}
+
+bool TelemetryMonitor::isStale(const TelemetrySensor &sensor, qint64 nowMs) const
+{
+    return sensor.updatedMs == 0 || nowMs - sensor.updatedMs > m_timings.sensorStaleAfter.count();
+}
+
 bool TelemetryMonitor::isWaitingForMotion() const
 {
     return m_motionWaitTimer->isActive();
@@ -81,6 +93,7 @@ void TelemetryMonitor::handleFrame(uint8_t type, const QByteArray &payload)
     case crsf::kTypeGps:
         if (payload.size() >= kGpsPayloadSize) {
             m_gps = CrsfProtocol::decodeGps(payload);
+            m_sinceGps.start();
             emit gpsUpdated(m_gps);
         }
         break;
@@ -128,14 +141,35 @@ void TelemetryMonitor::checkLinkAndSensors()
         emit carLinkChanged(false);
     }
 
+    countStaleSensors();
+}
+
+void TelemetryMonitor::forgetSensor(const QString &key)
+{
+    const auto removed =
+        m_catalogue.removeIf([&key](const TelemetrySensor &sensor) { return sensor.key == key; });
+    if (removed == 0)
+        return;
+    emit telemetrySensorListChanged();
+    countStaleSensors();
+}
+
+void TelemetryMonitor::forgetAllSensors()
+{
+    if (m_catalogue.isEmpty())
+        return;
+    m_catalogue.clear();
+    emit telemetrySensorListChanged();
+    countStaleSensors();
+}
+
+void TelemetryMonitor::countStaleSensors()
+{
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    int stale = 0;
-    for (const TelemetrySensor &sensor : std::as_const(m_catalogue)) {
-        if (sensor.updatedMs == 0 || now - sensor.updatedMs > m_timings.sensorStaleAfter.count())
-            ++stale;
-    }
-    if (stale != m_staleCount) {
-        m_staleCount = stale;
+    const auto stale = std::count_if(m_catalogue.cbegin(), m_catalogue.cend(),
+                                     [&](const TelemetrySensor &sensor) { return isStale(sensor, now); });
+    if (int(stale) != m_staleCount) {
+        m_staleCount = int(stale);
         emit telemetryDashboardChanged();
     }
 }

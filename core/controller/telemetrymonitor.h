@@ -39,10 +39,16 @@ public:
     void transmissionStopped();
 
     [[nodiscard]] bool isCarLinked() const { return m_carLinked; }
+    // Whether any link statistics came since the hub started (the record is zero before).
+    [[nodiscard]] bool hasLinkStatistics() const { return m_sinceLinkStatistics.isValid(); }
     [[nodiscard]] LinkStatistics linkStatistics() const { return m_linkStatistics; }
     [[nodiscard]] const TelemetryCatalogue &catalogue() const { return m_catalogue; }
     [[nodiscard]] int staleSensorCount() const { return m_staleCount; }
+    // Never updated, or not for longer than the stale limit.
+    [[nodiscard]] bool isStale(const TelemetrySensor &sensor, qint64 nowMs) const;
     [[nodiscard]] GpsFix gpsFix() const { return m_gps; }
+    // Milliseconds since the last GPS frame, -1 before the first.
+    [[nodiscard]] qint64 msSinceGps() const;
     // The last battery reading; `present` only when it carries the car's voltage.
     [[nodiscard]] BatterySensor battery() const { return m_battery; }
     [[nodiscard]] std::array<float, 3> attitudeDeg() const { return m_attitudeDeg; }
@@ -59,6 +65,10 @@ public slots:
     void handleBattery(const tavrix::BatterySensor &battery);
     // The periodic car-link and stale-sensor check.
     void checkLinkAndSensors();
+    // Drops readings from the catalogue (the user deleted them); a sensor that reports
+    // again comes back as new.
+    void forgetSensor(const QString &key);
+    void forgetAllSensors();
 
 signals:
     void linkStatisticsUpdated(const tavrix::LinkStatistics &stats);
@@ -75,6 +85,7 @@ private:
     void handleVehicleRecord(const QByteArray &payload);
     void updateCatalogue(uint8_t type, const QByteArray &payload);
     void setFfbState(ReceiverFfbState state);
+    void countStaleSensors();
     void onMotionWaitExpired();
 
     ControllerTimings m_timings;
@@ -82,6 +93,7 @@ private:
     QTimer *m_motionWaitTimer = nullptr;
     QElapsedTimer m_sinceLinkStatistics;
     QElapsedTimer m_sinceMotion;
+    QElapsedTimer m_sinceGps;
     QElapsedTimer m_clock;
 
     int m_receiverGeneration = 0;
