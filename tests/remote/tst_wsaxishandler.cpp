@@ -42,6 +42,9 @@ private slots:
     void initTestCase();
     void requestValidation_data();
     void requestValidation();
+    void settingsAreClampedAndSaved_data();
+    void settingsAreClampedAndSaved();
+    void axisMappingWaitsForStop();
     void shifterPressIsAssignedAndPushed();
     void liveTrimMovesChannel1UntilReverted();
 
@@ -110,6 +113,65 @@ void TestWsAxisHandler::requestValidation()
     QCOMPARE(rig.controller->steeringTrim().inForce(), trimBefore);
     QVERIFY(!rig.controller->inputDetection()->isDetectingShifter());
     QVERIFY(!rig.controller->inputDetection()->isDetectingButton());
+}
+
+void TestWsAxisHandler::settingsAreClampedAndSaved_data()
+{
+    QTest::addColumn<QString>("event");
+    QTest::addColumn<QJsonObject>("data");
+    QTest::addColumn<QString>("axis"); // empty: a drive setting
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QJsonValue>("stored");
+
+    const QString set = u"set_axis_settings"_s;
+    QTest::newRow("pedal deadzone keeps travel")
+        << set << object(R"({"axes":[{"name":"Throttle","deadzone":1}]})") << u"Throttle"_s << u"deadzone"_s
+        << QJsonValue(0.95);
+    QTest::newRow("curve by name") << set << object(R"({"axes":[{"name":"Brake","curve":"logarithmic"}]})")
+                                   << u"Brake"_s << u"curve"_s << QJsonValue(2);
+    QTest::newRow("log curve exponent off zero")
+        << set << object(R"({"axes":[{"name":"Brake","curveExponent":0}]})") << u"Brake"_s
+        << u"curveExponent"_s << QJsonValue(0.1);
+    QTest::newRow("axis by place") << set << object(R"({"axes":[{"inverted":true}]})") << u"Steering"_s
+                                   << u"inverted"_s << QJsonValue(true);
+    QTest::newRow("deceleration rate")
+        << set << object(R"({"decelRate":-20})") << QString() << u"decelRate"_s << QJsonValue(0);
+    QTest::newRow("ESC mode by name")
+        << set << object(R"({"escMode":"custom"})") << QString() << u"escMode"_s << QJsonValue(2);
+    QTest::newRow("ESC value in channel")
+        << u"set_esc_mode"_s << object(R"({"mode":"custom","neutral":5000})") << QString() << u"escNeutral"_s
+        << QJsonValue(2047);
+    QTest::newRow("ESC name case-sensitive")
+        << u"set_esc_mode"_s << object(R"({"mode":"Custom"})") << QString() << u"escMode"_s << QJsonValue(0);
+}
+
+void TestWsAxisHandler::settingsAreClampedAndSaved()
+{
+    QFETCH(QString, event);
+    QFETCH(QJsonObject, data);
+    QFETCH(QString, axis);
+    QFETCH(QString, key);
+    QFETCH(QJsonValue, stored);
+
+    QVERIFY(m_rig->ask(event, data)["success"_L1].toBool());
+    QJsonObject section = profileOnDisk(*m_rig)["axisSettings"_L1].toObject();
+    if (!axis.isEmpty())
+        section = section[axis].toObject();
+    QCOMPARE(section[key], stored);
+}
+
+void TestWsAxisHandler::axisMappingWaitsForStop()
+{
+    Rig &rig = *m_rig;
+    const QJsonObject logitech = object(R"({"presetName":"Logitech"})");
+    QVERIFY(rig.controller->startTransmission());
+    QCOMPARE(rig.ask(u"set_pedals_axis_mapping"_s, logitech)["success"_L1].toBool(), false);
+    QCOMPARE(rig.controller->devices()->device(DeviceRole::Pedals)->preset().name, u"Generic"_s);
+
+    rig.controller->stopTransmission();
+    QVERIFY(rig.ask(u"set_pedals_axis_mapping"_s, logitech)["success"_L1].toBool());
+    QCOMPARE(rig.ask(u"get_pedals_axis_mapping"_s)["data"_L1]["presetName"_L1].toString(), u"Logitech"_s);
+    QVERIFY(profileOnDisk(rig)["deviceConnections"_L1]["pedals"_L1]["hasCustomAxisMapping"_L1].toBool());
 }
 
 void TestWsAxisHandler::shifterPressIsAssignedAndPushed()
