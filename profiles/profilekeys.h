@@ -134,6 +134,8 @@ inline constexpr QLatin1String kVendorId{"vendorId"};
 inline constexpr QLatin1String kProductId{"productId"};
 // A wheel base, pedals or shifter: which input selects which gear (a list under kButtonIndex).
 inline constexpr QLatin1String kShifterMapping{"shifterMapping"};
+// Set once the user has mapped the gears by hand.
+inline constexpr QLatin1String kHasCustomShifterMapping{"hasCustomShifterMapping"};
 
 // config.json.
 inline constexpr QLatin1String kLastActiveProfileId{"lastActiveProfileId"};

@@ -154,7 +154,7 @@ SchemaField deviceConnection(QLatin1String role)
                                      boolean("combinedPedals"_L1, false),
                                      number("combinedPedalsCenter"_L1, 0.0),
                                  }));
-    fields.push_back(boolean("hasCustomShifterMapping"_L1, false));
+    fields.push_back(boolean(keys::kHasCustomShifterMapping, false));
     // One input per gear slot: 0 neutral, 1 reverse, 2..8 gears 1..7.
     fields.push_back(object(keys::kShifterMapping,
                             {

@@ -54,6 +54,8 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     , m_buttons(std::make_unique<ButtonMappingEngine>())
     , m_car(std::make_unique<CarTick>(*m_devices, *m_profile, *m_buttons))
     , m_helicopter(std::make_unique<HelicopterTick>(*m_devices, *m_profile, *m_buttons))
+    , m_inputDetection(new InputDetection(m_devices, profiles, {}, this))
+    , m_steeringTrim(std::make_unique<SteeringTrim>(m_car->drive()))
 {
     qRegisterMetaType<tavrix::LinkStatistics>();
     qRegisterMetaType<tavrix::GpsFix>();

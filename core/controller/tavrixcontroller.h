@@ -4,8 +4,10 @@
 #include "controllertypes.h"
 #include "crsfprotocol.h"
 #include "deviceroleset.h"
+#include "inputdetection.h"
 #include "profilemanager.h"
 #include "serialportdirectory.h"
+#include "steeringtrim.h"
 #include "telemetrymonitor.h"
 
 #include <QByteArray>
@@ -115,6 +117,10 @@ public:
     [[nodiscard]] const TelemetryMonitor *telemetry() const { return m_telemetry; }
     // The user's sensor labels, dashboard pins and discovery, kept in the active profile.
     [[nodiscard]] TelemetrySensorBook *telemetrySensors() const { return m_sensorBook; }
+    // Learning which shifter button selects a gear, or which button the user means.
+    [[nodiscard]] InputDetection *inputDetection() const { return m_inputDetection; }
+    // Steering end points tried on the running car before they are saved.
+    [[nodiscard]] SteeringTrim &steeringTrim() const { return *m_steeringTrim; }
 
 public slots:
     // Each refusal emits errorOccurred once and changes nothing. True once running.
@@ -217,6 +223,8 @@ private:
     std::unique_ptr<ButtonMappingEngine> m_buttons;
     std::unique_ptr<CarTick> m_car;
     std::unique_ptr<HelicopterTick> m_helicopter;
+    InputDetection *m_inputDetection = nullptr;
+    std::unique_ptr<SteeringTrim> m_steeringTrim;
 
     ChannelValues m_channels{};
     ChannelValues m_publishedChannels{};

@@ -2,12 +2,14 @@
 #include "crsftypes.h"
 #include "deviceroleset.h"
 #include "drivecontrols.h"
+#include "inputdetection.h"
 #include "profilekeys.h"
 #include "profilemanager.h"
 #include "profileschema.h"
 #include "profilesettings.h"
 #include "telemetrymonitor.h"
 #include "testsources.h"
+#include "virtualbackend.h"
 
 #include <QJsonArray>
 #include <QSignalSpy>
@@ -35,6 +37,7 @@ private slots:
     void followerWaitsForStopToSwitch_data();
     void followerWaitsForStopToSwitch();
     void followerStoresLedPower();
+    void detectionTimesOutUnsuccessfully();
 };
 
 void TestControllerParts::defaultProfileReadsAsTypedDefaults()
@@ -334,6 +337,30 @@ void TestControllerParts::followerStoresLedPower()
     // The store's echo of the write is not reported as a change of the LED settings.
     for (const QList<QVariant> &args : reloaded)
         QVERIFY(!args.at(0).toBool());
+}
+
+void TestControllerParts::detectionTimesOutUnsuccessfully()
+{
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    ProfileManager profiles(dir.path());
+    profiles.loadProfiles();
+    VirtualBackend backend;
+    DeviceRoleSet devices(&backend, &profiles);
+    InputDetection detection(&devices, &profiles,
+                             {std::chrono::milliseconds(5), std::chrono::milliseconds(60)});
+    const QJsonObject before = profiles.activeProfile();
+    QSignalSpy shifter(&detection, &InputDetection::shifterDetectionResult);
+    QSignalSpy button(&detection, &InputDetection::buttonDetectionResult);
+
+    // Nothing is pressed (no device is even open): both give up, and nothing is learnt.
+    QVERIFY(detection.startShifterDetection(8));
+    detection.startButtonDetection(DeviceRole::WheelBase);
+    QTRY_COMPARE(shifter.size() + button.size(), 2);
+    QCOMPARE(shifter.first(), (QList<QVariant>{8, -1, false}));
+    QCOMPARE(button.first(), (QList<QVariant>{-1, false}));
+    QVERIFY(!detection.isDetectingShifter() && !detection.isDetectingButton());
+    QCOMPARE(profiles.activeProfile(), before);
 }
 
 QTEST_MAIN(TestControllerParts)

@@ -1,0 +1,192 @@
+#include "axissettingsjson.h"
+
+#include "crsfchannels.h"
+#include "drivesettings.h"
+#include "inputdevice.h"
+#include "profilekeys.h"
+#include "steeringtrim.h"
+
+#include <QJsonArray>
+
+#include <algorithm>
+#include <array>
+
+namespace tavrix {
+
+namespace {
+
+namespace keys = profilekeys;
+using namespace Qt::StringLiterals;
+
+enum class Kind
+{
+    Bool,
+    Int,
+    Number,
+    Text
+};
+
+// One field the app may set, and the range a value is clamped to on the way in.
+struct Field
+{
+    QLatin1String key;
+    Kind kind;
+    double min = 0.0;
+    double max = 0.0;
+};
+
+constexpr double kChannelMin = crsf::kChannelMin;
+constexpr double kChannelMax = crsf::kChannelMax;
+constexpr double kPercentMax = 100.0;
+// Past 0.95 the pedal has no travel left to rescale (at 1 it divides by zero).
+constexpr double kDeadzoneMax = 0.95;
+// The logarithmic curve divides by its exponent.
+constexpr double kExponentMin = 0.1;
+constexpr double kExponentMax = 10.0;
+// The deceleration step divides by 14 R + 85: keep R where the fall takes 0.9 to 11 s.
+constexpr double kDecelRateMax = 100.0;
+
+const std::array<Field, 9> kAxisFields{{
+    {"inverted"_L1, Kind::Bool},
+    {"deadzone"_L1, Kind::Number, 0.0, kDeadzoneMax},
+    {"minOutput"_L1, Kind::Number, 0.0, 1.0},
+    {"maxOutput"_L1, Kind::Number, 0.0, 1.0},
+    {"curveExponent"_L1, Kind::Number, kExponentMin, kExponentMax},
+    {"useCalibration"_L1, Kind::Bool},
+    {"inputMin"_L1, Kind::Number, -1.0, 1.0},
+    {"inputMax"_L1, Kind::Number, -1.0, 1.0},
+    {"inputCenter"_L1, Kind::Number, -1.0, 1.0},
+}};
+
+const std::array<Field, 15> kDriveFields{{
+    {keys::kEscPresetId, Kind::Text},
+    {keys::kEscNeutral, Kind::Int, kChannelMin, kChannelMax},
+    {keys::kEscFullForward, Kind::Int, kChannelMin, kChannelMax},
+    {keys::kEscFullReverse, Kind::Int, kChannelMin, kChannelMax},
+    {keys::kSteeringLeft, Kind::Int, kChannelMin, kChannelMax},
+    {keys::kSteeringCenter, Kind::Int, kChannelMin, kChannelMax},
+    {keys::kSteeringRight, Kind::Int, kChannelMin, kChannelMax},
+    {keys::kSmoothDeceleration, Kind::Bool},
+    {keys::kDecelRate, Kind::Int, 0.0, kDecelRateMax},
+    {keys::kPitLimiterEnabled, Kind::Bool},
+    {keys::kPitLimiterValue, Kind::Int, kChannelMin, kChannelMax},
+    {keys::kGearThrottleLimitEnabled, Kind::Bool},
+    {keys::kReverseEnabled, Kind::Bool},
+    {keys::kReverseButtonIndex, Kind::Int, -1.0, double(InputDevice::kUnifiedIndexEnd - 1)},
+    {keys::kReverseMaxPercent, Kind::Int, 0.0, kPercentMax},
+}};
+
+const std::array<QLatin1String, 4> kAxisNames{keys::kSteeringAxis, keys::kThrottleAxis, keys::kBrakeAxis,
+                                              keys::kClutchAxis};
+// By curve number (AxisCurve).
+const std::array<QLatin1String, 3> kCurveNames{"linear"_L1, "exponential"_L1, "logarithmic"_L1};
+const auto kAxes = "axes"_L1;
+const auto kCurve = "curve"_L1;
+const auto kEscModeName = keys::kEscMode;
+
+// A value of the field's kind, clamped; an undefined value when the request's is unusable.
+QJsonValue accepted(const Field &field, const QJsonValue &value)
+{
+    switch (field.kind) {
+    case Kind::Bool:
+        return value.isBool() ? value : QJsonValue();
+    case Kind::Text:
+        return value.isString() ? value : QJsonValue();
+    case Kind::Int:
+    case Kind::Number:
+        if (!value.isDouble())
+            return QJsonValue();
+        const double clamped = std::clamp(value.toDouble(), field.min, field.max);
+        return field.kind == Kind::Int ? QJsonValue(int(clamped)) : QJsonValue(clamped);
+    }
+    return QJsonValue();
+}
+
+template<std::size_t N>
+void takeFields(const std::array<Field, N> &fields, QJsonObject &stored, const QJsonObject &request)
+{
+    for (const Field &field : fields) {
+        const QJsonValue value = accepted(field, request.value(field.key));
+        if (!value.isUndefined())
+            stored.insert(field.key, value);
+    }
+}
+
+QJsonObject axisToRemote(const QJsonObject &axis)
+{
+    QJsonObject remote{{keys::kName, axis.value(keys::kName)}};
+    for (const Field &field : kAxisFields)
+        remote.insert(field.key, axis.value(field.key));
+    const int curve = axis.value(kCurve).toInt();
+    remote.insert(kCurve,
+                  curve >= 0 && curve < int(kCurveNames.size()) ? kCurveNames[curve] : kCurveNames[0]);
+    return remote;
+}
+
+QJsonObject axisFromRemote(QJsonObject axis, const QJsonObject &request)
+{
+    takeFields(kAxisFields, axis, request);
+    const auto curve = std::find(kCurveNames.begin(), kCurveNames.end(), request.value(kCurve).toString());
+    if (curve != kCurveNames.end())
+        axis.insert(kCurve, int(curve - kCurveNames.begin()));
+    return axis;
+}
+
+// The axis an element of the request's list is for: by its name, else by its place.
+int axisIndexOf(const QJsonObject &element, int position)
+{
+    const auto named = std::find(kAxisNames.begin(), kAxisNames.end(), element.value(keys::kName).toString());
+    return named != kAxisNames.end() ? int(named - kAxisNames.begin()) : position;
+}
+
+} // namespace
+
+QJsonObject AxisSettingsJson::toRemote(const QJsonObject &stored)
+{
+    QJsonArray axes;
+    for (QLatin1String name : kAxisNames)
+        axes.append(axisToRemote(stored.value(name).toObject()));
+    QJsonObject remote{{kAxes, axes}};
+    for (const Field &field : kDriveFields)
+        remote.insert(field.key, stored.value(field.key));
+    remote.insert(kEscModeName, escModeName(escModeFromStored(stored.value(keys::kEscMode).toInt())));
+    remote.insert(keys::kGearThrottleLimitPercent, stored.value(keys::kGearThrottleLimitPercent));
+    return remote;
+}
+
+std::optional<QJsonObject> AxisSettingsJson::merged(QJsonObject stored, const QJsonObject &request)
+{
+    const QJsonArray axes = request.value(kAxes).toArray();
+    for (int i = 0; i < axes.size() && i < int(kAxisNames.size()); ++i) {
+        const QJsonObject element = axes.at(i).toObject();
+        const int index = axisIndexOf(element, i);
+        const QLatin1String name = kAxisNames[std::size_t(index)];
+        stored.insert(name, axisFromRemote(stored.value(name).toObject(), element));
+    }
+    takeFields(kDriveFields, stored, request);
+    if (request.value(kEscModeName).isString())
+        stored.insert(keys::kEscMode, int(escModeFromName(request.value(kEscModeName).toString())));
+
+    const QJsonArray limits = request.value(keys::kGearThrottleLimitPercent).toArray();
+    if (!limits.isEmpty()) {
+        QJsonArray kept = stored.value(keys::kGearThrottleLimitPercent).toArray();
+        const Field percent{keys::kGearThrottleLimitPercent, Kind::Int, 0.0, kPercentMax};
+        for (int gear = 0; gear < kept.size() && gear < limits.size(); ++gear) {
+            const QJsonValue value = accepted(percent, limits.at(gear));
+            if (!value.isUndefined())
+                kept.replace(gear, value);
+        }
+        stored.insert(keys::kGearThrottleLimitPercent, kept);
+    }
+
+    const bool steeringChanged = request.contains(keys::kSteeringLeft) ||
+                                 request.contains(keys::kSteeringCenter) ||
+                                 request.contains(keys::kSteeringRight);
+    if (steeringChanged && !SteeringEndpoints::checked(stored.value(keys::kSteeringLeft).toDouble(),
+                                                       stored.value(keys::kSteeringCenter).toDouble(),
+                                                       stored.value(keys::kSteeringRight).toDouble()))
+        return std::nullopt;
+    return stored;
+}
+
+} // namespace tavrix

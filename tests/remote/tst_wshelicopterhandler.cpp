@@ -1,0 +1,130 @@
+#include "handlerrig.h"
+#include "inputdevice.h"
+#include "wshelicopterhandler.h"
+
+#include <QJsonDocument>
+#include <QTest>
+
+using namespace tavrix;
+using namespace tavrix::testing;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Rig = HandlerRig<WsHelicopterHandler>;
+constexpr int kCollectiveSlot = 2; // the throttle device's axis in a new profile
+
+QJsonObject object(const char *json)
+{
+    return QJsonDocument::fromJson(json).object();
+}
+
+} // namespace
+
+class TestWsHelicopterHandler : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void requestValidation_data();
+    void requestValidation();
+    void armingRefusedWithTheCollectiveUp();
+    void configChannelsOutOfRangeAreNotSent();
+
+private:
+    // Shared by the validation rows: a refusal must leave it as it was for the next row.
+    std::unique_ptr<Rig> m_rig;
+};
+
+void TestWsHelicopterHandler::initTestCase()
+{
+    m_rig = std::make_unique<Rig>();
+    QVERIFY(m_rig->setUp(u"rc_helicopter"_s));
+}
+
+void TestWsHelicopterHandler::requestValidation_data()
+{
+    QTest::addColumn<QString>("event");
+    QTest::addColumn<QJsonObject>("data");
+    QTest::addColumn<QString>("refusal");
+
+    const QString connect = u"action_connect_helicopter_device"_s;
+    const QString badIndex = u"Missing or invalid 'index'"_s;
+    const QString capture = u"action_capture_helicopter_calibration"_s;
+    QTest::newRow("role missing") << connect << object(R"({"index":0})") << u"Unknown role: "_s;
+    QTest::newRow("role before index")
+        << connect << object(R"({"role":"rotor"})") << u"Unknown role: rotor"_s;
+    QTest::newRow("index missing") << connect << object(R"({"role":"pedals"})") << badIndex;
+    QTest::newRow("index negative") << connect << object(R"({"role":"pedals","index":-1})") << badIndex;
+    QTest::newRow("index past the list") << connect << object(R"({"role":"pedals","index":2})") << badIndex;
+    QTest::newRow("disconnect unknown role") << u"action_disconnect_helicopter_device"_s
+                                             << object(R"({"role":"wheel"})") << u"Unknown role: wheel"_s;
+    QTest::newRow("function before point")
+        << capture << object(R"({"function":"yaw","point":"middle"})") << u"Unknown function"_s;
+    QTest::newRow("point unknown") << capture << object(R"({"function":"roll","point":"middle"})")
+                                   << u"Unknown point: middle"_s;
+    QTest::newRow("rate mode 3") << u"action_set_rate_mode"_s << object(R"({"mode":3})")
+                                 << u"Invalid 'mode': must be 0, 1 or 2"_s;
+    QTest::newRow("rate mode missing")
+        << u"action_set_rate_mode"_s << QJsonObject() << u"Invalid 'mode': must be 0, 1 or 2"_s;
+}
+
+void TestWsHelicopterHandler::requestValidation()
+{
+    QFETCH(QString, event);
+    QFETCH(QJsonObject, data);
+    QFETCH(QString, refusal);
+    Rig &rig = *m_rig;
+    const QJsonObject profileBefore = rig.profiles.activeProfile();
+
+    const QJsonObject reply = rig.ask(event, data);
+
+    QCOMPARE(reply, (QJsonObject{{"event"_L1, event}, {"success"_L1, false}, {"message"_L1, refusal}}));
+    QCOMPARE(rig.profiles.activeProfile(), profileBefore);
+    QCOMPARE(rig.controller->heliRateMode(), 0);
+    QVERIFY(!rig.controller->devices()->device(DeviceRole::HeliPedals)->isOpen());
+}
+
+void TestWsHelicopterHandler::armingRefusedWithTheCollectiveUp()
+{
+    Rig rig;
+    QVERIFY(rig.setUp(u"rc_helicopter"_s));
+    const InputDevice *lever = rig.controller->devices()->device(DeviceRole::HeliThrottle);
+    rig.backend.setAxis(rig.secondDevice, kCollectiveSlot, rawForDeviceValue(0.8));
+    QTRY_VERIFY(lever->axis(kCollectiveSlot) > 0.7f);
+
+    const QJsonObject refused = rig.ask(u"action_set_heli_armed"_s, object(R"({"armed":true})"));
+    QCOMPARE(refused["success"_L1].toBool(), false);
+    QCOMPARE(refused["message"_L1].toString(), u"Lower the collective before arming the motor."_s);
+    QCOMPARE(rig.ask(u"get_heli_armed"_s)["data"_L1]["armed"_L1].toBool(), false);
+
+    rig.backend.setAxis(rig.secondDevice, kCollectiveSlot, rawForDeviceValue(-1.0));
+    QTRY_VERIFY(lever->axis(kCollectiveSlot) < -0.9f);
+    QVERIFY(rig.ask(u"action_set_heli_armed"_s, object(R"({"armed":true})"))["success"_L1].toBool());
+    QTRY_COMPARE(rig.pushed(u"event_heli_armed"_s).value(0), object(R"({"armed":true})"));
+}
+
+void TestWsHelicopterHandler::configChannelsOutOfRangeAreNotSent()
+{
+    Rig rig;
+    QVERIFY(rig.setUp(u"rc_helicopter"_s));
+    const QJsonObject identityBefore = rig.profiles.deviceConnection(DeviceRole::HeliJoystick);
+
+    const QJsonObject reply = rig.ask(u"set_helicopter_config"_s, object(R"({
+        "channels": {"roll": 16, "pitch": 6},
+        "dualRates": {"sportPct": 400},
+        "inputs": {"joystick": {"productName": "Other Stick", "xAxis": 3}}})"));
+
+    QVERIFY(reply["success"_L1].toBool());
+    const QJsonObject config = rig.ask(u"get_helicopter_config"_s)["data"_L1].toObject();
+    QCOMPARE(config["channels"_L1]["roll"_L1].toInt(), -1); // not CH16
+    QCOMPARE(config["channels"_L1]["pitch"_L1].toInt(), 6);
+    QCOMPARE(config["dualRates"_L1]["sportPct"_L1].toInt(), 100);
+    QCOMPARE(config["inputs"_L1]["joystick"_L1]["xAxis"_L1].toInt(), 3);
+    QCOMPARE(rig.profiles.deviceConnection(DeviceRole::HeliJoystick)[u"productName"_s],
+             identityBefore[u"productName"_s]);
+}
+
+QTEST_GUILESS_MAIN(TestWsHelicopterHandler)
+#include "tst_wshelicopterhandler.moc"
