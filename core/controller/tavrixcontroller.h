@@ -185,6 +185,8 @@ signals:
     void ledSettingsChanged();
 
 private:
+    // Connects the link, the codec and the telemetry monitor (controllerwiring.cpp).
+    void wireLinkAndTelemetry();
     void onTransmitTimer();
     void onIdleInputPoll();
     void onDeviceConnectedChanged(DeviceRole role, bool connected);

@@ -1,0 +1,60 @@
+#include "tavrixcontroller.h"
+
+#include "activeprofilefollower.h"
+#include "transmitterlink.h"
+
+namespace tavrix {
+
+// The controller's wiring to the transmitter link, the codec and the telemetry monitor,
+// kept apart from its transmit loop: raw chunks go up first, then through the codec;
+// what the monitor makes of the frames is republished for the interface and the app.
+void TavrixController::wireLinkAndTelemetry()
+{
+    connect(m_link, &TransmitterLink::serialConnectedChanged, this,
+            &TavrixController::onSerialConnectedChanged);
+    connect(m_link, &TransmitterLink::serialPortNameChanged, this, &TavrixController::serialPortNameChanged);
+    connect(m_link, &TransmitterLink::telemetryReceived, this, [this](const QByteArray &data) {
+        emit telemetryReceived(data);
+        m_crsf->feed(data);
+    });
+    connect(m_link, &TransmitterLink::transmitterLineReceived, this,
+            &TavrixController::transmitterLineReceived);
+    connect(m_link, &TransmitterLink::errorOccurred, this, &TavrixController::errorOccurred);
+    connect(m_link, &TransmitterLink::connectionRemembered, this,
+            [this](const QString &portName, qint32 baudRate) {
+                m_profiles->setTransmitterPort(portName, int(baudRate));
+            });
+
+    connect(m_crsf, &CrsfProtocol::frameReceived, this, [this](uint8_t type, const QByteArray &payload) {
+        emit crsfFrameReceived(type, payload);
+        m_telemetry->handleFrame(type, payload);
+    });
+    connect(m_crsf, &CrsfProtocol::linkStatisticsReceived, m_telemetry,
+            &TelemetryMonitor::handleLinkStatistics);
+
+    connect(m_telemetry, &TelemetryMonitor::linkStatisticsUpdated, this,
+            &TavrixController::linkStatisticsUpdated);
+    connect(m_telemetry, &TelemetryMonitor::carLinkChanged, this, &TavrixController::carLinkChanged);
+    connect(m_telemetry, &TelemetryMonitor::gpsUpdated, this, &TavrixController::gpsUpdated);
+    connect(m_telemetry, &TelemetryMonitor::telemetrySensorsUpdated, this,
+            &TavrixController::telemetrySensorsUpdated);
+    connect(m_telemetry, &TelemetryMonitor::telemetrySensorListChanged, this,
+            &TavrixController::telemetrySensorListChanged);
+    connect(m_telemetry, &TelemetryMonitor::telemetryDashboardChanged, this,
+            &TavrixController::telemetryDashboardChanged);
+    connect(m_telemetry, &TelemetryMonitor::receiverFfbStateChanged, this,
+            &TavrixController::receiverFfbStateChanged);
+    connect(m_telemetry, &TelemetryMonitor::carMotionReceived, this, &TavrixController::carMotionReceived);
+    connect(m_telemetry, &TelemetryMonitor::attitudeReceived, this,
+            [this](float pitch, float roll, float yaw) {
+                if (!isHelicopter()) {
+                    emit carAttitudeReceived(pitch, roll, yaw);
+                    return;
+                }
+                const HelicopterSettings::Attitude &invert = m_profile->settings().helicopter.attitude;
+                emit heliAttitudeReceived(invert.invertPitch ? -pitch : pitch,
+                                          invert.invertRoll ? -roll : roll, invert.invertYaw ? -yaw : yaw);
+            });
+}
+
+} // namespace tavrix
