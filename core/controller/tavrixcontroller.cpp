@@ -1,6 +1,7 @@
 #include "tavrixcontroller.h"
 
 #include "activeprofilefollower.h"
+#include "bridgecommands.h"
 #include "buttonmappingengine.h"
 #include "cartick.h"
 #include "deviceroleset.h"
@@ -19,11 +20,6 @@
 namespace tavrix {
 
 namespace {
-
-const QByteArray kStartCommand = QByteArrayLiteral("START\n");
-const QByteArray kStopCommand = QByteArrayLiteral("STOP\n");
-const QByteArray kConfigOnCommand = QByteArrayLiteral("CFGMODE ON\n");
-const QByteArray kConfigOffCommand = QByteArrayLiteral("CFGMODE OFF\n");
 
 // Smaller moves of the controls are not worth a repaint.
 constexpr float kInputChangeEpsilon = 0.001f;
@@ -262,7 +258,7 @@ bool TavrixController::startTransmission()
 
     m_idleInputTimer->stop();
     m_transmitTimer->start();
-    m_link->serialWrite(kStartCommand);
+    m_link->serialWrite(bridge::kStartCommand);
     m_telemetry->transmissionStarted();
     qInfo().noquote() << QStringLiteral("TavrixController: transmission started");
     emit frameCountChanged(m_frameCount);
@@ -279,7 +275,7 @@ void TavrixController::stopTransmission()
         // Receivers set to hold the last position when the stream ends would otherwise
         // keep steering and throttle as the last driving frame left them.
         sendNeutralFrame();
-        m_link->serialWrite(kStopCommand);
+        m_link->serialWrite(bridge::kStopCommand);
     }
     m_running = false;
     m_profile->setTransmitting(false);
@@ -328,7 +324,7 @@ bool TavrixController::enterConfigMode()
         emit errorOccurred(tr("RP2040 Bridge not connected"));
         return false;
     }
-    m_link->serialWrite(kConfigOnCommand);
+    m_link->serialWrite(bridge::kConfigOnCommand);
     m_configMode = true;
     // The ELRS parameter client is not part of the hub yet; when it is, the controller
     // creates it as a child and tells it here (and in exitConfigMode) before announcing.
@@ -341,7 +337,7 @@ void TavrixController::exitConfigMode()
     if (!m_configMode)
         return;
     if (m_link->isConnected())
-        m_link->serialWrite(kConfigOffCommand);
+        m_link->serialWrite(bridge::kConfigOffCommand);
     m_configMode = false;
     emit configModeChanged(false);
 }
