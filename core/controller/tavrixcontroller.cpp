@@ -1,6 +1,7 @@
 #include "tavrixcontroller.h"
 
 #include "activeprofilefollower.h"
+#include "autostarter.h"
 #include "bridgecommands.h"
 #include "buttonmappingengine.h"
 #include "cartick.h"
@@ -38,7 +39,8 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     , m_inputBackend(inputBackend)
     , m_profiles(profiles)
     , m_timings(timings)
-    , m_link(new TransmitterLink(std::move(ports), timings.link, this))
+    , m_ports(ports ? std::move(ports) : std::make_shared<SystemSerialPortDirectory>())
+    , m_link(new TransmitterLink(m_ports, timings.link, this))
     , m_crsf(new CrsfProtocol(this))
     , m_devices(new DeviceRoleSet(inputBackend, profiles, this))
     , m_telemetry(new TelemetryMonitor(timings, this))
@@ -124,6 +126,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     m_profile->reload();
     reconnectSavedDevices();
     m_idleInputTimer->start();
+    new AutoStarter(this, m_timings.autoStartCheckInterval);
 }
 
 TavrixController::~TavrixController()
@@ -278,6 +281,7 @@ void TavrixController::stopTransmission()
         m_link->serialWrite(bridge::kStopCommand);
     }
     m_running = false;
+    m_overrides.clear();
     m_profile->setTransmitting(false);
     m_telemetry->transmissionStopped();
     m_buttons->reset(m_profile->settings().buttonMappings);
@@ -295,8 +299,9 @@ void TavrixController::safetyStop(const QString &reason)
     if (m_safetyStopQueued)
         return;
     m_safetyStopQueued = true;
-    // Deferred, so the tick that found the fault still sends its zeroed frame and no
-    // stop runs inside the computation.
+    m_overrides.clear();
+    // Deferred, so the tick that found the fault still sends its zeroed frame (the overrides
+    // gone already, so none of them rides on it) and no stop runs inside the computation.
     QMetaObject::invokeMethod(
         this,
         [this, reason] {
@@ -394,14 +399,14 @@ void TavrixController::tickHelicopter()
 void TavrixController::tickCar()
 {
     const CarTickResult result = m_car->tick(readDriveControls(), m_channels);
+    if (result.drive.safetyStopRequested)
+        safetyStop(DriveComputation::spikeStopReason());
     sendFrame();
 
     if (result.ledPowerSwitched)
         emit ledSettingsChanged();
     if (result.drive.reverseModeChanged)
         emit reverseModeChanged(result.drive.reverseActive);
-    if (result.drive.safetyStopRequested)
-        safetyStop(DriveComputation::spikeStopReason());
     publishInputs();
 }
 
@@ -409,7 +414,7 @@ void TavrixController::sendFrame()
 {
     // A frame the port did not take (closed, or the bridge not reading) never reached the
     // car: it is not counted.
-    if (!m_link->writeChannelFrame(CrsfProtocol::buildRcChannelsFrame(m_channels)))
+    if (!m_link->writeChannelFrame(CrsfProtocol::buildRcChannelsFrame(sentChannels())))
         return;
     ++m_frameCount;
     emit frameSent(m_frameCount);
