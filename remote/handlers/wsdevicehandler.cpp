@@ -50,18 +50,17 @@ WsDeviceHandler::WsDeviceHandler(TavrixController *controller, QObject *parent)
         {"action_disconnect_transmitter", &WsDeviceHandler::disconnectTransmitter},
         {"get_input_devices", &WsDeviceHandler::inputDevices},
     });
-    for (const RoleRequests &row : kRoleRequests) {
-        addRequest(QLatin1String(row.status),
-                   [this, role = row.role](const RemoteRequest &r) { return deviceStatus(r, role); });
-    }
-    for (const RoleRequests &row : kRoleRequests) {
-        addRequest(QLatin1String(row.connect),
-                   [this, role = row.role](const RemoteRequest &r) { return connectDevice(r, role); });
-    }
-    for (const RoleRequests &row : kRoleRequests) {
-        addRequest(QLatin1String(row.disconnect),
-                   [this, role = row.role](const RemoteRequest &r) { return disconnectDevice(r, role); });
-    }
+    using RoleFunction = QJsonObject (WsDeviceHandler::*)(const RemoteRequest &, DeviceRole);
+    const auto addForEveryRole = [this](const char *RoleRequests::*event, RoleFunction function) {
+        for (const RoleRequests &row : kRoleRequests) {
+            addRequest(QLatin1String(row.*event), [this, function, role = row.role](const RemoteRequest &r) {
+                return (this->*function)(r, role);
+            });
+        }
+    };
+    addForEveryRole(&RoleRequests::status, &WsDeviceHandler::deviceStatus);
+    addForEveryRole(&RoleRequests::connect, &WsDeviceHandler::connectDevice);
+    addForEveryRole(&RoleRequests::disconnect, &WsDeviceHandler::disconnectDevice);
     addRequests<WsDeviceHandler>({
         {"action_auto_connect", &WsDeviceHandler::autoConnect},
         {"get_app_mode", &WsDeviceHandler::appMode},

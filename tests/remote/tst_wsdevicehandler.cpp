@@ -1,11 +1,11 @@
 #include "handlerrig.h"
 #include "wsdevicehandler.h"
 
-#include <QJsonArray>
 #include <QTest>
 
 using namespace tavrix;
 using namespace tavrix::testing;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,17 +13,9 @@ using Rig = HandlerRig<WsDeviceHandler>;
 
 #define SET_UP_RIG(rig, ...) QVERIFY2((rig).setUp(__VA_ARGS__), "the handler rig could not be set up")
 
-QJsonObject index(const QJsonValue &value)
+QJsonObject at(const QJsonValue &index)
 {
-    return {{QStringLiteral("deviceIndex"), value}};
-}
-
-QStringList disconnectedDevices(const Rig &rig)
-{
-    QStringList devices;
-    for (const QJsonObject &data : rig.pushed(QStringLiteral("event_device_disconnected")))
-        devices.append(data.value(QStringLiteral("device")).toString());
-    return devices;
+    return {{u"deviceIndex"_s, index}};
 }
 
 } // namespace
@@ -36,7 +28,6 @@ private slots:
     void refusals_data();
     void refusals();
     void refusalLeavesConnectionsAndProfile();
-    void rolesDisconnectAndConnect();
     void autoConnectRestoresTheSavedSetup();
 };
 
@@ -47,27 +38,24 @@ void TestWsDeviceHandler::refusals_data()
     QTest::addColumn<bool>("running");
     QTest::addColumn<QString>("message");
 
-    const QString noIndex = QStringLiteral("Missing or invalid 'deviceIndex' parameter");
-    QTest::newRow("transmitter without port") << QStringLiteral("action_connect_transmitter") << QJsonObject()
-                                              << false << QStringLiteral("Missing 'port' parameter");
+    const QString noIndex = u"Missing or invalid 'deviceIndex' parameter"_s;
+    const QString connectTransmitter = u"action_connect_transmitter"_s;
+    QTest::newRow("transmitter without port")
+        << connectTransmitter << QJsonObject() << false << u"Missing 'port' parameter"_s;
     QTest::newRow("transmitter on an absent port")
-        << QStringLiteral("action_connect_transmitter")
-        << QJsonObject{{QStringLiteral("port"), QStringLiteral("/nope")}} << false
-        << QStringLiteral("Failed to connect to /nope");
+        << connectTransmitter << QJsonObject{{u"port"_s, u"/nope"_s}} << false
+        << u"Failed to connect to /nope"_s;
     QTest::newRow("wheel base without index")
-        << QStringLiteral("action_connect_wheelbase") << QJsonObject() << false << noIndex;
-    QTest::newRow("pedals at -2") << QStringLiteral("action_connect_pedals") << index(-2) << false << noIndex;
-    QTest::newRow("shifter at 0.5") << QStringLiteral("action_connect_shifter") << index(0.5) << false
-                                    << noIndex;
-    QTest::newRow("shifter at 7") << QStringLiteral("action_connect_shifter") << index(7) << false
-                                  << QStringLiteral("Failed to connect shifter at index 7");
+        << u"action_connect_wheelbase"_s << QJsonObject() << false << noIndex;
+    QTest::newRow("pedals at -2") << u"action_connect_pedals"_s << at(-2) << false << noIndex;
+    QTest::newRow("shifter at 0.5") << u"action_connect_shifter"_s << at(0.5) << false << noIndex;
+    QTest::newRow("shifter at 7") << u"action_connect_shifter"_s << at(7) << false
+                                  << u"Failed to connect shifter at index 7"_s;
     // Devices stay as they are while the car is driven.
     QTest::newRow("wheel base while running")
-        << QStringLiteral("action_connect_wheelbase") << index(0) << true
-        << QStringLiteral("Failed to connect wheelbase at index 0");
-    QTest::newRow("pedals away while running")
-        << QStringLiteral("action_disconnect_pedals") << QJsonObject() << true
-        << QStringLiteral("Stop transmission before changing devices");
+        << u"action_connect_wheelbase"_s << at(0) << true << u"Failed to connect wheelbase at index 0"_s;
+    QTest::newRow("pedals away while running") << u"action_disconnect_pedals"_s << QJsonObject() << true
+                                               << u"Stop transmission before changing devices"_s;
 }
 
 void TestWsDeviceHandler::refusals()
@@ -82,9 +70,9 @@ void TestWsDeviceHandler::refusals()
         QVERIFY(rig.controller->startTransmission());
 
     const QJsonObject reply = rig.ask(request, data);
-    QCOMPARE(reply.value(QStringLiteral("event")).toString(), request);
-    QCOMPARE(reply.value(QStringLiteral("success")).toBool(), false);
-    QCOMPARE(reply.value(QStringLiteral("message")).toString(), message);
+    QCOMPARE(reply.value(u"event"_s).toString(), request);
+    QCOMPARE(reply.value(u"success"_s), false);
+    QCOMPARE(reply.value(u"message"_s).toString(), message);
     QCOMPARE(rig.controller->isRunning(), running);
 }
 
@@ -93,8 +81,8 @@ void TestWsDeviceHandler::refusalLeavesConnectionsAndProfile()
     Rig rig;
     SET_UP_RIG(rig);
     const QJsonObject savedPedals = rig.profiles.deviceConnection(DeviceRole::Pedals);
-    rig.ask(QStringLiteral("action_connect_transmitter"));
-    rig.ask(QStringLiteral("action_connect_pedals"), index(-1));
+    rig.ask(u"action_connect_transmitter"_s);
+    rig.ask(u"action_connect_pedals"_s, at(-1));
 
     QVERIFY(rig.controller->isSerialConnected());
     QCOMPARE(rig.profiles.transmitterPortName(), rig.sim.clientPath());
@@ -102,40 +90,20 @@ void TestWsDeviceHandler::refusalLeavesConnectionsAndProfile()
     QCOMPARE(rig.profiles.deviceConnection(DeviceRole::Pedals), savedPedals);
 }
 
-void TestWsDeviceHandler::rolesDisconnectAndConnect()
-{
-    Rig rig;
-    SET_UP_RIG(rig);
-    QVERIFY(rig.ask(QStringLiteral("action_disconnect_pedals")).value(QStringLiteral("success")).toBool());
-    QCOMPARE(
-        rig.ask(QStringLiteral("get_pedals_status"))[QStringLiteral("data")][QStringLiteral("connected")],
-        false);
-    QTRY_COMPARE(disconnectedDevices(rig), QStringList{QStringLiteral("pedals")});
-
-    QVERIFY(
-        rig.ask(QStringLiteral("action_connect_pedals"), index(1)).value(QStringLiteral("success")).toBool());
-    const QJsonObject status =
-        rig.ask(QStringLiteral("get_pedals_status")).value(QStringLiteral("data")).toObject();
-    QCOMPARE(status.value(QStringLiteral("connected")), true);
-    QCOMPARE(status.value(QStringLiteral("deviceName")).toString(), QStringLiteral("Test Pedals"));
-}
-
 void TestWsDeviceHandler::autoConnectRestoresTheSavedSetup()
 {
     Rig rig;
     SET_UP_RIG(rig);
-    rig.ask(QStringLiteral("action_disconnect_transmitter"));
-    rig.ask(QStringLiteral("action_disconnect_wheelbase"));
+    rig.ask(u"action_disconnect_transmitter"_s);
+    rig.ask(u"action_disconnect_wheelbase"_s);
     QVERIFY(!rig.controller->isSerialConnected());
-    QTRY_COMPARE(disconnectedDevices(rig),
-                 (QStringList{QStringLiteral("transmitter"), QStringLiteral("wheelbase")}));
+    QTRY_COMPARE(rig.pushed(u"event_device_disconnected"_s),
+                 (QList<QJsonObject>{{{u"device"_s, u"transmitter"_s}}, {{u"device"_s, u"wheelbase"_s}}}));
 
-    const QJsonObject reply = rig.ask(QStringLiteral("action_auto_connect"));
-    QCOMPARE(reply.value(QStringLiteral("data")).toObject(),
-             (QJsonObject{{QStringLiteral("transmitter"), true},
-                          {QStringLiteral("wheelbase"), true},
-                          {QStringLiteral("pedals"), true},
-                          {QStringLiteral("shifter"), false}}));
+    QCOMPARE(
+        rig.ask(u"action_auto_connect"_s).value(u"data"_s).toObject(),
+        (QJsonObject{
+            {u"transmitter"_s, true}, {u"wheelbase"_s, true}, {u"pedals"_s, true}, {u"shifter"_s, false}}));
     QCOMPARE(rig.controller->serialPortName(), rig.sim.clientPath());
 }
 
