@@ -36,6 +36,7 @@ private slots:
     void refusals();
     void overrideRidesOnFramesUntilStop();
     void autoStartStartsOnceWhenReady();
+    void autoStartStoredOnIsArmedAtLaunch();
 };
 
 void TestWsTransmissionHandler::refusals_data()
@@ -152,6 +153,15 @@ void TestWsTransmissionHandler::autoStartStartsOnceWhenReady()
     QVERIFY(!running.wait(300));
     QVERIFY(rig.flushToBridge());
     QCOMPARE(rig.commandCount(u"START"_s), 2);
+}
+
+void TestWsTransmissionHandler::autoStartStoredOnIsArmedAtLaunch()
+{
+    Rig rig;
+    rig.profiles.loadProfiles();
+    QVERIFY(rig.profiles.setAutoStartEnabled(true));
+    SET_UP_RIG(rig);
+    QTRY_VERIFY(rig.controller->isRunning());
 }
 
 QTEST_GUILESS_MAIN(TestWsTransmissionHandler)
