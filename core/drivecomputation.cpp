@@ -143,7 +143,7 @@ DriveTickResult DriveComputation::tick(const DriveInputs &inputs, const ButtonSo
 
         output = smooth(decelTarget, m_last.hasThrottle, m_last.hasBrake, neutralGear, esc);
 
-        if (m_settings.pitLimiterEnabled || inputs.pitLimiterHeld)
+        if (pitLimiterCaps(m_settings, inputs.pitLimiterHeld))
             output = std::min(output, float(m_settings.pitLimiterValue));
         if (gearLimited) {
             // The second pass truncates the negated fraction, so it rounds toward

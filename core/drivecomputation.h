@@ -87,6 +87,11 @@ public:
     [[nodiscard]] QString debugLine() const;
 
     [[nodiscard]] static QString spikeStopReason();
+    // The pit limiter caps the throttle while it is switched on in the settings or its button is held.
+    [[nodiscard]] static bool pitLimiterCaps(const DriveSettings &settings, bool buttonHeld)
+    {
+        return settings.pitLimiterEnabled || buttonHeld;
+    }
 
 private:
     // Throttle and brake after the stuck-throttle detection and the spike rule.

@@ -23,6 +23,8 @@ struct ControllerTimings
     // Input polling while not transmitting, so the interface sees the controls move and
     // the start checks read fresh pedal positions. The tick polls while transmitting.
     std::chrono::milliseconds idleInputPollInterval{20};
+    // How often an armed auto-start looks whether the hub is ready.
+    std::chrono::milliseconds autoStartCheckInterval{2000};
     // Keepalive, reconnect and port timings of the transmitter link.
     TransmitterLink::Timings link;
 };

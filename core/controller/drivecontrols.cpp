@@ -26,7 +26,7 @@ DriveInputs DriveControls::read(const InputDevice *wheelBase, const InputDevice 
     }
     // Assigned pedals that went away read released: the wheel base's own pedal inputs
     // stand in only when no pedals device is assigned.
-    const InputDevice *pedalSource = (pedals && pedals->isOpen()) ? pedals : wheelBase;
+    const InputDevice *pedalSource = DriveControls::pedalSource(wheelBase, pedals);
     if (connected(pedalSource)) {
         inputs.throttle = settings.axes.throttle.applyUnipolar(pedalSource->throttle());
         inputs.brake = settings.axes.brake.applyUnipolar(pedalSource->brake());
@@ -34,6 +34,11 @@ DriveInputs DriveControls::read(const InputDevice *wheelBase, const InputDevice 
     if (connected(shifter))
         inputs.gear = settings.shifter.gear(InputDeviceSource(shifter));
     return inputs;
+}
+
+const InputDevice *DriveControls::pedalSource(const InputDevice *wheelBase, const InputDevice *pedals)
+{
+    return (pedals && pedals->isOpen()) ? pedals : wheelBase;
 }
 
 QString DriveControls::pedalsHeldMessage(float throttle, float brake, float limit)

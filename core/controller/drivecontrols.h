@@ -20,6 +20,11 @@ struct DriveControls
 
     // The start refusal for pedals held above the limit, naming the throttle before the
     // brake; empty when both are released.
+    // Where throttle, brake and clutch are read: assigned pedals, even gone ones (they then read
+    // released), else the wheel base's own pedal inputs.
+    [[nodiscard]] static const InputDevice *pedalSource(const InputDevice *wheelBase,
+                                                        const InputDevice *pedals);
+
     [[nodiscard]] static QString pedalsHeldMessage(float throttle, float brake, float limit);
 };
 

@@ -1,6 +1,8 @@
 #include "tavrixcontroller.h"
 
 #include "activeprofilefollower.h"
+#include "autostarter.h"
+#include "bridgecommands.h"
 #include "buttonmappingengine.h"
 #include "cartick.h"
 #include "deviceroleset.h"
@@ -21,11 +23,6 @@ namespace tavrix {
 
 namespace {
 
-const QByteArray kStartCommand = QByteArrayLiteral("START\n");
-const QByteArray kStopCommand = QByteArrayLiteral("STOP\n");
-const QByteArray kConfigOnCommand = QByteArrayLiteral("CFGMODE ON\n");
-const QByteArray kConfigOffCommand = QByteArrayLiteral("CFGMODE OFF\n");
-
 // Smaller moves of the controls are not worth a repaint.
 constexpr float kInputChangeEpsilon = 0.001f;
 
@@ -43,7 +40,8 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     , m_inputBackend(inputBackend)
     , m_profiles(profiles)
     , m_timings(timings)
-    , m_link(new TransmitterLink(std::move(ports), timings.link, this))
+    , m_ports(ports ? std::move(ports) : std::make_shared<SystemSerialPortDirectory>())
+    , m_link(new TransmitterLink(m_ports, timings.link, this))
     , m_crsf(new CrsfProtocol(this))
     , m_devices(new DeviceRoleSet(inputBackend, profiles, this))
     , m_telemetry(new TelemetryMonitor(timings, this))
@@ -87,6 +85,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     m_profile->reload();
     reconnectSavedDevices();
     m_idleInputTimer->start();
+    new AutoStarter(this, m_timings.autoStartCheckInterval);
 }
 
 TavrixController::~TavrixController()
@@ -221,7 +220,7 @@ bool TavrixController::startTransmission()
 
     m_idleInputTimer->stop();
     m_transmitTimer->start();
-    m_link->serialWrite(kStartCommand);
+    m_link->serialWrite(bridge::kStartCommand);
     m_telemetry->transmissionStarted();
     qInfo().noquote() << QStringLiteral("TavrixController: transmission started");
     emit frameCountChanged(m_frameCount);
@@ -238,9 +237,10 @@ void TavrixController::stopTransmission()
         // Receivers set to hold the last position when the stream ends would otherwise
         // keep steering and throttle as the last driving frame left them.
         sendNeutralFrame();
-        m_link->serialWrite(kStopCommand);
+        m_link->serialWrite(bridge::kStopCommand);
     }
     m_running = false;
+    m_overrides.clear();
     m_profile->setTransmitting(false);
     m_telemetry->transmissionStopped();
     m_buttons->reset(m_profile->settings().buttonMappings);
@@ -258,8 +258,9 @@ void TavrixController::safetyStop(const QString &reason)
     if (m_safetyStopQueued)
         return;
     m_safetyStopQueued = true;
-    // Deferred, so the tick that found the fault still sends its zeroed frame and no
-    // stop runs inside the computation.
+    m_overrides.clear();
+    // Deferred, so the tick that found the fault still sends its zeroed frame (the overrides
+    // gone already, so none of them rides on it) and no stop runs inside the computation.
     QMetaObject::invokeMethod(
         this,
         [this, reason] {
@@ -287,7 +288,7 @@ bool TavrixController::enterConfigMode()
         emit errorOccurred(tr("RP2040 Bridge not connected"));
         return false;
     }
-    m_link->serialWrite(kConfigOnCommand);
+    m_link->serialWrite(bridge::kConfigOnCommand);
     m_configMode = true;
     // The ELRS parameter client is not part of the hub yet; when it is, the controller
     // creates it as a child and tells it here (and in exitConfigMode) before announcing.
@@ -300,7 +301,7 @@ void TavrixController::exitConfigMode()
     if (!m_configMode)
         return;
     if (m_link->isConnected())
-        m_link->serialWrite(kConfigOffCommand);
+        m_link->serialWrite(bridge::kConfigOffCommand);
     m_configMode = false;
     emit configModeChanged(false);
 }
@@ -357,14 +358,14 @@ void TavrixController::tickHelicopter()
 void TavrixController::tickCar()
 {
     const CarTickResult result = m_car->tick(readDriveControls(), m_channels);
+    if (result.drive.safetyStopRequested)
+        safetyStop(DriveComputation::spikeStopReason());
     sendFrame();
 
     if (result.ledPowerSwitched)
         emit ledSettingsChanged();
     if (result.drive.reverseModeChanged)
         emit reverseModeChanged(result.drive.reverseActive);
-    if (result.drive.safetyStopRequested)
-        safetyStop(DriveComputation::spikeStopReason());
     publishInputs();
 }
 
@@ -372,7 +373,7 @@ void TavrixController::sendFrame()
 {
     // A frame the port did not take (closed, or the bridge not reading) never reached the
     // car: it is not counted.
-    if (!m_link->writeChannelFrame(CrsfProtocol::buildRcChannelsFrame(m_channels)))
+    if (!m_link->writeChannelFrame(CrsfProtocol::buildRcChannelsFrame(sentChannels())))
         return;
     ++m_frameCount;
     emit frameSent(m_frameCount);

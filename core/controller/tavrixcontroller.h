@@ -1,5 +1,7 @@
 #pragma once
 
+#include "activeprofilefollower.h"
+#include "channeloverrides.h"
 #include "controllertimings.h"
 #include "controllertypes.h"
 #include "crsfprotocol.h"
@@ -23,7 +25,6 @@ class QTimer;
 
 namespace tavrix {
 
-class ActiveProfileFollower;
 class ButtonMappingEngine;
 class CarTick;
 class HelicopterTick;
@@ -77,6 +78,11 @@ public:
     [[nodiscard]] quint32 frameCount() const { return m_frameCount; }
     // CH1..CH16 as last computed; they keep their values while stopped.
     [[nodiscard]] const ChannelValues &channels() const { return m_channels; }
+    // The channels as the next frame carries them: the computed ones with the overrides laid over.
+    [[nodiscard]] ChannelValues sentChannels() const { return m_overrides.appliedTo(m_channels); }
+    // The transmitter connected and the vehicle's driving devices there; the start's
+    // remaining checks (pedals, configuration mode) are judged when it starts.
+    [[nodiscard]] bool isReadyToTransmit() const { return isSerialConnected() && !missingDrivingDevice(); }
     // Follows the active profile; changes only while not transmitting.
     [[nodiscard]] VehicleType vehicleType() const;
     [[nodiscard]] bool isHelicopter() const;
@@ -106,6 +112,8 @@ public:
 
     // --- profile ---
     [[nodiscard]] bool autoStartEnabled() const;
+    // The active profile's settings as the computations use them.
+    [[nodiscard]] const ProfileSettings &settings() const { return m_profile->settings(); }
 
     // The parts other services and the interface read through the controller: the link,
     // the codec, the profile store, the devices of every role and the car's telemetry.
@@ -121,6 +129,8 @@ public:
     [[nodiscard]] InputDetection *inputDetection() const { return m_inputDetection; }
     // Steering end points tried on the running car before they are saved.
     [[nodiscard]] SteeringTrim &steeringTrim() const { return *m_steeringTrim; }
+    // Where the transmitter's ports are listed (and reconnects look).
+    [[nodiscard]] const SerialPortDirectory &portDirectory() const { return *m_ports; }
 
 public slots:
     // Each refusal emits errorOccurred once and changes nothing. True once running.
@@ -135,6 +145,9 @@ public slots:
     void disconnectTransmitter();
     // Raw bytes for the parameter protocol and the console; -1 while the port is closed.
     qint64 serialWrite(const QByteArray &bytes);
+    // Lays a value over one channel of every frame for the rest of this run (ChannelOverrides);
+    // refused while not transmitting, since the next start would inherit it past its checks.
+    bool setChannelOverride(int channel, int value) { return m_running && m_overrides.set(channel, value); }
 
     // Arming may be refused ("Lower the collective before arming the motor.").
     void setHeliArmed(bool armed);
@@ -212,6 +225,7 @@ private:
     ProfileManager *m_profiles;
     Timings m_timings;
 
+    std::shared_ptr<const SerialPortDirectory> m_ports;
     TransmitterLink *m_link = nullptr;
     CrsfProtocol *m_crsf = nullptr;
     DeviceRoleSet *m_devices = nullptr;
@@ -229,6 +243,7 @@ private:
     std::unique_ptr<SteeringTrim> m_steeringTrim;
 
     ChannelValues m_channels{};
+    ChannelOverrides m_overrides;
     ChannelValues m_publishedChannels{};
     quint32 m_frameCount = 0;
     bool m_running = false;

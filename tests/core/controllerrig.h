@@ -40,6 +40,7 @@ inline ControllerTimings shortTimings()
     t.sensorStaleAfter = std::chrono::milliseconds(300);
     t.motionWait = std::chrono::milliseconds(250);
     t.idleInputPollInterval = std::chrono::milliseconds(10);
+    t.autoStartCheckInterval = std::chrono::milliseconds(20);
     t.link.reconnectInterval = std::chrono::milliseconds(40);
     t.link.port.openRetryDelay = std::chrono::milliseconds(10);
     return t;

@@ -1,4 +1,5 @@
 #include "activeprofilefollower.h"
+#include "autoconnect.h"
 #include "crsftypes.h"
 #include "deviceroleset.h"
 #include "drivecontrols.h"
@@ -33,6 +34,8 @@ private slots:
     void shifterGear();
     void findSavedDevice_data();
     void findSavedDevice();
+    void autoConnectPort_data();
+    void autoConnectPort();
     void staleCountChangesRaiseDashboardOnce();
     void followerWaitsForStopToSwitch_data();
     void followerWaitsForStopToSwitch();
@@ -211,6 +214,31 @@ void TestControllerParts::findSavedDevice()
     saved.productName = productName;
     saved.instanceGuid = guid;
     QCOMPARE(tavrix::findSavedDevice(saved, devices), index);
+}
+
+void TestControllerParts::autoConnectPort_data()
+{
+    QTest::addColumn<QString>("remembered");
+    QTest::addColumn<QStringList>("listed");
+    QTest::addColumn<QString>("chosen");
+    const QString a = QStringLiteral("/dev/ttyACM0");
+    const QString b = QStringLiteral("/dev/ttyACM1");
+    QTest::newRow("remembered among others") << b << QStringList{a, b} << b;
+    // Whatever else is plugged in is not the transmitter.
+    QTest::newRow("remembered but absent") << b << QStringList{a} << QString();
+    QTest::newRow("nothing remembered, one port") << QString() << QStringList{a} << a;
+    QTest::newRow("nothing remembered, two ports") << QString() << QStringList{a, b} << QString();
+}
+
+void TestControllerParts::autoConnectPort()
+{
+    QFETCH(QString, remembered);
+    QFETCH(QStringList, listed);
+    QFETCH(QString, chosen);
+    QList<SerialPortDescription> ports;
+    for (const QString &name : listed)
+        ports.append({name, {}, {}, 0, 0});
+    QCOMPARE(autoconnect::transmitterPort(remembered, ports), chosen);
 }
 
 void TestControllerParts::staleCountChangesRaiseDashboardOnce()

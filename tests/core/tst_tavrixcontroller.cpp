@@ -241,6 +241,11 @@ void TestTavrixController::throttleSpikeSendsOneZeroedFrameAndStops()
     QSignalSpy running(rig.controller.get(), &TavrixController::runningChanged);
     QVERIFY(rig.controller->startTransmission());
     QTRY_VERIFY(rig.controller->frameCount() > 10);
+    QVERIFY(rig.controller->setChannelOverride(kCh3, 1700));
+    QTRY_COMPARE(rig.sim.lastChannels()[kCh3], 1700);
+    QList<int> ch3;
+    connect(&rig.sim, &sim::BridgeSimulator::channelFrameReceived, this,
+            [&ch3](const sim::ChannelArray &channels) { ch3.append(channels[kCh3]); });
 
     // From released to full in one tick: no foot does that.
     rig.setPedals(1.0, 0.0);
@@ -251,6 +256,8 @@ void TestTavrixController::throttleSpikeSendsOneZeroedFrameAndStops()
     // The zeroed frame of the tick that found the spike, then the stop's neutral frame.
     QTRY_COMPARE(rig.sim.channelFrameCount(), quint64(framesBeforeSpike + 2));
     QCOMPARE(rig.sim.lastChannels()[kCh2], kNeutral);
+    // A hand-set override rides on neither of them.
+    QCOMPARE(ch3.mid(ch3.size() - 2), (QList<int>{0, 0}));
     QVERIFY(rig.flushToBridge());
     QCOMPARE(rig.commandCount(QStringLiteral("STOP")), 1);
     QCOMPARE(errors.size(), 1);
