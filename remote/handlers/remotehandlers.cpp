@@ -1,10 +1,15 @@
 #include "remotehandlers.h"
 
 #include "websocketserver.h"
+#include "wsaxishandler.h"
 #include "wsbuttonhandler.h"
+#include "wsdevicehandler.h"
 #include "wsescpresethandler.h"
+#include "wshelicopterhandler.h"
+#include "wsinputhandler.h"
 #include "wsprofilehandler.h"
 #include "wstelemetryhandler.h"
+#include "wstransmissionhandler.h"
 
 namespace tavrix {
 
@@ -20,9 +25,14 @@ void add(WebSocketServer &server, TavrixController *controller)
 
 void registerRemoteHandlers(WebSocketServer &server, TavrixController *controller)
 {
+    add<WsDeviceHandler>(server, controller);
+    add<WsTransmissionHandler>(server, controller);
+    add<WsInputHandler>(server, controller);
+    add<WsAxisHandler>(server, controller);
     add<WsButtonHandler>(server, controller);
     add<WsProfileHandler>(server, controller);
     add<WsEscPresetHandler>(server, controller);
+    add<WsHelicopterHandler>(server, controller);
     add<WsTelemetryHandler>(server, controller);
 }
 
