@@ -1,5 +1,7 @@
 #include "consolemodes.h"
 
+#include "bridgesimulator.h"
+
 #include "demorig.h"
 #include "devicereport.h"
 #include "headlessrunner.h"
@@ -110,6 +112,12 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
         plan = demo->plan();
         out << "demo: simulated bridge on " << demo->bridgePort() << ", profiles in " << demo->dataDirectory()
             << '\n';
+        // What the simulated bridge is told (not its keepalives), so a run can be checked from outside.
+        QObject::connect(demo->bridge(), &sim::BridgeSimulator::commandReceived, &app,
+                         [&out](const QString &command) {
+                             if (!command.isEmpty())
+                                 out << "demo bridge: " << command << '\n' << Qt::flush;
+                         });
     } else {
         serviceOptions.ports = portsWith(options.transmitterPort);
     }
