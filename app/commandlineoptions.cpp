@@ -88,9 +88,10 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     const QCommandLineOption baud(QStringLiteral("baud"), QString(), QStringLiteral("rate"));
     const QCommandLineOption vehicle(QStringLiteral("vehicle"), QString(), QStringLiteral("type"));
     const QCommandLineOption remotePort(QStringLiteral("remote-port"), QString(), QStringLiteral("port"));
-    const QCommandLineOption remoteAddress(QStringLiteral("remote-address"), QString(), QStringLiteral("address"));
-    parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, vehicle, remotePort,
-                       remoteAddress});
+    const QCommandLineOption remoteAddress(QStringLiteral("remote-address"), QString(),
+                                           QStringLiteral("address"));
+    parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, vehicle,
+                       remotePort, remoteAddress});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 

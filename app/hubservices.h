@@ -20,8 +20,9 @@ class WebSocketServer;
 
 // Owns the hub's long-lived services for one run: the profile store, the game-controller
 // backend with its hot-plug news, the transmission controller and the reopening of lost
-// controllers, and the mobile app's remote server (later also the motion services). The main window and the headless runner
-// both present one HubServices; neither owns a service directly, so the two modes run exactly the same code.
+// controllers, and the mobile app's remote server (later also the motion services). The main window and the
+// headless runner both present one HubServices; neither owns a service directly, so the two modes run exactly
+// the same code.
 class HubServices : public QObject
 {
     Q_OBJECT

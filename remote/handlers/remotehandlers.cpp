@@ -15,8 +15,7 @@ namespace tavrix {
 
 namespace {
 
-template<class Handler>
-void add(WebSocketServer &server, TavrixController *controller)
+template<class Handler> void add(WebSocketServer &server, TavrixController *controller)
 {
     server.registerHandler(new Handler(controller, &server));
 }

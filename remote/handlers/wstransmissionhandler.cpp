@@ -60,8 +60,7 @@ QJsonObject WsTransmissionHandler::start(const RemoteRequest &request)
     }
     // The controller's own start, with every check a start from the window passes.
     bool started = false;
-    const QString refusal =
-        refusalOf(controller(), [&] { started = controller()->startTransmission(); });
+    const QString refusal = refusalOf(controller(), [&] { started = controller()->startTransmission(); });
     return request.outcome(started, refusal);
 }
 
@@ -101,8 +100,7 @@ QJsonObject WsTransmissionHandler::frameCount(const RemoteRequest &request)
 QJsonObject WsTransmissionHandler::setAutoStart(const RemoteRequest &request)
 {
     const bool enabled = request.flag(QLatin1String("enabled"));
-    const QString refusal =
-        refusalOf(controller(), [&] { controller()->setAutoStartEnabled(enabled); });
+    const QString refusal = refusalOf(controller(), [&] { controller()->setAutoStartEnabled(enabled); });
     if (controller()->autoStartEnabled() != enabled)
         return request.failed(refusal.isEmpty() ? QStringLiteral("Could not save the auto-start setting")
                                                 : refusal);
