@@ -70,6 +70,8 @@ public:
     // "address:port" of each connected client, in connection order.
     [[nodiscard]] QStringList clientAddresses() const;
     [[nodiscard]] TavrixController *controller() const { return m_controller; }
+    // The protocol half, apart from the sockets (the fuzzer drives it directly).
+    [[nodiscard]] const RequestRouter &router() const { return m_router; }
 
 signals:
     void clientCountChanged(int count);

@@ -38,9 +38,11 @@ protected:
         std::initializer_list<std::pair<const char *, QJsonObject (Handler::*)(const RemoteRequest &)>> rows)
     {
         auto *self = static_cast<Handler *>(this);
-        for (const auto &[event, member] : rows)
-            addRequest(QString::fromLatin1(event),
+        for (const auto &row : rows) {
+            const auto member = row.second; // a copy: clang before 16 cannot capture a structured binding
+            addRequest(QString::fromLatin1(row.first),
                        [self, member](const RemoteRequest &request) { return (self->*member)(request); });
+        }
     }
 
     // Publishes a push event with data.
