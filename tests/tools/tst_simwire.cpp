@@ -24,7 +24,6 @@ private slots:
     void unpacksWhatTheTestPackerPacks();
     void splitterFindsFramesAndLines_data();
     void splitterFindsFramesAndLines();
-    void splitterGivesUpOnAStalledPartialFrame();
     void splitterRecoversFromRandomNoise();
 
 private:
@@ -135,23 +134,6 @@ void TestSimWire::splitterFindsFramesAndLines()
     }
     QCOMPARE(got.join(QLatin1Char('|')), expected);
     QVERIFY(!splitter.hasPartialFrame());
-}
-
-void TestSimWire::splitterGivesUpOnAStalledPartialFrame()
-{
-    // A lone sync byte with a plausible length swallows the command behind it until
-    // the bridge gives up on the frame; then the command is found after all.
-    BridgeStreamSplitter splitter;
-    const auto first = splitter.feed(QByteArray::fromHex("c818") + "STOP\n");
-    QVERIFY(first.isEmpty());
-    QVERIFY(splitter.hasPartialFrame());
-    const auto rest = splitter.abandonPartialFrame();
-    QVERIFY(!splitter.hasPartialFrame());
-    QCOMPARE(rest.size(), 2);
-    QCOMPARE(rest[0].kind, Kind::Garbage);
-    QCOMPARE(rest[0].bytes, QByteArray::fromHex("c818"));
-    QCOMPARE(rest[1].kind, Kind::Line);
-    QCOMPARE(rest[1].bytes, QByteArray("STOP"));
 }
 
 void TestSimWire::splitterRecoversFromRandomNoise()
