@@ -171,20 +171,6 @@ private slots:
         QCOMPARE(layout.slotCode[SlotY], ABS_Y);
     }
 
-    void overridesApplyOnlyUnderTheirDriver()
-    {
-        DeviceIdentity identity;
-        identity.vendor = 0x046d;
-        identity.product = 0xc298;
-        identity.driver = "logitech";
-        QVERIFY(findSlotOverride(identity) != nullptr);
-        identity.driver = "hid-generic";
-        QVERIFY(findSlotOverride(identity) == nullptr);
-        identity.driver = "logitech";
-        identity.product = 0xc29b; // G27 keeps its own descriptor under hid-lg
-        QVERIFY(findSlotOverride(identity) == nullptr);
-    }
-
     void numbersButtonsInCodeOrder()
     {
         const DeviceCapabilities caps = capabilities(
@@ -214,15 +200,6 @@ private slots:
         QCOMPARE(layout.povHat[0], 0);
         QCOMPARE(layout.povHat[1], 2);
         QCOMPARE(layout.povHat[2], -1);
-    }
-
-    void forceFeedbackMeansConstantForce()
-    {
-        DeviceCapabilities caps = capabilities({EV_ABS, EV_FF}, {ABS_X}, {});
-        caps.effects.set(FF_RUMBLE);
-        QVERIFY(!layoutDevice(caps).hasForceFeedback);
-        caps.effects.set(FF_CONSTANT);
-        QVERIFY(layoutDevice(caps).hasForceFeedback);
     }
 
     void parsesSysfsBitmaps_data()
