@@ -306,23 +306,19 @@ void TestProfileManager::deleteRemovesFileAndMovesActiveWithinType()
     QSignalSpy list(manager.get(), &ProfileManager::profileListChanged);
     QSignalSpy active(manager.get(), &ProfileManager::activeProfileChanged);
 
-    // Deleting another profile leaves the active one alone.
-    QVERIFY(manager->deleteProfile(u"1"_s));
-    QVERIFY(!QFile::exists(profileDir() + u"/1.json"_s));
-    QCOMPARE(active.count(), 0);
-    QCOMPARE(manager->activeProfileId(), u"2"_s);
-
-    QVERIFY(writeFile(profileDir() + u"/1.json"_s, profileJson(u"1"_s, u"Heli"_s, heli)));
-    manager = loadedStore();
-    QVERIFY(manager->setActiveProfile(u"2"_s));
-    QSignalSpy activeAfterReload(manager.get(), &ProfileManager::activeProfileChanged);
     // Deleting the active car profile makes another car profile active, not the helicopter.
     QVERIFY(manager->deleteProfile(u"2"_s));
+    QVERIFY(!QFile::exists(profileDir() + u"/2.json"_s));
     QCOMPARE(manager->activeProfileId(), u"3"_s);
-    QCOMPARE(activeAfterReload.count(), 1);
-    QCOMPARE(activeAfterReload.at(0).at(0).toString(), u"3"_s);
+    QCOMPARE(active.count(), 1);
+    QCOMPARE(active.at(0).at(0).toString(), u"3"_s);
     QCOMPARE(readJson(profileDir() + u"/config.json"_s).value(keys::kLastActiveProfileId).toString(), u"3"_s);
     QCOMPARE(list.count(), 1);
+
+    // Deleting another profile leaves the active one alone.
+    QVERIFY(manager->deleteProfile(u"1"_s));
+    QCOMPARE(active.count(), 1);
+    QCOMPARE(manager->activeProfileId(), u"3"_s);
 }
 
 void TestProfileManager::importGivesNewIdentityAndUniqueName_data()
@@ -410,53 +406,35 @@ void TestProfileManager::refusalsChangeNothing_data()
     QTest::addColumn<QByteArray>("argument");
     QTest::addColumn<QString>("message"); // %1 stands for the import file's path
     QTest::addColumn<bool>("diskFull");   // every write stops part-way, as on a full disk
-
-    QTest::newRow("rename to blanks")
-        << u"rename"_s << u"ACTIVE"_s << QByteArray("   ") << u"Profile name cannot be empty"_s << false;
-    QTest::newRow("rename unknown") << u"rename"_s << u"nope"_s << QByteArray("X")
-                                    << u"Profile not found: nope"_s << false;
-    QTest::newRow("delete unknown") << u"delete"_s << u"nope"_s << QByteArray()
-                                    << u"Profile not found: nope"_s << false;
-    QTest::newRow("delete last") << u"delete"_s << u"ACTIVE"_s << QByteArray()
-                                 << u"Cannot delete the last profile"_s << false;
-    QTest::newRow("duplicate unknown")
-        << u"duplicate"_s << u"nope"_s << QByteArray() << u"Source profile not found: nope"_s << false;
-    QTest::newRow("switch unknown") << u"switch"_s << u"nope"_s << QByteArray()
-                                    << u"Profile not found: nope"_s << false;
-    QTest::newRow("save unknown") << u"save"_s << u"nope"_s << QByteArray() << u"Profile not found: nope"_s
-                                  << false;
-    QTest::newRow("import missing file")
-        << u"import-missing"_s << QString() << QByteArray() << u"Failed to open file: %1"_s << false;
-    QTest::newRow("import array") << u"import"_s << QString() << QByteArray("[1,2]")
-                                  << u"Invalid profile file format"_s << false;
-    QTest::newRow("import without id")
-        << u"import"_s << QString() << QByteArray(R"({"name":"B"})") << u"Invalid profile data"_s << false;
-    QTest::newRow("set identity key")
-        << u"set"_s << u"id"_s << QByteArray(R"("x")") << u"Unknown profile setting: id"_s << false;
-    QTest::newRow("set unknown key") << u"set"_s << u"turbo"_s << QByteArray("true")
-                                     << u"Unknown profile setting: turbo"_s << false;
-    QTest::newRow("set time stamp") << u"set"_s << u"modifiedAt"_s << QByteArray(R"("x")")
-                                    << u"Unknown profile setting: modifiedAt"_s << false;
-    QTest::newRow("esc preset blank name")
-        << u"esc-create"_s << QString() << QByteArray(" ") << u"ESC preset name cannot be empty"_s << false;
-    QTest::newRow("esc preset update unknown")
-        << u"esc-update"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s << false;
-    QTest::newRow("esc preset delete unknown")
-        << u"esc-delete"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s << false;
-    QTest::newRow("esc preset apply unknown")
-        << u"esc-apply"_s << u"nope"_s << QByteArray() << u"ESC preset not found: nope"_s << false;
+    const auto row = [](const char *name, const char *operation, const char *target, const char *argument,
+                        const char *message, bool diskFull = false) {
+        QTest::newRow(name) << QString::fromUtf8(operation) << QString::fromUtf8(target)
+                            << QByteArray(argument) << QString::fromUtf8(message) << diskFull;
+    };
+    row("rename to blanks", "rename", "ACTIVE", "   ", "Profile name cannot be empty");
+    row("rename unknown", "rename", "nope", "X", "Profile not found: nope");
+    row("delete unknown", "delete", "nope", "", "Profile not found: nope");
+    row("delete last", "delete", "ACTIVE", "", "Cannot delete the last profile");
+    row("duplicate unknown", "duplicate", "nope", "", "Source profile not found: nope");
+    row("switch unknown", "switch", "nope", "", "Profile not found: nope");
+    row("save unknown", "save", "nope", "", "Profile not found: nope");
+    row("import missing file", "import-missing", "", "", "Failed to open file: %1");
+    row("import array", "import", "", "[1,2]", "Invalid profile file format");
+    row("import without id", "import", "", R"({"name":"B"})", "Invalid profile data");
+    row("set identity key", "set", "id", R"("x")", "Unknown profile setting: id");
+    row("set unknown key", "set", "turbo", "true", "Unknown profile setting: turbo");
+    row("set time stamp", "set", "modifiedAt", R"("x")", "Unknown profile setting: modifiedAt");
+    row("esc preset blank name", "esc-create", "", " ", "ESC preset name cannot be empty");
+    row("esc preset update unknown", "esc-update", "nope", "", "ESC preset not found: nope");
+    row("esc preset delete unknown", "esc-delete", "nope", "", "ESC preset not found: nope");
+    row("esc preset apply unknown", "esc-apply", "nope", "", "ESC preset not found: nope");
     // The active profile is "Default"; it, the ESC presets and the import file exist beforehand.
-    QTest::newRow("setting, disk full") << u"set"_s << u"telemetryDiscover"_s << QByteArray("false")
-                                        << u"Failed to save profile: Default"_s << true;
-    QTest::newRow("save, disk full") << u"save"_s << u"ACTIVE"_s << QByteArray()
-                                     << u"Failed to save profile: Default"_s << true;
-    QTest::newRow("create, disk full")
-        << u"create"_s << QString() << QByteArray("Fresh") << u"Failed to save profile: Fresh"_s << true;
-    QTest::newRow("import, disk full")
-        << u"import"_s << QString() << QByteArray(R"({"id":"x","name":"Imported"})")
-        << u"Failed to save profile: Imported"_s << true;
-    QTest::newRow("esc preset, disk full")
-        << u"esc-create"_s << QString() << QByteArray("Hobbywing") << u"Failed to save ESC presets"_s << true;
+    row("setting, disk full", "set", "telemetryDiscover", "false", "Failed to save profile: Default", true);
+    row("save, disk full", "save", "ACTIVE", "", "Failed to save profile: Default", true);
+    row("create, disk full", "create", "", "Fresh", "Failed to save profile: Fresh", true);
+    row("import, disk full", "import", "", R"({"id":"x","name":"Imported"})",
+        "Failed to save profile: Imported", true);
+    row("esc preset, disk full", "esc-create", "", "Hobbywing", "Failed to save ESC presets", true);
 }
 
 void TestProfileManager::refusalsChangeNothing()

@@ -79,46 +79,40 @@ void TestProfileSchema::storedValuesReadAs_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QByteArray>("expected");
 
+    const auto row = [](const char *name, const char *stored, const char *path, const char *expected) {
+        QTest::newRow(name) << QByteArray(stored) << QString::fromUtf8(path) << QByteArray(expected);
+    };
     // Mistyped scalars fall back to the default of their key.
-    QTest::newRow("int from string") << QByteArray(R"({"axisSettings":{"escNeutral":"900"}})")
-                                     << u"axisSettings/escNeutral"_s << QByteArray("992");
-    QTest::newRow("int from fraction truncates") << QByteArray(R"({"axisSettings":{"escNeutral":1000.9}})")
-                                                 << u"axisSettings/escNeutral"_s << QByteArray("1000");
-    QTest::newRow("bool from number")
-        << QByteArray(R"({"autoStartEnabled":1})") << u"autoStartEnabled"_s << QByteArray("true");
-    QTest::newRow("number from string") << QByteArray(R"({"axisSettings":{"Steering":{"deadzone":"x"}}})")
-                                        << u"axisSettings/Steering/deadzone"_s << QByteArray("0");
-    QTest::newRow("object from array")
-        << QByteArray(R"({"ledSettings":[1,2]})") << u"ledSettings/ledCount"_s << QByteArray("8");
+    row("int from string", R"({"axisSettings":{"escNeutral":"900"}})", "axisSettings/escNeutral", "992");
+    row("int from fraction truncates", R"({"axisSettings":{"escNeutral":1000.9}})", "axisSettings/escNeutral",
+        "1000");
+    row("bool from number", R"({"autoStartEnabled":1})", "autoStartEnabled", "true");
+    row("number from string", R"({"axisSettings":{"Steering":{"deadzone":"x"}}})",
+        "axisSettings/Steering/deadzone", "0");
+    row("object from array", R"({"ledSettings":[1,2]})", "ledSettings/ledCount", "8");
     // Kept as stored when the kind is right.
-    QTest::newRow("helicopter kept") << QByteArray(R"({"vehicleType":"rc_helicopter"})") << u"vehicleType"_s
-                                     << QByteArray(R"("rc_helicopter")");
+    row("helicopter kept", R"({"vehicleType":"rc_helicopter"})", "vehicleType", R"("rc_helicopter")");
     // The format version is always the current one.
-    QTest::newRow("version written as 2")
-        << QByteArray(R"({"version":1})") << u"version"_s << QByteArray("2");
+    row("version written as 2", R"({"version":1})", "version", "2");
     // An axis-settings object is named after its key, whatever it says.
-    QTest::newRow("axis name from key") << QByteArray(R"({"axisSettings":{"Brake":{"name":"Pedal 2"}}})")
-                                        << u"axisSettings/Brake/name"_s << QByteArray(R"("Brake")");
+    row("axis name from key", R"({"axisSettings":{"Brake":{"name":"Pedal 2"}}})", "axisSettings/Brake/name",
+        R"("Brake")");
     // Fixed-length lists are padded from their defaults or cut; bad elements take the default.
-    QTest::newRow("gear limits padded")
-        << QByteArray(R"({"axisSettings":{"gearThrottleLimitPercent":[40,50]}})")
-        << u"axisSettings/gearThrottleLimitPercent"_s << QByteArray("[40,50,100,100,100,100,100]");
-    QTest::newRow("axis map bad element")
-        << QByteArray(R"({"deviceConnections":{"pedals":{"axisMapping":{"map":[5,"x",null,255]}}}})")
-        << u"deviceConnections/pedals/axisMapping/map"_s << QByteArray("[5,1,2,255]");
+    row("gear limits padded", R"({"axisSettings":{"gearThrottleLimitPercent":[40,50]}})",
+        "axisSettings/gearThrottleLimitPercent", "[40,50,100,100,100,100,100]");
+    row("axis map bad element",
+        R"({"deviceConnections":{"pedals":{"axisMapping":{"map":[5,"x",null,255]}}}})",
+        "deviceConnections/pedals/axisMapping/map", "[5,1,2,255]");
     // Free-length lists drop elements that cannot be read and complete the others.
-    QTest::newRow("extra buttons drop strings")
-        << QByteArray(R"({"buttonMappings":[{"buttonIndex":4,"extraButtons":[1,"2",3]}]})")
-        << u"buttonMappings/0/extraButtons"_s << QByteArray("[1,3]");
-    QTest::newRow("button mapping completed") << QByteArray(R"({"buttonMappings":[{"buttonIndex":4}]})")
-                                              << u"buttonMappings/0/outputValue"_s << QByteArray("2047");
-    QTest::newRow("range zone colour completed")
-        << QByteArray(R"({"ledSettings":{"rangeZones":[{"startPercent":20,"color":{"r":10}}]}})")
-        << u"ledSettings/rangeZones/0"_s
-        << QByteArray(R"({"startPercent":20,"endPercent":100,"color":{"r":10,"g":0,"b":0}})");
-    QTest::newRow("bridge baud default")
-        << QByteArray(R"({"deviceConnections":{"bridge":{"portName":"COM3"}}})")
-        << u"deviceConnections/bridge"_s << QByteArray(R"({"portName":"COM3","baudRate":115200})");
+    row("extra buttons drop strings", R"({"buttonMappings":[{"buttonIndex":4,"extraButtons":[1,"2",3]}]})",
+        "buttonMappings/0/extraButtons", "[1,3]");
+    row("button mapping completed", R"({"buttonMappings":[{"buttonIndex":4}]})",
+        "buttonMappings/0/outputValue", "2047");
+    row("range zone colour completed",
+        R"({"ledSettings":{"rangeZones":[{"startPercent":20,"color":{"r":10}}]}})",
+        "ledSettings/rangeZones/0", R"({"startPercent":20,"endPercent":100,"color":{"r":10,"g":0,"b":0}})");
+    row("bridge baud default", R"({"deviceConnections":{"bridge":{"portName":"COM3"}}})",
+        "deviceConnections/bridge", R"({"portName":"COM3","baudRate":115200})");
 }
 
 void TestProfileSchema::storedValuesReadAs()
@@ -151,22 +145,22 @@ void TestProfileSchema::migrations_data()
     QTest::addColumn<QByteArray>("expected");
     QTest::addColumn<int>("migrationsApplied");
 
-    QTest::newRow("esc mode 1 merged into 0") << QByteArray(R"({"axisSettings":{"escMode":1}})")
-                                              << u"axisSettings/escMode"_s << QByteArray("0") << 1;
-    QTest::newRow("esc mode 1.0 merged") << QByteArray(R"({"axisSettings":{"escMode":1.0}})")
-                                         << u"axisSettings/escMode"_s << QByteArray("0") << 1;
-    QTest::newRow("dashboard GLat GLon") << QByteArray(R"({"telemetryDashboard":["GLat","GLon"]})")
-                                         << u"telemetryDashboard"_s << QByteArray(R"(["LatG","LonG"])") << 1;
-    QTest::newRow("dashboard old and new of one key")
-        << QByteArray(R"({"telemetryDashboard":["LatG","GLat","LonG"]})") << u"telemetryDashboard"_s
-        << QByteArray(R"(["LatG","LonG"])") << 1;
-    QTest::newRow("dashboard key case matters") << QByteArray(R"({"telemetryDashboard":["glat"]})")
-                                                << u"telemetryDashboard"_s << QByteArray(R"(["glat"])") << 0;
-    QTest::newRow("missing vehicle type is a car")
-        << QByteArray("{}") << u"vehicleType"_s << QByteArray(R"("rc_car")") << 0;
-    QTest::newRow("both at once") << QByteArray(
-                                         R"({"axisSettings":{"escMode":1},"telemetryDashboard":["GLon"]})")
-                                  << u"telemetryDashboard/0"_s << QByteArray(R"("LonG")") << 2;
+    const auto row = [](const char *name, const char *stored, const char *path, const char *expected,
+                        int migrationsApplied) {
+        QTest::newRow(name) << QByteArray(stored) << QString::fromUtf8(path) << QByteArray(expected)
+                            << migrationsApplied;
+    };
+    row("esc mode 1 merged into 0", R"({"axisSettings":{"escMode":1}})", "axisSettings/escMode", "0", 1);
+    row("esc mode 1.0 merged", R"({"axisSettings":{"escMode":1.0}})", "axisSettings/escMode", "0", 1);
+    row("dashboard GLat GLon", R"({"telemetryDashboard":["GLat","GLon"]})", "telemetryDashboard",
+        R"(["LatG","LonG"])", 1);
+    row("dashboard old and new of one key", R"({"telemetryDashboard":["LatG","GLat","LonG"]})",
+        "telemetryDashboard", R"(["LatG","LonG"])", 1);
+    row("dashboard key case matters", R"({"telemetryDashboard":["glat"]})", "telemetryDashboard",
+        R"(["glat"])", 0);
+    row("missing vehicle type is a car", "{}", "vehicleType", R"("rc_car")", 0);
+    row("both at once", R"({"axisSettings":{"escMode":1},"telemetryDashboard":["GLon"]})",
+        "telemetryDashboard/0", R"("LonG")", 2);
 }
 
 void TestProfileSchema::migrations()
