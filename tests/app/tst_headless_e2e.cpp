@@ -170,110 +170,106 @@ class TestHeadlessEndToEnd : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void drivesTheSimulatedCarAndStopsOnSigterm();
-    void headlessDemoRunsWithoutADisplay();
-    void badCommandLineExitsWithStatusTwo();
+    void initTestCase()
+    {
+        QVERIFY2(QFile::exists(kHub), qPrintable(kHub));
+        QVERIFY2(QFile::exists(kSim), qPrintable(kSim));
+    }
+
+    void drivesTheSimulatedCarAndStopsOnSigterm()
+    {
+        DriveBench bench;
+        QVERIFY(!bench.replay.isEmpty());
+        const QString log = bench.home.filePath(QStringLiteral("bridge.jsonl"));
+        RunningProcess sim;
+        QVERIFY2(bench.startBridge(sim, log), qPrintable(sim.transcript()));
+        RunningProcess hub;
+        QVERIFY2(bench.startHub(hub), qPrintable(hub.transcript()));
+        // Run until the bridge has seen the steering and throttle of the replay for a while.
+        const auto sawDrive = [&log] {
+            const BridgeLogContents contents = readBridgeLog(log);
+            return !contents.frames.isEmpty() && contents.frames.last().channels.value(0) == 2047 &&
+                   contents.frames.last().t - contents.startTime > 2500;
+        };
+        QTRY_VERIFY2_WITH_TIMEOUT(sawDrive(), qPrintable(hub.transcript()), 20000);
+
+        hub.process->terminate(); // SIGTERM
+        QVERIFY(hub.process->waitForFinished(10000));
+        QCOMPARE(hub.process->exitStatus(), QProcess::NormalExit);
+        QVERIFY2(hub.process->exitCode() == 0, qPrintable(hub.transcript()));
+        QVERIFY2(hub.out.contains("stopping (SIGTERM)"), qPrintable(hub.transcript()));
+        QTRY_VERIFY_WITH_TIMEOUT(readBridgeLog(log).stopTime >= 0, 5000);
+        sim.process->terminate();
+        QVERIFY(sim.process->waitForFinished(10000));
+        QCOMPARE(sim.process->exitCode(), 0);
+
+        BridgeLogContents contents = readBridgeLog(log);
+        QCOMPARE(contents.commands.count(QStringLiteral("START")), 1);
+        QCOMPARE(contents.commands.count(QStringLiteral("STOP")), 1);
+        QVERIFY(contents.commands.indexOf(QStringLiteral("START")) <
+                contents.commands.indexOf(QStringLiteral("STOP")));
+        QCOMPARE(contents.framesBeforeStart, 0);
+        QCOMPARE(contents.framesAfterStop, 0);
+        QVERIFY(contents.frames.size() > 300);
+        // Right before STOP: the neutral frame, wheel centred and ESC neutral, whatever the
+        // wheel and pedals did last.
+        const Frame neutral = contents.frames.takeLast();
+        QCOMPARE(neutral.channels.value(0), 1023);
+        QCOMPARE(neutral.channels.value(1), kNeutral);
+
+        // The first frames: wheel centred, pedals released.
+        const Frame &first = contents.frames.first();
+        QVERIFY2(std::abs(first.channels.value(0) - 1023) <= 1,
+                 qPrintable(QString::number(first.channels.value(0))));
+        QCOMPARE(first.channels.value(1), kNeutral);
+        QCOMPARE(first.channels.value(2), 0);
+
+        // Steering follows the wheel to full right and the pedal, fully down by then, drives the car
+        // forward. (How far soft start lets CH2 rise is the drive computation's own test.)
+        const Frame &last = contents.frames.last();
+        QCOMPARE(last.channels.value(0), 2047);
+        int highest = 0;
+        for (const Frame &frame : contents.frames)
+            highest = std::max(highest, frame.channels.value(1));
+        QVERIFY(highest > kNeutral + 50);
+    }
+
+    void headlessDemoRunsWithoutADisplay()
+    {
+        QTemporaryDir home;
+        QProcessEnvironment env = freshEnvironment(home);
+        // No display of any kind: a QApplication would abort here.
+        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            env.remove(QLatin1String(name));
+        RunningProcess hub;
+        hub.start(kHub, {QStringLiteral("--headless"), QStringLiteral("--demo")}, env);
+        QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("transmission started"), qPrintable(hub.transcript()),
+                                  15000);
+        // Telemetry from the simulated car comes back.
+        QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("car link up"), qPrintable(hub.transcript()), 15000);
+        hub.process->terminate();
+        QVERIFY(hub.process->waitForFinished(10000));
+        QCOMPARE(hub.process->exitStatus(), QProcess::NormalExit);
+        QVERIFY2(hub.process->exitCode() == 0, qPrintable(hub.transcript()));
+        QVERIFY2(hub.out.contains("transmission stopped after"), qPrintable(hub.transcript()));
+        // The demo's profiles lived in its own folder: the user's data folder was never made.
+        QVERIFY(!QDir(home.filePath(QStringLiteral("data/OrvaneLabs"))).exists());
+        QVERIFY(QDir(home.path()).entryList({QStringLiteral("orvanehub-demo-*")}, QDir::Dirs).isEmpty());
+    }
+
+    void badCommandLineExitsWithStatusTwo()
+    {
+        // Every refusal is the parser's own test; here only that it ends the program with 2.
+        QTemporaryDir home;
+        QProcess hub;
+        hub.setProcessEnvironment(freshEnvironment(home));
+        hub.start(kHub, {QStringLiteral("--bogus")});
+        QVERIFY(hub.waitForFinished(20000));
+        QCOMPARE(hub.exitCode(), 2);
+        QVERIFY(hub.readAllStandardError().startsWith("orvanehub: "));
+        QVERIFY(hub.readAllStandardOutput().isEmpty());
+    }
 };
-
-void TestHeadlessEndToEnd::initTestCase()
-{
-    QVERIFY2(QFile::exists(kHub), qPrintable(kHub));
-    QVERIFY2(QFile::exists(kSim), qPrintable(kSim));
-}
-
-void TestHeadlessEndToEnd::drivesTheSimulatedCarAndStopsOnSigterm()
-{
-    DriveBench bench;
-    QVERIFY(!bench.replay.isEmpty());
-    const QString log = bench.home.filePath(QStringLiteral("bridge.jsonl"));
-    RunningProcess sim;
-    QVERIFY2(bench.startBridge(sim, log), qPrintable(sim.transcript()));
-    RunningProcess hub;
-    QVERIFY2(bench.startHub(hub), qPrintable(hub.transcript()));
-    // Run until the bridge has seen the steering and throttle of the replay for a while.
-    const auto sawDrive = [&log] {
-        const BridgeLogContents contents = readBridgeLog(log);
-        return !contents.frames.isEmpty() && contents.frames.last().channels.value(0) == 2047 &&
-               contents.frames.last().t - contents.startTime > 2500;
-    };
-    QTRY_VERIFY2_WITH_TIMEOUT(sawDrive(), qPrintable(hub.transcript()), 20000);
-
-    hub.process->terminate(); // SIGTERM
-    QVERIFY(hub.process->waitForFinished(10000));
-    QCOMPARE(hub.process->exitStatus(), QProcess::NormalExit);
-    QVERIFY2(hub.process->exitCode() == 0, qPrintable(hub.transcript()));
-    QVERIFY2(hub.out.contains("stopping (SIGTERM)"), qPrintable(hub.transcript()));
-    QTRY_VERIFY_WITH_TIMEOUT(readBridgeLog(log).stopTime >= 0, 5000);
-    sim.process->terminate();
-    QVERIFY(sim.process->waitForFinished(10000));
-    QCOMPARE(sim.process->exitCode(), 0);
-
-    BridgeLogContents contents = readBridgeLog(log);
-    QCOMPARE(contents.commands.count(QStringLiteral("START")), 1);
-    QCOMPARE(contents.commands.count(QStringLiteral("STOP")), 1);
-    QVERIFY(contents.commands.indexOf(QStringLiteral("START")) <
-            contents.commands.indexOf(QStringLiteral("STOP")));
-    QCOMPARE(contents.framesBeforeStart, 0);
-    QCOMPARE(contents.framesAfterStop, 0);
-    QVERIFY(contents.frames.size() > 300);
-    // Right before STOP: the neutral frame, wheel centred and ESC neutral, whatever the
-    // wheel and pedals did last.
-    const Frame neutral = contents.frames.takeLast();
-    QCOMPARE(neutral.channels.value(0), 1023);
-    QCOMPARE(neutral.channels.value(1), kNeutral);
-
-    // The first frames: wheel centred, pedals released.
-    const Frame &first = contents.frames.first();
-    QVERIFY2(std::abs(first.channels.value(0) - 1023) <= 1,
-             qPrintable(QString::number(first.channels.value(0))));
-    QCOMPARE(first.channels.value(1), kNeutral);
-    QCOMPARE(first.channels.value(2), 0);
-
-    // Steering follows the wheel to full right and the pedal, fully down by then, drives the car
-    // forward. (How far soft start lets CH2 rise is the drive computation's own test.)
-    const Frame &last = contents.frames.last();
-    QCOMPARE(last.channels.value(0), 2047);
-    int highest = 0;
-    for (const Frame &frame : contents.frames)
-        highest = std::max(highest, frame.channels.value(1));
-    QVERIFY(highest > kNeutral + 50);
-}
-
-void TestHeadlessEndToEnd::headlessDemoRunsWithoutADisplay()
-{
-    QTemporaryDir home;
-    QProcessEnvironment env = freshEnvironment(home);
-    // No display of any kind: a QApplication would abort here.
-    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        env.remove(QLatin1String(name));
-    RunningProcess hub;
-    hub.start(kHub, {QStringLiteral("--headless"), QStringLiteral("--demo")}, env);
-    QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("transmission started"), qPrintable(hub.transcript()), 15000);
-    // Telemetry from the simulated car comes back.
-    QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("car link up"), qPrintable(hub.transcript()), 15000);
-    hub.process->terminate();
-    QVERIFY(hub.process->waitForFinished(10000));
-    QCOMPARE(hub.process->exitStatus(), QProcess::NormalExit);
-    QVERIFY2(hub.process->exitCode() == 0, qPrintable(hub.transcript()));
-    QVERIFY2(hub.out.contains("transmission stopped after"), qPrintable(hub.transcript()));
-    // The demo's profiles lived in its own folder: the user's data folder was never made.
-    QVERIFY(!QDir(home.filePath(QStringLiteral("data/OrvaneLabs"))).exists());
-    QVERIFY(QDir(home.path()).entryList({QStringLiteral("orvanehub-demo-*")}, QDir::Dirs).isEmpty());
-}
-
-void TestHeadlessEndToEnd::badCommandLineExitsWithStatusTwo()
-{
-    // Every refusal is the parser's own test; here only that it ends the program with 2.
-    QTemporaryDir home;
-    QProcess hub;
-    hub.setProcessEnvironment(freshEnvironment(home));
-    hub.start(kHub, {QStringLiteral("--bogus")});
-    QVERIFY(hub.waitForFinished(20000));
-    QCOMPARE(hub.exitCode(), 2);
-    QVERIFY(hub.readAllStandardError().startsWith("orvanehub: "));
-    QVERIFY(hub.readAllStandardOutput().isEmpty());
-}
 
 QTEST_GUILESS_MAIN(TestHeadlessEndToEnd)
 #include "tst_headless_e2e.moc"

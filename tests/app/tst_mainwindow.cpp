@@ -65,9 +65,8 @@ private slots:
     void sidebarAndPagesNavigate()
     {
         tavrix::testing::HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(rig.showPage(QStringLiteral("dashboard")));
+        MainWindow &window = *rig.window;
         window.sidebar()->entryButton(QStringLiteral("vehicles"))->click();
         QCOMPARE(window.currentPage(), QStringLiteral("vehicles"));
 
@@ -155,7 +154,6 @@ private slots:
     {
         using tavrix::DeviceRole;
         tavrix::testing::HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
         QVERIFY(rig.startCarTransmission());
         tavrix::TavrixController *c = rig.controller();
         QCoreApplication::sendPostedEvents(); // the news of plugging them in

@@ -57,10 +57,6 @@ bool UhidDevice::create(const Identity &identity, const std::vector<uint8_t> &de
         *error = std::string("/dev/uhid: ") + std::strerror(errno);
         return false;
     }
-    if (descriptor.size() > HID_MAX_DESCRIPTOR_SIZE) {
-        *error = "descriptor too long for uhid";
-        return false;
-    }
     auto event = std::make_unique<uhid_event>();
     std::memset(event.get(), 0, sizeof(uhid_event));
     event->type = UHID_CREATE2;
