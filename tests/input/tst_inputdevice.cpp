@@ -1,4 +1,3 @@
-#include "deviceguid.h"
 #include "inputdevice.h"
 #include "virtualbackend.h"
 #include "virtualrig.h"
@@ -260,8 +259,6 @@ private slots:
         QCOMPARE(named.takeFirst().at(0).toString(), QStringLiteral("Wheel"));
         QCOMPARE(device.productName(), QStringLiteral("Logitech G923"));
         QCOMPARE(device.deviceIndex(), 1);
-        QCOMPARE(device.preset().name, presets::logitech);
-        QCOMPARE(device.instanceGuidString(), guidToString(backend.enumerate().devices[1].instanceGuid));
 
         // Reopening another device closes the first one in between.
         QVERIFY(device.open(0));

@@ -27,7 +27,6 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <fstream>
-#include <set>
 #include <sstream>
 #include <sys/io.h>
 #include <sys/ioctl.h>
@@ -124,12 +123,14 @@ struct Rig
     const hid::Descriptor &descriptor;
     vm::UhidDevice &uhid;
     BackendDevice &device;
-    std::set<uint8_t> reportIds;
 
+    // Every input report at rest (a report shared by several fields is sent more than once).
     void rest()
     {
-        for (uint8_t id : reportIds)
-            uhid.sendInput(hid::restingInputReport(descriptor, id));
+        for (const hid::Field &field : descriptor.fields) {
+            if (field.type == hid::ReportType::Input)
+                uhid.sendInput(hid::restingInputReport(descriptor, field.reportId));
+        }
     }
     RawInputState send(const hid::ElementRef &ref, int64_t value)
     {
@@ -212,11 +213,7 @@ void testDescriptor(const std::string &path, int number)
     check(!device->playConstantForce(0.5) && !device->lastEffectError().empty(),
           "no constant force on a device without force feedback, with a reason");
 
-    Rig rig{descriptor, uhid, *device, {}};
-    for (const hid::Field &field : descriptor.fields) {
-        if (field.type == hid::ReportType::Input)
-            rig.reportIds.insert(field.reportId);
-    }
+    Rig rig{descriptor, uhid, *device};
     // Any element shows reports arriving: the first button, else the first axis at its maximum.
     hid::ElementRef probe =
         layouts.directInputButtons.empty() ? hid::ElementRef{} : layouts.directInputButtons.front();
