@@ -204,12 +204,10 @@ private slots:
         QFETCH(QString, savedProduct);
         QFETCH(QString, deviceProduct);
         QFETCH(bool, usesSaved);
-        AxisMappingRecord saved;
-        saved.productName = savedProduct;
-        saved.instanceGuid = QStringLiteral("{00000000-0000-0000-0000-000000000001}");
-        saved.hasCustomAxisMapping = savedCustom;
-        saved.axisMapping = AxisPreset{
-            {6, 7, 5, kUnmappedSlot}, {true, false, true, false}, QStringLiteral("Mine"), false, 0.0f};
+        const AxisMappingRecord saved{
+            savedProduct, QStringLiteral("{00000000-0000-0000-0000-000000000001}"), savedCustom,
+            AxisPreset{
+                {6, 7, 5, kUnmappedSlot}, {true, false, true, false}, QStringLiteral("Mine"), false, 0.0f}};
         const AxisPreset detected = detectPreset(deviceProduct);
         const QString guid = QStringLiteral("{6F1D2B61-D5A0-11CF-BFC7-444553540000}");
         const SavedMappingOutcome outcome = resolveSavedMapping(saved, deviceProduct, guid, detected);
@@ -225,11 +223,9 @@ private slots:
     {
         VirtualRig rig(QStringLiteral("Thrustmaster T300RS Racing wheel"));
         QVERIFY(rig.open());
-        AxisMappingRecord saved;
-        saved.productName = QStringLiteral("Thrustmaster T300RS Racing wheel");
-        saved.hasCustomAxisMapping = true;
-        saved.axisMapping =
-            AxisPreset{{3, 5, 2, 6}, {false, true, false, false}, QStringLiteral("Custom"), false, 0.0f};
+        const AxisMappingRecord saved{
+            QStringLiteral("Thrustmaster T300RS Racing wheel"), QString(), true,
+            AxisPreset{{3, 5, 2, 6}, {false, true, false, false}, QStringLiteral("Custom"), false, 0.0f}};
         const AxisMappingRecord written = applySavedMapping(rig.device, saved);
         QCOMPARE(rig.device.preset(), saved.axisMapping);
         QVERIFY(rig.device.isAxisActive(3)); // the new steering slot is live

@@ -233,13 +233,8 @@ private slots:
 
     void instanceGuidIsStablePerPort()
     {
-        DeviceIdentity a;
-        a.bus = BUS_USB;
-        a.vendor = 0x046d;
-        a.product = 0xc29b;
-        a.version = 0x111;
-        a.physicalPath = "usb-0000:00:14.0-2/input0";
-        a.name = "G27 Racing Wheel";
+        const DeviceIdentity a{
+            BUS_USB, 0x046d, 0xc29b, 0x111, "G27 Racing Wheel", "usb-0000:00:14.0-2/input0", {}};
         DeviceIdentity sameWheelRenamed = a;
         sameWheelRenamed.name = "other name";
         DeviceIdentity otherPort = a;

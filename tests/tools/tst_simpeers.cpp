@@ -56,31 +56,6 @@ private slots:
         QVERIFY(module.handleExtendedFrame(0x2C, QByteArray::fromHex("eeef6300"), chunkSize).isEmpty());
         QVERIFY(module.handleExtendedFrame(0x2C, QByteArray::fromHex("eeef01ff"), chunkSize).isEmpty());
     }
-
-    void writesOutsideTheRangeAreRefused_data()
-    {
-        QTest::addColumn<int>("field");
-        QTest::addColumn<int>("value");
-        QTest::addColumn<bool>("accepted");
-        QTest::newRow("last option") << 1 << 5 << true;
-        QTest::newRow("past the last option") << 1 << 6 << false;
-        QTest::newRow("folder has no value") << 3 << 0 << false;
-        QTest::newRow("unknown field") << 99 << 0 << false;
-    }
-
-    void writesOutsideTheRangeAreRefused()
-    {
-        QFETCH(int, field);
-        QFETCH(int, value);
-        QFETCH(bool, accepted);
-        SimulatedParameterDevice module = SimulatedParameterDevice::transmitterModule();
-        const QByteArray before = module.fieldData(uint8_t(field));
-        QCOMPARE(module.write(uint8_t(field), uint8_t(value)), accepted);
-        if (accepted)
-            QCOMPARE(module.fields().at(0).value, uint8_t(value));
-        else
-            QCOMPARE(module.fieldData(uint8_t(field)), before);
-    }
 };
 
 QTEST_GUILESS_MAIN(TestSimPeers)
