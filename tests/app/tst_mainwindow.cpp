@@ -85,18 +85,7 @@ private slots:
         QCOMPARE(window.currentPage(), QStringLiteral("motion-chooser"));
     }
 
-    void themeQuestionWarnsWhenTransmissionRuns()
-    {
-        tavrix::testing::HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
-        std::unique_ptr<QMessageBox> box(window.themeSwitcher()->createQuestion(&window));
-        QVERIFY(box->informativeText().isEmpty());
-        QVERIFY(rig.startCarTransmission());
-        box.reset(window.themeSwitcher()->createQuestion(&window));
-        QCOMPARE(box->informativeText(), QStringLiteral("Transmission is running and will stop."));
-    }
-
-    void nextTimeStoresTheOtherThemeAndSaysWhen()
+    void themeChoiceForNextTimeIsStoredAndTheQuestionWarnsWhileTransmitting()
     {
         tavrix::testing::HubRig rig;
         QVERIFY(rig.showPage(QStringLiteral("dashboard")));
@@ -112,6 +101,13 @@ private slots:
         QCOMPARE(QSettings().value(QStringLiteral("ui/theme")).toString(), QStringLiteral("light"));
         QCOMPARE(restart.size(), 0);
         QVERIFY(!rig.window->restartRequested());
+
+        // The question warns only while transmission runs.
+        std::unique_ptr<QMessageBox> box(switcher->createQuestion(rig.window.get()));
+        QVERIFY(box->informativeText().isEmpty());
+        QVERIFY(rig.startCarTransmission());
+        box.reset(switcher->createQuestion(rig.window.get()));
+        QCOMPARE(box->informativeText(), QStringLiteral("Transmission is running and will stop."));
     }
 
     void restartNowFromTheSidebarClosesTheWindowForARestart()

@@ -213,6 +213,10 @@ private slots:
         QCOMPARE(dash->transmitterRow()->pill()->text(), QStringLiteral("Not connected"));
         QCOMPARE(dash->devicesRow()->pill()->text(), QStringLiteral("None"));
         QVERIFY(dash->telemetryEmptyState()->isVisible());
+        // Errors away from the vehicle pages become a toast.
+        rig.controller()->startTransmission();
+        QVERIFY(rig.window->toast()->isVisible());
+        QCOMPARE(rig.window->toast()->text(), QStringLiteral("RP2040 Bridge not connected"));
 
         QVERIFY(rig.startCarTransmission());
         QCOMPARE(dash->transmitterRow()->pill()->text(), QStringLiteral("Connected"));
@@ -330,15 +334,6 @@ private slots:
         heli->startButton()->click();
         QVERIFY(!c->isRunning());
         QVERIFY(!heli->isArmed());
-    }
-
-    void errorsAwayFromTheVehiclePagesBecomeAToast()
-    {
-        HubRig rig;
-        QVERIFY(rig.showPage(u"dashboard"_s));
-        rig.controller()->startTransmission();
-        QVERIFY(rig.window->toast()->isVisible());
-        QCOMPARE(rig.window->toast()->text(), QStringLiteral("RP2040 Bridge not connected"));
     }
 };
 

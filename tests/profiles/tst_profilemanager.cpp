@@ -540,6 +540,11 @@ private slots:
         {
             auto manager = loadedStore();
             QSignalSpy modified(manager.get(), &ProfileManager::profileModified);
+            // Setting what is already there writes nothing.
+            QVERIFY(manager->setAutoStartEnabled(false));
+            QVERIFY(manager->setSetting(keys::kLedSettings, QJsonObject{}));
+            QCOMPARE(modified.count(), 0);
+            QCOMPARE(manager->activeProfile().value(keys::kModifiedAt).toString(), kOldDate);
             // A partial section is completed with defaults, as if read from a file.
             const QJsonObject led{{u"brightness"_s, 50}, {u"mode"_s, u"range"_s}};
             QVERIFY(manager->setSetting(keys::kLedSettings, led));
@@ -565,19 +570,6 @@ private slots:
         QCOMPARE(manager->profiles().size(), 1);
         QCOMPARE(manager->setting(keys::kLedSettings).toObject().value(u"mode"_s).toString(), u"range"_s);
         QCOMPARE(manager->vehicleType(), u"rc_helicopter"_s);
-    }
-
-    void unchangedSettingIsNotWritten()
-    {
-        QVERIFY(writeFile(
-            profileDir() + u"/p.json"_s,
-            profileJson(u"p"_s, u"P"_s, {{keys::kCreatedAt, kOldDate}, {keys::kModifiedAt, kOldDate}})));
-        auto manager = loadedStore();
-        QSignalSpy modified(manager.get(), &ProfileManager::profileModified);
-        QVERIFY(manager->setAutoStartEnabled(false));
-        QVERIFY(manager->setSetting(keys::kLedSettings, QJsonObject{}));
-        QCOMPARE(modified.count(), 0);
-        QCOMPARE(manager->activeProfile().value(keys::kModifiedAt).toString(), kOldDate);
     }
 
     void transmitterPortDefaultsAndPersists()
@@ -681,8 +673,16 @@ private slots:
         QCOMPARE(manager->escPresets()->presets(), (QList<EscPreset>{{u"e"_s, u"Bare"_s, 992, 1811, 172}}));
     }
 
-    void shutdownRewritesConfig()
+    void onlyALoadedStoreWritesAtExit()
     {
+        QVERIFY(writeFile(profileDir() + u"/config.json"_s, R"({"version":1,"lastActiveProfileId":"keep"})"));
+        const auto before = snapshot(profileDir());
+        {
+            ProfileManager manager(m_base->path());
+        }
+        QCOMPARE(snapshot(profileDir()), before);
+
+        // A loaded one writes the configuration and the active profile again at exit.
         QString active;
         {
             auto manager = loadedStore();
@@ -694,16 +694,6 @@ private slots:
         QCOMPARE(readJson(profileDir() + u"/config.json"_s).value(keys::kLastActiveProfileId).toString(),
                  active);
         QVERIFY(QFile::exists(profileDir() + u'/' + active + u".json"_s));
-    }
-
-    void unloadedStoreWritesNothing()
-    {
-        QVERIFY(writeFile(profileDir() + u"/config.json"_s, R"({"version":1,"lastActiveProfileId":"keep"})"));
-        const auto before = snapshot(profileDir());
-        {
-            ProfileManager manager(m_base->path());
-        }
-        QCOMPARE(snapshot(profileDir()), before);
     }
 
 private:
