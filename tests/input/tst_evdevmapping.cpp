@@ -167,7 +167,7 @@ private slots:
         QCOMPARE(layoutDevice(capabilities({EV_ABS}, {ABS_X, ABS_Y}, {}), &absent).slotCode[SlotY], ABS_Y);
     }
 
-    void numbersButtonsInCodeOrder()
+    void numbersButtonsAndHatsInCodeOrder()
     {
         const DeviceCapabilities caps = capabilities(
             {EV_KEY}, {},
@@ -185,15 +185,12 @@ private slots:
         const DeviceLayout full = layoutDevice(all);
         QCOMPARE(full.buttonCodes.size(), size_t(32 + 64));
         QCOMPARE(full.buttonCodes.back(), KEY_MAX);
-    }
 
-    void countsPovsFromHatPairs()
-    {
-        const DeviceCapabilities caps = capabilities({EV_ABS}, {ABS_HAT0X, ABS_HAT0Y, ABS_HAT2Y}, {});
-        const DeviceLayout layout = layoutDevice(caps);
-        QCOMPARE(layout.povHat[0], 0);
-        QCOMPARE(layout.povHat[1], 2);
-        QCOMPARE(layout.povHat[2], -1);
+        // Hats are POVs in code order, from either axis of their pair.
+        const DeviceLayout hats = layoutDevice(capabilities({EV_ABS}, {ABS_HAT0X, ABS_HAT0Y, ABS_HAT2Y}, {}));
+        QCOMPARE(hats.povHat[0], 0);
+        QCOMPARE(hats.povHat[1], 2);
+        QCOMPARE(hats.povHat[2], -1);
     }
 
     void parsesSysfsBitmaps_data()
@@ -217,15 +214,7 @@ private slots:
         QCOMPARE(QList<int>(parsed.begin(), parsed.end()), bits);
     }
 
-    void productGuidIsDirectInputStyle()
-    {
-        QCOMPARE(guidToString(productGuid(0x046d, 0xc29b)),
-                 QStringLiteral("{C29B046D-0000-0000-0000-504944564944}"));
-        QCOMPARE(guidToString(productGuid(0x044f, 0xb66e)),
-                 QStringLiteral("{B66E044F-0000-0000-0000-504944564944}"));
-    }
-
-    void instanceGuidIsStablePerPort()
+    void guidsAreDirectInputsAndStablePerPort()
     {
         const DeviceIdentity a{
             BUS_USB, 0x046d, 0xc29b, 0x111, "G27 Racing Wheel", "usb-0000:00:14.0-2/input0", {}};
@@ -240,6 +229,11 @@ private slots:
         QVERIFY(instanceGuid(a) != instanceGuid(otherPort));
         QVERIFY(instanceGuid(a) != instanceGuid(otherVersion));
         QVERIFY(instanceGuid(a) != productGuid(a.vendor, a.product));
+        // The product GUID is DirectInput's.
+        QCOMPARE(guidToString(productGuid(0x046d, 0xc29b)),
+                 QStringLiteral("{C29B046D-0000-0000-0000-504944564944}"));
+        QCOMPARE(guidToString(productGuid(0x044f, 0xb66e)),
+                 QStringLiteral("{B66E044F-0000-0000-0000-504944564944}"));
     }
 };
 

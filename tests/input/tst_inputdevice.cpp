@@ -215,40 +215,13 @@ private slots:
         QVERIFY(!rig.device.isPressed(160));
     }
 
-    void refusedOpensLeaveTheDeviceAsItWas()
-    {
-        VirtualRig rig(QStringLiteral("MOZA R9 Base"));
-        QVERIFY(rig.open());
-        rig.backend.setButton(rig.id, 3, true);
-        rig.pollTimes(4);
-        QSignalSpy connected(&rig.device, &InputDevice::connectedChanged);
-        QSignalSpy named(&rig.device, &InputDevice::deviceNameChanged);
-        QVERIFY(!rig.device.open(1));
-        QVERIFY(!rig.device.open(-1));
-        QVERIFY(!rig.device.lastOpenError().isEmpty());
-        QVERIFY(rig.device.isOpen());
-        QVERIFY(rig.device.isConnected());
-        QCOMPARE(rig.device.deviceName(), QStringLiteral("MOZA R9 Base"));
-        QCOMPARE(rig.device.deviceIndex(), 0);
-        QCOMPARE(connected.count() + named.count(), 0);
-        QVERIFY(rig.device.button(3));
-
-        // The backend's own refusal is passed on, and nothing opens.
-        rig.device.close();
-        connected.clear();
-        rig.backend.setOpenRefusal(rig.id, QStringLiteral("device is busy"));
-        QVERIFY(!rig.open());
-        QCOMPARE(rig.device.lastOpenError(), QStringLiteral("device is busy"));
-        QVERIFY(!rig.device.isOpen());
-        QCOMPARE(connected.count(), 0);
-        rig.device.poll(); // nothing open: nothing happens
-    }
-
-    void openAndCloseReportByTheirSignals()
+    void openAndCloseReportByTheirSignalsAndRefusalsChangeNothing()
     {
         VirtualBackend backend;
-        backend.addDevice({QStringLiteral("Pedals"), QStringLiteral("Fanatec CSL Pedals"), 3, 0, 0, false});
-        backend.addDevice({QStringLiteral("Wheel"), QStringLiteral("Logitech G923"), 3, 25, 1, true});
+        const int pedals = backend.addDevice(
+            {QStringLiteral("Pedals"), QStringLiteral("Fanatec CSL Pedals"), 3, 8, 0, false});
+        const int wheel =
+            backend.addDevice({QStringLiteral("Wheel"), QStringLiteral("Logitech G923"), 3, 25, 1, true});
         InputDevice device(&backend);
         QSignalSpy connected(&device, &InputDevice::connectedChanged);
         QSignalSpy named(&device, &InputDevice::deviceNameChanged);
@@ -270,6 +243,19 @@ private slots:
         connected.clear();
         named.clear();
 
+        // Opening what is not there leaves the open device, its readings and signals alone.
+        backend.setButton(pedals, 3, true);
+        for (int poll = 0; poll < 4; ++poll)
+            device.poll();
+        QVERIFY(!device.open(2));
+        QVERIFY(!device.open(-1));
+        QVERIFY(!device.lastOpenError().isEmpty());
+        QVERIFY(device.isConnected());
+        QCOMPARE(device.deviceName(), QStringLiteral("Pedals"));
+        QCOMPARE(device.deviceIndex(), 0);
+        QVERIFY(device.button(3));
+        QCOMPARE(connected.count() + named.count(), 0);
+
         device.close();
         QCOMPARE(connected.count(), 1);
         QCOMPARE(named.count(), 1);
@@ -278,6 +264,14 @@ private slots:
         QCOMPARE(device.deviceName(), QString());
         device.close(); // closing a closed device says nothing
         QCOMPARE(connected.count(), 1);
+
+        // The backend's own refusal is passed on, and nothing opens.
+        backend.setOpenRefusal(wheel, QStringLiteral("device is busy"));
+        QVERIFY(!device.open(1));
+        QCOMPARE(device.lastOpenError(), QStringLiteral("device is busy"));
+        QVERIFY(!device.isOpen());
+        QCOMPARE(connected.count(), 1);
+        device.poll(); // nothing open: nothing happens
     }
 
     void lossIsReportedAndRecoveredInsidePoll()
