@@ -113,12 +113,8 @@ void ScreenshotMode::runNext()
 
 void ScreenshotMode::save(QWidget *widget, const QString &path)
 {
-    if (widget->grab().save(path)) {
-        m_written.append(path);
-    } else {
-        m_failed.append(path);
+    if (!widget->grab().save(path))
         qWarning("Screenshot: could not write %s", qUtf8Printable(path));
-    }
 }
 
 } // namespace tavrix

@@ -38,8 +38,6 @@ public:
                    QObject *parent = nullptr);
 
     void start();
-    QStringList writtenFiles() const { return m_written; }
-    QStringList failedFiles() const { return m_failed; }
 
 signals:
     // All images are written (or their failures logged); the caller quits the application.
@@ -54,8 +52,6 @@ private:
     QString m_theme;
     Options m_options;
     QList<std::function<void()>> m_steps;
-    QStringList m_written;
-    QStringList m_failed;
 };
 
 } // namespace tavrix

@@ -22,141 +22,135 @@ class TestCommandLineOptions : public QObject
     Q_OBJECT
 
 private slots:
-    void actions_data();
-    void actions();
-    void headlessValues();
-    void devicesByIndexAndName_data();
-    void devicesByIndexAndName();
-    void badCommandLinesAreRefused_data();
-    void badCommandLinesAreRefused();
+    void actions_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<Action>("action");
+        QTest::addColumn<bool>("demo");
+        QTest::addColumn<bool>("start");
+        QTest::newRow("nothing: the window") << words("") << Action::Window << false << false;
+        QTest::newRow("demo in the window starts") << words("--demo") << Action::Window << true << true;
+        QTest::newRow("headless") << words("--headless") << Action::Headless << false << false;
+        QTest::newRow("headless demo") << words("--headless --demo") << Action::Headless << true << true;
+        QTest::newRow("headless demo --start is redundant")
+            << words("--headless --demo --start") << Action::Headless << true << true;
+        QTest::newRow("headless start") << words("--headless --start") << Action::Headless << false << true;
+        QTest::newRow("list devices") << words("--list-devices") << Action::ListDevices << false << false;
+        QTest::newRow("help wins") << words("--headless --help") << Action::Help << false << false;
+        QTest::newRow("-h") << words("-h") << Action::Help << false << false;
+        QTest::newRow("version") << words("--version") << Action::Version << false << false;
+        QTest::newRow("-v") << words("-v") << Action::Version << false << false;
+    }
+
+    void actions()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(Action, action);
+        QFETCH(bool, demo);
+        QFETCH(bool, start);
+        const CommandLineParse parsed = parseCommandLine(arguments);
+        QVERIFY2(parsed.isValid(), qPrintable(parsed.error));
+        QCOMPARE(parsed.options.action, action);
+        QCOMPARE(parsed.options.demo, demo);
+        QCOMPARE(parsed.options.start, start);
+    }
+
+    void headlessValues()
+    {
+        CommandLineParse parsed = parseCommandLine(words("--headless --transmitter /dev/ttyACM0 --start"));
+        QVERIFY2(parsed.isValid(), qPrintable(parsed.error));
+        QCOMPARE(parsed.options.transmitterPort, QStringLiteral("/dev/ttyACM0"));
+        QVERIFY(!parsed.options.baudRate); // the default is decided with the profile's port
+        QVERIFY(!parsed.options.vehicle);
+        QVERIFY(parsed.options.devices.isEmpty());
+
+        parsed = parseCommandLine(words("--headless --transmitter=COM3 --baud 420000 --vehicle HELI"));
+        QVERIFY2(parsed.isValid(), qPrintable(parsed.error));
+        QCOMPARE(parsed.options.transmitterPort, QStringLiteral("COM3"));
+        QCOMPARE(parsed.options.baudRate, std::optional<qint32>(420000));
+        QCOMPARE(parsed.options.vehicle, std::optional<VehicleType>(VehicleType::Helicopter));
+        QVERIFY(!parsed.options.start);
+
+        parsed = parseCommandLine(words("--headless --vehicle car"));
+        QCOMPARE(parsed.options.vehicle, std::optional<VehicleType>(VehicleType::Car));
+    }
+
+    void devicesByIndexAndName_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QList<RoleChoice>>("expected");
+        QTest::newRow("car roles by index, in role order")
+            << words("--headless --pedals 1 --shifter +2 --wheel 0")
+            << QList<RoleChoice>{{DeviceRole::WheelBase, {0, {}}},
+                                 {DeviceRole::Pedals, {1, {}}},
+                                 {DeviceRole::Shifter, {2, {}}}};
+        QTest::newRow("names keep their spaces")
+            << QStringList{QStringLiteral("orvanehub"), QStringLiteral("--headless"),
+                           QStringLiteral("--wheel"), QStringLiteral("MOZA R9 Base"),
+                           QStringLiteral("--pedals=G29 Pedals 2")}
+            << QList<RoleChoice>{{DeviceRole::WheelBase, {-1, QStringLiteral("MOZA R9 Base")}},
+                                 {DeviceRole::Pedals, {-1, QStringLiteral("G29 Pedals 2")}}};
+        QTest::newRow("helicopter roles")
+            << words("--headless --vehicle heli --joystick T.16000M --throttle 1 --rudder 2")
+            << QList<RoleChoice>{{DeviceRole::HeliJoystick, {-1, QStringLiteral("T.16000M")}},
+                                 {DeviceRole::HeliThrottle, {1, {}}},
+                                 {DeviceRole::HeliPedals, {2, {}}}};
+        QTest::newRow("car roles with --vehicle car") << words("--headless --vehicle car --wheel 3")
+                                                      << QList<RoleChoice>{{DeviceRole::WheelBase, {3, {}}}};
+    }
+
+    void devicesByIndexAndName()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QList<RoleChoice>, expected);
+        const CommandLineParse parsed = parseCommandLine(arguments);
+        QVERIFY2(parsed.isValid(), qPrintable(parsed.error));
+        QCOMPARE(parsed.options.devices, expected);
+    }
+
+    void badCommandLinesAreRefused_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        // A piece of the message that tells the person what to change.
+        QTest::addColumn<QString>("mentions");
+        const auto row = [](const char *name, const char *line, const char *mentions) {
+            QTest::newRow(name) << words(line) << QString::fromUtf8(mentions);
+        };
+        row("unknown option", "--bogus", "bogus");
+        row("stray argument", "--headless now", "\"now\"");
+        row("missing value", "--headless --transmitter", "transmitter");
+        row("empty port", "--headless --transmitter=", "--transmitter needs a serial port");
+        row("baud not a number", "--headless --transmitter P --baud fast", "\"fast\" is not a baud rate");
+        row("baud too low", "--headless --transmitter P --baud 0", "is not a baud rate");
+        row("baud too high", "--headless --transmitter P --baud 99999999", "is not a baud rate");
+        row("vehicle unknown", "--headless --vehicle boat", "--vehicle must be car or heli");
+        row("helicopter role without heli", "--headless --joystick 0", "--joystick is a helicopter role");
+        row("car role with heli", "--headless --vehicle heli --wheel 0", "--wheel is a car role");
+        row("negative index", "--headless --wheel -1", "is not a device index");
+        row("huge index", "--headless --pedals 100000", "is not a device index");
+        row("empty device", "--headless --shifter=", "--shifter needs a device index");
+        row("start without headless", "--start", "--start needs --headless");
+        row("transmitter without headless", "--transmitter /dev/ttyACM0", "--transmitter needs --headless");
+        row("role without headless", "--wheel 0", "--wheel needs --headless");
+        row("demo brings its own transmitter", "--headless --demo --transmitter P",
+            "--transmitter cannot be used with --demo");
+        row("demo brings its own devices", "--headless --demo --pedals 1",
+            "--pedals cannot be used with --demo");
+    }
+
+    void badCommandLinesAreRefused()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, mentions);
+        const CommandLineParse parsed = parseCommandLine(arguments);
+        QVERIFY(!parsed.isValid());
+        QVERIFY2(parsed.error.contains(mentions), qPrintable(parsed.error));
+        // Nothing half-parsed is left to act on.
+        QCOMPARE(parsed.options.action, Action::Window);
+        QVERIFY(parsed.options.devices.isEmpty());
+        QVERIFY(!parsed.options.start);
+    }
 };
-
-void TestCommandLineOptions::actions_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<Action>("action");
-    QTest::addColumn<bool>("demo");
-    QTest::addColumn<bool>("start");
-    QTest::newRow("nothing: the window") << words("") << Action::Window << false << false;
-    QTest::newRow("demo in the window starts") << words("--demo") << Action::Window << true << true;
-    QTest::newRow("headless") << words("--headless") << Action::Headless << false << false;
-    QTest::newRow("headless demo") << words("--headless --demo") << Action::Headless << true << true;
-    QTest::newRow("headless demo --start is redundant")
-        << words("--headless --demo --start") << Action::Headless << true << true;
-    QTest::newRow("headless start") << words("--headless --start") << Action::Headless << false << true;
-    QTest::newRow("list devices") << words("--list-devices") << Action::ListDevices << false << false;
-    QTest::newRow("help wins") << words("--headless --help") << Action::Help << false << false;
-    QTest::newRow("-h") << words("-h") << Action::Help << false << false;
-    QTest::newRow("version") << words("--version") << Action::Version << false << false;
-    QTest::newRow("-v") << words("-v") << Action::Version << false << false;
-}
-
-void TestCommandLineOptions::actions()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(Action, action);
-    QFETCH(bool, demo);
-    QFETCH(bool, start);
-    const CommandLineParse parsed = parseCommandLine(arguments);
-    QVERIFY2(parsed.isValid(), qPrintable(parsed.error));
-    QCOMPARE(parsed.options.action, action);
-    QCOMPARE(parsed.options.demo, demo);
-    QCOMPARE(parsed.options.start, start);
-}
-
-void TestCommandLineOptions::headlessValues()
-{
-    CommandLineParse parsed = parseCommandLine(words("--headless --transmitter /dev/ttyACM0 --start"));
-    QVERIFY2(parsed.isValid(), qPrintable(parsed.error));
-    QCOMPARE(parsed.options.transmitterPort, QStringLiteral("/dev/ttyACM0"));
-    QVERIFY(!parsed.options.baudRate); // the default is decided with the profile's port
-    QVERIFY(!parsed.options.vehicle);
-    QVERIFY(parsed.options.devices.isEmpty());
-
-    parsed = parseCommandLine(words("--headless --transmitter=COM3 --baud 420000 --vehicle HELI"));
-    QVERIFY2(parsed.isValid(), qPrintable(parsed.error));
-    QCOMPARE(parsed.options.transmitterPort, QStringLiteral("COM3"));
-    QCOMPARE(parsed.options.baudRate, std::optional<qint32>(420000));
-    QCOMPARE(parsed.options.vehicle, std::optional<VehicleType>(VehicleType::Helicopter));
-    QVERIFY(!parsed.options.start);
-
-    parsed = parseCommandLine(words("--headless --vehicle car"));
-    QCOMPARE(parsed.options.vehicle, std::optional<VehicleType>(VehicleType::Car));
-}
-
-void TestCommandLineOptions::devicesByIndexAndName_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QList<RoleChoice>>("expected");
-    QTest::newRow("car roles by index, in role order")
-        << words("--headless --pedals 1 --shifter +2 --wheel 0")
-        << QList<RoleChoice>{{DeviceRole::WheelBase, {0, {}}},
-                             {DeviceRole::Pedals, {1, {}}},
-                             {DeviceRole::Shifter, {2, {}}}};
-    QTest::newRow("names keep their spaces")
-        << QStringList{QStringLiteral("orvanehub"), QStringLiteral("--headless"), QStringLiteral("--wheel"),
-                       QStringLiteral("MOZA R9 Base"), QStringLiteral("--pedals=G29 Pedals 2")}
-        << QList<RoleChoice>{{DeviceRole::WheelBase, {-1, QStringLiteral("MOZA R9 Base")}},
-                             {DeviceRole::Pedals, {-1, QStringLiteral("G29 Pedals 2")}}};
-    QTest::newRow("helicopter roles")
-        << words("--headless --vehicle heli --joystick T.16000M --throttle 1 --rudder 2")
-        << QList<RoleChoice>{{DeviceRole::HeliJoystick, {-1, QStringLiteral("T.16000M")}},
-                             {DeviceRole::HeliThrottle, {1, {}}},
-                             {DeviceRole::HeliPedals, {2, {}}}};
-    QTest::newRow("car roles with --vehicle car")
-        << words("--headless --vehicle car --wheel 3") << QList<RoleChoice>{{DeviceRole::WheelBase, {3, {}}}};
-}
-
-void TestCommandLineOptions::devicesByIndexAndName()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QList<RoleChoice>, expected);
-    const CommandLineParse parsed = parseCommandLine(arguments);
-    QVERIFY2(parsed.isValid(), qPrintable(parsed.error));
-    QCOMPARE(parsed.options.devices, expected);
-}
-
-void TestCommandLineOptions::badCommandLinesAreRefused_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    // A piece of the message that tells the person what to change.
-    QTest::addColumn<QString>("mentions");
-    const auto row = [](const char *name, const char *line, const char *mentions) {
-        QTest::newRow(name) << words(line) << QString::fromUtf8(mentions);
-    };
-    row("unknown option", "--bogus", "bogus");
-    row("stray argument", "--headless now", "\"now\"");
-    row("missing value", "--headless --transmitter", "transmitter");
-    row("empty port", "--headless --transmitter=", "--transmitter needs a serial port");
-    row("baud not a number", "--headless --transmitter P --baud fast", "\"fast\" is not a baud rate");
-    row("baud too low", "--headless --transmitter P --baud 0", "is not a baud rate");
-    row("baud too high", "--headless --transmitter P --baud 99999999", "is not a baud rate");
-    row("vehicle unknown", "--headless --vehicle boat", "--vehicle must be car or heli");
-    row("helicopter role without heli", "--headless --joystick 0", "--joystick is a helicopter role");
-    row("car role with heli", "--headless --vehicle heli --wheel 0", "--wheel is a car role");
-    row("negative index", "--headless --wheel -1", "is not a device index");
-    row("huge index", "--headless --pedals 100000", "is not a device index");
-    row("empty device", "--headless --shifter=", "--shifter needs a device index");
-    row("start without headless", "--start", "--start needs --headless");
-    row("transmitter without headless", "--transmitter /dev/ttyACM0", "--transmitter needs --headless");
-    row("role without headless", "--wheel 0", "--wheel needs --headless");
-    row("demo brings its own transmitter", "--headless --demo --transmitter P",
-        "--transmitter cannot be used with --demo");
-    row("demo brings its own devices", "--headless --demo --pedals 1", "--pedals cannot be used with --demo");
-}
-
-void TestCommandLineOptions::badCommandLinesAreRefused()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, mentions);
-    const CommandLineParse parsed = parseCommandLine(arguments);
-    QVERIFY(!parsed.isValid());
-    QVERIFY2(parsed.error.contains(mentions), qPrintable(parsed.error));
-    // Nothing half-parsed is left to act on.
-    QCOMPARE(parsed.options.action, Action::Window);
-    QVERIFY(parsed.options.devices.isEmpty());
-    QVERIFY(!parsed.options.start);
-}
 
 QTEST_GUILESS_MAIN(TestCommandLineOptions)
 #include "tst_commandlineoptions.moc"

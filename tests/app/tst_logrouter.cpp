@@ -104,17 +104,6 @@ private slots:
         QVERIFY(lines.last().endsWith(QStringLiteral("line %1").arg(LogRouter::kHistoryLines + 4)));
     }
 
-    void formatsTimeLevelAndText()
-    {
-        const QString line =
-            LogRouter::formatLine(QtWarningMsg, QStringLiteral("WebSocketServer: listening"));
-        QVERIFY2(QRegularExpression(
-                     QStringLiteral("^\\d\\d:\\d\\d:\\d\\d\\.\\d{3}  warning   WebSocketServer: listening$"))
-                     .match(line)
-                     .hasMatch(),
-                 qPrintable(line));
-    }
-
     void messagesFromAnotherThreadReachTheGuiThread()
     {
         LogRouter::installMessageHandler();

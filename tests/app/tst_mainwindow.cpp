@@ -1,7 +1,5 @@
-#include "carpage.h"
 #include "choicetile.h"
 #include "devicechangenotifier.h"
-#include "devicepickercard.h"
 #include "hubrig.h"
 #include "infopage.h"
 #include "inputdevice.h"
@@ -58,23 +56,17 @@ private slots:
         QCOMPARE(changed.first().first().toString(), key);
         QCOMPARE(window.sidebar()->activeEntry(), entry);
         QVERIFY(window.page(key)->isVisibleTo(&window));
-    }
-
-    void unknownPageKeyChangesNothing()
-    {
-        tavrix::testing::HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
-        window.showPage(QStringLiteral("info"));
+        // An unknown key changes nothing.
         QVERIFY(!window.showPage(QStringLiteral("rc-airplane")));
-        QCOMPARE(window.currentPage(), QStringLiteral("info"));
+        QCOMPARE(window.currentPage(), key);
+        QCOMPARE(changed.size(), 1);
     }
 
     void sidebarAndPagesNavigate()
     {
         tavrix::testing::HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(rig.showPage(QStringLiteral("dashboard")));
+        MainWindow &window = *rig.window;
         window.sidebar()->entryButton(QStringLiteral("vehicles"))->click();
         QCOMPARE(window.currentPage(), QStringLiteral("vehicles"));
 
@@ -93,18 +85,7 @@ private slots:
         QCOMPARE(window.currentPage(), QStringLiteral("motion-chooser"));
     }
 
-    void themeQuestionWarnsWhenTransmissionRuns()
-    {
-        tavrix::testing::HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
-        std::unique_ptr<QMessageBox> box(window.themeSwitcher()->createQuestion(&window));
-        QVERIFY(box->informativeText().isEmpty());
-        QVERIFY(rig.startCarTransmission());
-        box.reset(window.themeSwitcher()->createQuestion(&window));
-        QCOMPARE(box->informativeText(), QStringLiteral("Transmission is running and will stop."));
-    }
-
-    void nextTimeStoresTheOtherThemeAndSaysWhen()
+    void themeChoiceForNextTimeIsStoredAndTheQuestionWarnsWhileTransmitting()
     {
         tavrix::testing::HubRig rig;
         QVERIFY(rig.showPage(QStringLiteral("dashboard")));
@@ -120,6 +101,13 @@ private slots:
         QCOMPARE(QSettings().value(QStringLiteral("ui/theme")).toString(), QStringLiteral("light"));
         QCOMPARE(restart.size(), 0);
         QVERIFY(!rig.window->restartRequested());
+
+        // The question warns only while transmission runs.
+        std::unique_ptr<QMessageBox> box(switcher->createQuestion(rig.window.get()));
+        QVERIFY(box->informativeText().isEmpty());
+        QVERIFY(rig.startCarTransmission());
+        box.reset(switcher->createQuestion(rig.window.get()));
+        QCOMPARE(box->informativeText(), QStringLiteral("Transmission is running and will stop."));
     }
 
     void restartNowFromTheSidebarClosesTheWindowForARestart()
@@ -144,26 +132,6 @@ private slots:
         QCOMPARE(hub::ShellSettings::theme(), QStringLiteral("light"));
     }
 
-    void carCardsUseTheirSettingsKeys()
-    {
-        {
-            tavrix::testing::HubRig rig;
-            MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
-            auto *car = qobject_cast<tavrix::CarPage *>(window.page(QStringLiteral("rc-car")));
-            QVERIFY(car->deviceCard()->isExpanded());
-            QVERIFY(!car->configureCard()->isExpanded());
-            car->deviceCard()->setExpanded(false);
-            car->configureCard()->setExpanded(true);
-        }
-        QCOMPARE(QSettings().value(QStringLiteral("ui/carDevicesOpen")).toBool(), false);
-        QCOMPARE(QSettings().value(QStringLiteral("ui/carConfigureOpen")).toBool(), true);
-        tavrix::testing::HubRig rigAgain;
-        MainWindow again(*rigAgain.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
-        auto *car = qobject_cast<tavrix::CarPage *>(again.page(QStringLiteral("rc-car")));
-        QVERIFY(!car->deviceCard()->isExpanded());
-        QVERIFY(car->configureCard()->isExpanded());
-    }
-
     void reduceMotionIsStoredAndReachesTheSidebar()
     {
         tavrix::testing::HubRig rig;
@@ -182,7 +150,6 @@ private slots:
     {
         using tavrix::DeviceRole;
         tavrix::testing::HubRig rig;
-        MainWindow window(*rig.services, QStringLiteral("light"), *tavrix::LogRouter::instance());
         QVERIFY(rig.startCarTransmission());
         tavrix::TavrixController *c = rig.controller();
         QCoreApplication::sendPostedEvents(); // the news of plugging them in

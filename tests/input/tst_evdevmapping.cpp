@@ -160,32 +160,14 @@ private slots:
         QCOMPARE(layout.slotCode[SlotY], -1);
         // ABS_Z lost its own slot to the override and is still reachable.
         QCOMPARE(layout.slotCode[SlotSlider0], ABS_Z);
+
+        // A move of an axis the device lacks changes nothing.
+        SlotOverride absent;
+        absent.moves = {{ABS_RZ, SlotY}};
+        QCOMPARE(layoutDevice(capabilities({EV_ABS}, {ABS_X, ABS_Y}, {}), &absent).slotCode[SlotY], ABS_Y);
     }
 
-    void overrideForAbsentAxisChangesNothing()
-    {
-        SlotOverride move;
-        move.moves = {{ABS_RZ, SlotY}};
-        const DeviceCapabilities caps = capabilities({EV_ABS}, {ABS_X, ABS_Y}, {});
-        const DeviceLayout layout = layoutDevice(caps, &move);
-        QCOMPARE(layout.slotCode[SlotY], ABS_Y);
-    }
-
-    void overridesApplyOnlyUnderTheirDriver()
-    {
-        DeviceIdentity identity;
-        identity.vendor = 0x046d;
-        identity.product = 0xc298;
-        identity.driver = "logitech";
-        QVERIFY(findSlotOverride(identity) != nullptr);
-        identity.driver = "hid-generic";
-        QVERIFY(findSlotOverride(identity) == nullptr);
-        identity.driver = "logitech";
-        identity.product = 0xc29b; // G27 keeps its own descriptor under hid-lg
-        QVERIFY(findSlotOverride(identity) == nullptr);
-    }
-
-    void numbersButtonsInCodeOrder()
+    void numbersButtonsAndHatsInCodeOrder()
     {
         const DeviceCapabilities caps = capabilities(
             {EV_KEY}, {},
@@ -193,36 +175,22 @@ private slots:
         const DeviceLayout layout = layoutDevice(caps);
         QCOMPARE(layout.buttonCodes,
                  (std::vector<int>{BTN_TRIGGER, BTN_DEAD, BTN_SOUTH, BTN_TRIGGER_HAPPY2}));
-    }
 
-    void keepsAtMost128Buttons()
-    {
-        DeviceCapabilities caps;
+        // All joystick and trigger-happy codes: 96 buttons, the last code last.
+        DeviceCapabilities all;
         for (int code = BTN_JOYSTICK; code < BTN_JOYSTICK + 32; ++code)
-            caps.keys.set(static_cast<size_t>(code));
+            all.keys.set(static_cast<size_t>(code));
         for (int code = BTN_TRIGGER_HAPPY; code <= KEY_MAX; ++code)
-            caps.keys.set(static_cast<size_t>(code));
-        const DeviceLayout layout = layoutDevice(caps);
-        QCOMPARE(layout.buttonCodes.size(), size_t(32 + 64));
-        QCOMPARE(layout.buttonCodes.back(), KEY_MAX);
-    }
+            all.keys.set(static_cast<size_t>(code));
+        const DeviceLayout full = layoutDevice(all);
+        QCOMPARE(full.buttonCodes.size(), size_t(32 + 64));
+        QCOMPARE(full.buttonCodes.back(), KEY_MAX);
 
-    void countsPovsFromHatPairs()
-    {
-        const DeviceCapabilities caps = capabilities({EV_ABS}, {ABS_HAT0X, ABS_HAT0Y, ABS_HAT2Y}, {});
-        const DeviceLayout layout = layoutDevice(caps);
-        QCOMPARE(layout.povHat[0], 0);
-        QCOMPARE(layout.povHat[1], 2);
-        QCOMPARE(layout.povHat[2], -1);
-    }
-
-    void forceFeedbackMeansConstantForce()
-    {
-        DeviceCapabilities caps = capabilities({EV_ABS, EV_FF}, {ABS_X}, {});
-        caps.effects.set(FF_RUMBLE);
-        QVERIFY(!layoutDevice(caps).hasForceFeedback);
-        caps.effects.set(FF_CONSTANT);
-        QVERIFY(layoutDevice(caps).hasForceFeedback);
+        // Hats are POVs in code order, from either axis of their pair.
+        const DeviceLayout hats = layoutDevice(capabilities({EV_ABS}, {ABS_HAT0X, ABS_HAT0Y, ABS_HAT2Y}, {}));
+        QCOMPARE(hats.povHat[0], 0);
+        QCOMPARE(hats.povHat[1], 2);
+        QCOMPARE(hats.povHat[2], -1);
     }
 
     void parsesSysfsBitmaps_data()
@@ -246,23 +214,10 @@ private slots:
         QCOMPARE(QList<int>(parsed.begin(), parsed.end()), bits);
     }
 
-    void productGuidIsDirectInputStyle()
+    void guidsAreDirectInputsAndStablePerPort()
     {
-        QCOMPARE(guidToString(productGuid(0x046d, 0xc29b)),
-                 QStringLiteral("{C29B046D-0000-0000-0000-504944564944}"));
-        QCOMPARE(guidToString(productGuid(0x044f, 0xb66e)),
-                 QStringLiteral("{B66E044F-0000-0000-0000-504944564944}"));
-    }
-
-    void instanceGuidIsStablePerPort()
-    {
-        DeviceIdentity a;
-        a.bus = BUS_USB;
-        a.vendor = 0x046d;
-        a.product = 0xc29b;
-        a.version = 0x111;
-        a.physicalPath = "usb-0000:00:14.0-2/input0";
-        a.name = "G27 Racing Wheel";
+        const DeviceIdentity a{
+            BUS_USB, 0x046d, 0xc29b, 0x111, "G27 Racing Wheel", "usb-0000:00:14.0-2/input0", {}};
         DeviceIdentity sameWheelRenamed = a;
         sameWheelRenamed.name = "other name";
         DeviceIdentity otherPort = a;
@@ -274,6 +229,11 @@ private slots:
         QVERIFY(instanceGuid(a) != instanceGuid(otherPort));
         QVERIFY(instanceGuid(a) != instanceGuid(otherVersion));
         QVERIFY(instanceGuid(a) != productGuid(a.vendor, a.product));
+        // The product GUID is DirectInput's.
+        QCOMPARE(guidToString(productGuid(0x046d, 0xc29b)),
+                 QStringLiteral("{C29B046D-0000-0000-0000-504944564944}"));
+        QCOMPARE(guidToString(productGuid(0x044f, 0xb66e)),
+                 QStringLiteral("{B66E044F-0000-0000-0000-504944564944}"));
     }
 };
 

@@ -46,156 +46,140 @@ class TestProfileSchema : public QObject
     Q_OBJECT
 
 private slots:
-    void defaultProfileMatchesGoldenFile();
-    void everyKeyIsPresentAfterReadingAnEmptyProfile();
-    void storedValuesReadAs_data();
-    void storedValuesReadAs();
-    void unknownKeysSurviveReading();
-    void migrations_data();
-    void migrations();
-    void migrationsAreIdempotent();
+    void defaultProfileMatchesGoldenFile()
+    {
+        // The exact bytes other versions of this program (and the mobile app's export) read.
+        QFile golden(QStringLiteral(PROFILES_TEST_DATA "/default-profile.json"));
+        QVERIFY2(golden.open(QIODevice::ReadOnly), qPrintable(golden.errorString()));
+        const QByteArray written = ProfileSchema::toFileBytes(ProfileSchema::defaultProfile(
+            u"3f2c1d0e-5b6a-4c7d-8e9f-0a1b2c3d4e5f"_s, u"Default"_s, u"2024-05-01T12:00:00Z"_s));
+        QCOMPARE(written, golden.readAll());
+    }
+
+    void sparseProfilesReadCompleteAndKeepUnknownKeys()
+    {
+        // An almost empty old file reads exactly like a fresh default profile with its identity.
+        const QJsonObject read = ProfileSchema::readProfile(parseObject(R"({"id":"a","name":"Old"})"));
+        QCOMPARE(read, ProfileSchema::defaultProfile(u"a"_s, u"Old"_s, QString()));
+
+        // A newer version's keys are carried along, at the top and deep inside.
+        const QJsonObject newer = ProfileSchema::readProfile(parseObject(
+            R"({"id":"a","name":"A","futureKey":[1],"ledSettings":{"futureLed":true},
+                "buttonMappings":[{"buttonIndex":3,"futureMapping":"x"}]})"));
+        QCOMPARE(newer.value(u"futureKey"_s), parseValue("[1]"));
+        QCOMPARE(valueAt(newer, u"ledSettings/futureLed"_s), QJsonValue(true));
+        QCOMPARE(valueAt(newer, u"buttonMappings/0/futureMapping"_s), QJsonValue(u"x"_s));
+    }
+
+    void storedValuesReadAs_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QByteArray>("expected");
+
+        const auto row = [](const char *name, const char *stored, const char *path, const char *expected) {
+            QTest::newRow(name) << QByteArray(stored) << QString::fromUtf8(path) << QByteArray(expected);
+        };
+        // Mistyped scalars fall back to the default of their key.
+        row("int from string", R"({"axisSettings":{"escNeutral":"900"}})", "axisSettings/escNeutral", "992");
+        row("int from fraction truncates", R"({"axisSettings":{"escNeutral":1000.9}})",
+            "axisSettings/escNeutral", "1000");
+        row("bool from number", R"({"autoStartEnabled":1})", "autoStartEnabled", "true");
+        row("number from string", R"({"axisSettings":{"Steering":{"deadzone":"x"}}})",
+            "axisSettings/Steering/deadzone", "0");
+        row("object from array", R"({"ledSettings":[1,2]})", "ledSettings/ledCount", "8");
+        // Kept as stored when the kind is right.
+        row("helicopter kept", R"({"vehicleType":"rc_helicopter"})", "vehicleType", R"("rc_helicopter")");
+        // The format version is always the current one.
+        row("version written as 2", R"({"version":1})", "version", "2");
+        // An axis-settings object is named after its key, whatever it says.
+        row("axis name from key", R"({"axisSettings":{"Brake":{"name":"Pedal 2"}}})",
+            "axisSettings/Brake/name", R"("Brake")");
+        // Fixed-length lists are padded from their defaults or cut; bad elements take the default.
+        row("gear limits padded", R"({"axisSettings":{"gearThrottleLimitPercent":[40,50]}})",
+            "axisSettings/gearThrottleLimitPercent", "[40,50,100,100,100,100,100]");
+        row("axis map bad element",
+            R"({"deviceConnections":{"pedals":{"axisMapping":{"map":[5,"x",null,255]}}}})",
+            "deviceConnections/pedals/axisMapping/map", "[5,1,2,255]");
+        // Free-length lists drop elements that cannot be read and complete the others.
+        row("extra buttons drop strings",
+            R"({"buttonMappings":[{"buttonIndex":4,"extraButtons":[1,"2",3]}]})",
+            "buttonMappings/0/extraButtons", "[1,3]");
+        row("button mapping completed", R"({"buttonMappings":[{"buttonIndex":4}]})",
+            "buttonMappings/0/outputValue", "2047");
+        row("range zone colour completed",
+            R"({"ledSettings":{"rangeZones":[{"startPercent":20,"color":{"r":10}}]}})",
+            "ledSettings/rangeZones/0",
+            R"({"startPercent":20,"endPercent":100,"color":{"r":10,"g":0,"b":0}})");
+        row("bridge baud default", R"({"deviceConnections":{"bridge":{"portName":"COM3"}}})",
+            "deviceConnections/bridge", R"({"portName":"COM3","baudRate":115200})");
+    }
+
+    void storedValuesReadAs()
+    {
+        QFETCH(QByteArray, stored);
+        QFETCH(QString, path);
+        QFETCH(QByteArray, expected);
+
+        QJsonObject profile = parseObject(stored);
+        profile.insert(profilekeys::kId, u"p"_s);
+        profile.insert(profilekeys::kName, u"P"_s);
+        QCOMPARE(valueAt(ProfileSchema::readProfile(profile), path), parseValue(expected));
+    }
+
+    void migrations_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::addColumn<int>("migrationsApplied");
+
+        const auto row = [](const char *name, const char *stored, const char *path, const char *expected,
+                            int migrationsApplied) {
+            QTest::newRow(name) << QByteArray(stored) << QString::fromUtf8(path) << QByteArray(expected)
+                                << migrationsApplied;
+        };
+        row("esc mode 1 merged into 0", R"({"axisSettings":{"escMode":1}})", "axisSettings/escMode", "0", 1);
+        row("esc mode 1.0 merged", R"({"axisSettings":{"escMode":1.0}})", "axisSettings/escMode", "0", 1);
+        row("dashboard GLat GLon", R"({"telemetryDashboard":["GLat","GLon"]})", "telemetryDashboard",
+            R"(["LatG","LonG"])", 1);
+        row("dashboard old and new of one key", R"({"telemetryDashboard":["LatG","GLat","LonG"]})",
+            "telemetryDashboard", R"(["LatG","LonG"])", 1);
+        row("dashboard key case matters", R"({"telemetryDashboard":["glat"]})", "telemetryDashboard",
+            R"(["glat"])", 0);
+        row("missing vehicle type is a car", "{}", "vehicleType", R"("rc_car")", 0);
+        row("both at once", R"({"axisSettings":{"escMode":1},"telemetryDashboard":["GLon"]})",
+            "telemetryDashboard/0", R"("LonG")", 2);
+    }
+
+    void migrations()
+    {
+        QFETCH(QByteArray, stored);
+        QFETCH(QString, path);
+        QFETCH(QByteArray, expected);
+        QFETCH(int, migrationsApplied);
+
+        QJsonObject profile = parseObject(stored);
+        profile.insert(profilekeys::kId, u"p"_s);
+        profile.insert(profilekeys::kName, u"P"_s);
+        QStringList applied;
+        const QJsonObject read = ProfileSchema::readProfile(profile, &applied);
+        QCOMPARE(valueAt(read, path), parseValue(expected));
+        QCOMPARE(applied.size(), migrationsApplied);
+    }
+
+    void migrationsAreIdempotent()
+    {
+        QStringList applied;
+        const QJsonObject once = ProfileSchema::readProfile(
+            parseObject(
+                R"({"id":"a","name":"A","axisSettings":{"escMode":1},"telemetryDashboard":["GLat","GVrt"]})"),
+            &applied);
+        QCOMPARE(applied.size(), 2);
+        QCOMPARE(ProfileSchema::readProfile(once, &applied), once);
+        QVERIFY(applied.isEmpty());
+    }
 };
-
-void TestProfileSchema::defaultProfileMatchesGoldenFile()
-{
-    // The exact bytes other versions of this program (and the mobile app's export) read.
-    QFile golden(QStringLiteral(PROFILES_TEST_DATA "/default-profile.json"));
-    QVERIFY2(golden.open(QIODevice::ReadOnly), qPrintable(golden.errorString()));
-    const QByteArray written = ProfileSchema::toFileBytes(ProfileSchema::defaultProfile(
-        u"3f2c1d0e-5b6a-4c7d-8e9f-0a1b2c3d4e5f"_s, u"Default"_s, u"2024-05-01T12:00:00Z"_s));
-    QCOMPARE(written, golden.readAll());
-}
-
-void TestProfileSchema::everyKeyIsPresentAfterReadingAnEmptyProfile()
-{
-    // An almost empty old file reads exactly like a fresh default profile with its identity.
-    const QJsonObject read = ProfileSchema::readProfile(parseObject(R"({"id":"a","name":"Old"})"));
-    QCOMPARE(read, ProfileSchema::defaultProfile(u"a"_s, u"Old"_s, QString()));
-}
-
-void TestProfileSchema::storedValuesReadAs_data()
-{
-    QTest::addColumn<QByteArray>("stored");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QByteArray>("expected");
-
-    // Mistyped scalars fall back to the default of their key.
-    QTest::newRow("int from string") << QByteArray(R"({"axisSettings":{"escNeutral":"900"}})")
-                                     << u"axisSettings/escNeutral"_s << QByteArray("992");
-    QTest::newRow("int from fraction truncates") << QByteArray(R"({"axisSettings":{"escNeutral":1000.9}})")
-                                                 << u"axisSettings/escNeutral"_s << QByteArray("1000");
-    QTest::newRow("bool from number")
-        << QByteArray(R"({"autoStartEnabled":1})") << u"autoStartEnabled"_s << QByteArray("true");
-    QTest::newRow("number from string") << QByteArray(R"({"axisSettings":{"Steering":{"deadzone":"x"}}})")
-                                        << u"axisSettings/Steering/deadzone"_s << QByteArray("0");
-    QTest::newRow("object from array")
-        << QByteArray(R"({"ledSettings":[1,2]})") << u"ledSettings/ledCount"_s << QByteArray("8");
-    // Kept as stored when the kind is right.
-    QTest::newRow("helicopter kept") << QByteArray(R"({"vehicleType":"rc_helicopter"})") << u"vehicleType"_s
-                                     << QByteArray(R"("rc_helicopter")");
-    // The format version is always the current one.
-    QTest::newRow("version written as 2")
-        << QByteArray(R"({"version":1})") << u"version"_s << QByteArray("2");
-    // An axis-settings object is named after its key, whatever it says.
-    QTest::newRow("axis name from key") << QByteArray(R"({"axisSettings":{"Brake":{"name":"Pedal 2"}}})")
-                                        << u"axisSettings/Brake/name"_s << QByteArray(R"("Brake")");
-    // Fixed-length lists are padded from their defaults or cut; bad elements take the default.
-    QTest::newRow("gear limits padded")
-        << QByteArray(R"({"axisSettings":{"gearThrottleLimitPercent":[40,50]}})")
-        << u"axisSettings/gearThrottleLimitPercent"_s << QByteArray("[40,50,100,100,100,100,100]");
-    QTest::newRow("axis map bad element")
-        << QByteArray(R"({"deviceConnections":{"pedals":{"axisMapping":{"map":[5,"x",null,255]}}}})")
-        << u"deviceConnections/pedals/axisMapping/map"_s << QByteArray("[5,1,2,255]");
-    // Free-length lists drop elements that cannot be read and complete the others.
-    QTest::newRow("extra buttons drop strings")
-        << QByteArray(R"({"buttonMappings":[{"buttonIndex":4,"extraButtons":[1,"2",3]}]})")
-        << u"buttonMappings/0/extraButtons"_s << QByteArray("[1,3]");
-    QTest::newRow("button mapping completed") << QByteArray(R"({"buttonMappings":[{"buttonIndex":4}]})")
-                                              << u"buttonMappings/0/outputValue"_s << QByteArray("2047");
-    QTest::newRow("range zone colour completed")
-        << QByteArray(R"({"ledSettings":{"rangeZones":[{"startPercent":20,"color":{"r":10}}]}})")
-        << u"ledSettings/rangeZones/0"_s
-        << QByteArray(R"({"startPercent":20,"endPercent":100,"color":{"r":10,"g":0,"b":0}})");
-    QTest::newRow("bridge baud default")
-        << QByteArray(R"({"deviceConnections":{"bridge":{"portName":"COM3"}}})")
-        << u"deviceConnections/bridge"_s << QByteArray(R"({"portName":"COM3","baudRate":115200})");
-}
-
-void TestProfileSchema::storedValuesReadAs()
-{
-    QFETCH(QByteArray, stored);
-    QFETCH(QString, path);
-    QFETCH(QByteArray, expected);
-
-    QJsonObject profile = parseObject(stored);
-    profile.insert(profilekeys::kId, u"p"_s);
-    profile.insert(profilekeys::kName, u"P"_s);
-    QCOMPARE(valueAt(ProfileSchema::readProfile(profile), path), parseValue(expected));
-}
-
-void TestProfileSchema::unknownKeysSurviveReading()
-{
-    // A newer version's keys are carried along, at the top and deep inside.
-    const QJsonObject read = ProfileSchema::readProfile(parseObject(
-        R"({"id":"a","name":"A","futureKey":[1],"ledSettings":{"futureLed":true},
-            "buttonMappings":[{"buttonIndex":3,"futureMapping":"x"}]})"));
-    QCOMPARE(read.value(u"futureKey"_s), parseValue("[1]"));
-    QCOMPARE(valueAt(read, u"ledSettings/futureLed"_s), QJsonValue(true));
-    QCOMPARE(valueAt(read, u"buttonMappings/0/futureMapping"_s), QJsonValue(u"x"_s));
-}
-
-void TestProfileSchema::migrations_data()
-{
-    QTest::addColumn<QByteArray>("stored");
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::addColumn<int>("migrationsApplied");
-
-    QTest::newRow("esc mode 1 merged into 0") << QByteArray(R"({"axisSettings":{"escMode":1}})")
-                                              << u"axisSettings/escMode"_s << QByteArray("0") << 1;
-    QTest::newRow("esc mode 1.0 merged") << QByteArray(R"({"axisSettings":{"escMode":1.0}})")
-                                         << u"axisSettings/escMode"_s << QByteArray("0") << 1;
-    QTest::newRow("dashboard GLat GLon") << QByteArray(R"({"telemetryDashboard":["GLat","GLon"]})")
-                                         << u"telemetryDashboard"_s << QByteArray(R"(["LatG","LonG"])") << 1;
-    QTest::newRow("dashboard old and new of one key")
-        << QByteArray(R"({"telemetryDashboard":["LatG","GLat","LonG"]})") << u"telemetryDashboard"_s
-        << QByteArray(R"(["LatG","LonG"])") << 1;
-    QTest::newRow("dashboard key case matters") << QByteArray(R"({"telemetryDashboard":["glat"]})")
-                                                << u"telemetryDashboard"_s << QByteArray(R"(["glat"])") << 0;
-    QTest::newRow("missing vehicle type is a car")
-        << QByteArray("{}") << u"vehicleType"_s << QByteArray(R"("rc_car")") << 0;
-    QTest::newRow("both at once") << QByteArray(
-                                         R"({"axisSettings":{"escMode":1},"telemetryDashboard":["GLon"]})")
-                                  << u"telemetryDashboard/0"_s << QByteArray(R"("LonG")") << 2;
-}
-
-void TestProfileSchema::migrations()
-{
-    QFETCH(QByteArray, stored);
-    QFETCH(QString, path);
-    QFETCH(QByteArray, expected);
-    QFETCH(int, migrationsApplied);
-
-    QJsonObject profile = parseObject(stored);
-    profile.insert(profilekeys::kId, u"p"_s);
-    profile.insert(profilekeys::kName, u"P"_s);
-    QStringList applied;
-    const QJsonObject read = ProfileSchema::readProfile(profile, &applied);
-    QCOMPARE(valueAt(read, path), parseValue(expected));
-    QCOMPARE(applied.size(), migrationsApplied);
-}
-
-void TestProfileSchema::migrationsAreIdempotent()
-{
-    QStringList applied;
-    const QJsonObject once = ProfileSchema::readProfile(
-        parseObject(
-            R"({"id":"a","name":"A","axisSettings":{"escMode":1},"telemetryDashboard":["GLat","GVrt"]})"),
-        &applied);
-    QCOMPARE(applied.size(), 2);
-    QCOMPARE(ProfileSchema::readProfile(once, &applied), once);
-    QVERIFY(applied.isEmpty());
-}
 
 QTEST_GUILESS_MAIN(TestProfileSchema)
 #include "tst_profileschema.moc"

@@ -27,13 +27,6 @@ struct LocalState
     void clear() { *this = LocalState{}; }
 };
 
-// Bounds that no real controller comes near; they keep a hostile descriptor from
-// making the parser allocate without limit.
-constexpr size_t kMaxUsages = 4096;
-constexpr uint32_t kMaxReportBits = 8 * 4096;
-constexpr size_t kMaxCollectionDepth = 32;
-constexpr size_t kMaxGlobalStack = 16;
-
 uint32_t withPage(uint32_t value, uint32_t size, uint32_t page)
 {
     return size == 4 ? value : usage(page, value);
@@ -46,16 +39,6 @@ uint32_t Field::usageAt(uint32_t element) const
     if (usages.empty())
         return 0;
     return usages[std::min<size_t>(element, usages.size() - 1)];
-}
-
-std::vector<const Field *> Descriptor::inputFields() const
-{
-    std::vector<const Field *> result;
-    for (const Field &field : fields) {
-        if (field.type == ReportType::Input)
-            result.push_back(&field);
-    }
-    return result;
 }
 
 uint32_t Descriptor::inputReportBytes(uint8_t reportId) const
@@ -74,7 +57,6 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
     GlobalState global;
     std::vector<GlobalState> globalStack;
     LocalState local;
-    size_t openCollections = 0;
     std::map<std::pair<int, uint8_t>, uint32_t> reportBits; // (type, id) -> bits used so far
 
     auto fail = [&](std::string message, size_t at) {
@@ -85,15 +67,7 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
     size_t pos = 0;
     while (pos < bytes.size()) {
         const size_t itemStart = pos;
-        const uint8_t prefix = bytes[pos++];
-        if (prefix == 0xfe) { // long item: skipped, none are defined
-            if (pos + 2 > bytes.size())
-                return fail("truncated long item", itemStart);
-            pos += 2 + bytes[pos];
-            if (pos > bytes.size())
-                return fail("truncated long item", itemStart);
-            continue;
-        }
+        const uint8_t prefix = bytes[pos++]; // long items (0xfe) read as the reserved type
         const uint32_t size = (prefix & 0x03) == 3 ? 4 : (prefix & 0x03);
         const uint8_t type = (prefix >> 2) & 0x03;
         const uint8_t tag = prefix >> 4;
@@ -118,33 +92,15 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
                 const ReportType reportType =
                     tag == 0x8 ? ReportType::Input : (tag == 0x9 ? ReportType::Output : ReportType::Feature);
                 uint32_t &used = reportBits[{static_cast<int>(reportType), global.reportId}];
-                const uint64_t bits = static_cast<uint64_t>(global.reportSize) * global.reportCount;
-                if (used + bits > kMaxReportBits)
-                    return fail("report too long", itemStart);
-                Field field;
-                field.type = reportType;
-                field.reportId = global.reportId;
-                field.bitOffset = used;
-                field.size = global.reportSize;
-                field.count = global.reportCount;
-                field.flags = unsignedData;
-                field.logicalMinimum = global.logicalMinimum;
-                field.logicalMaximum = global.logicalMaximum;
-                field.usages = local.usages;
-                used += static_cast<uint32_t>(bits);
-                descriptor.fields.push_back(std::move(field));
+                descriptor.fields.push_back({reportType, global.reportId, used, global.reportSize,
+                                             global.reportCount, unsignedData, global.logicalMinimum,
+                                             global.logicalMaximum, local.usages});
+                used += global.reportSize * global.reportCount;
                 local.clear();
                 break;
             }
             case 0xa: // collection
-                if (++openCollections > kMaxCollectionDepth)
-                    return fail("collections nested too deep", itemStart);
-                local.clear();
-                break;
             case 0xc: // end collection
-                if (openCollections == 0)
-                    return fail("end collection without collection", itemStart);
-                --openCollections;
                 local.clear();
                 break;
             default:
@@ -173,8 +129,6 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
                 global.reportSize = unsignedData;
                 break;
             case 0x8:
-                if (unsignedData == 0 || unsignedData > 255)
-                    return fail("invalid report id", itemStart);
                 global.reportId = static_cast<uint8_t>(unsignedData);
                 descriptor.usesReportIds = true;
                 break;
@@ -182,8 +136,6 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
                 global.reportCount = unsignedData;
                 break;
             case 0xa:
-                if (globalStack.size() >= kMaxGlobalStack)
-                    return fail("push without pop", itemStart);
                 globalStack.push_back(global);
                 break;
             case 0xb:
@@ -195,14 +147,10 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
             default:
                 return fail("unknown global item", itemStart);
             }
-            if (global.reportSize > 32)
-                return fail("report size above 32 bits", itemStart);
             break;
         case 2: // local
             switch (tag) {
             case 0x0:
-                if (local.usages.size() >= kMaxUsages)
-                    return fail("too many usages", itemStart);
                 local.usages.push_back(withPage(unsignedData, size, global.usagePage));
                 break;
             case 0x1:
@@ -213,8 +161,7 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
                 if (!local.haveMinimum)
                     return fail("usage maximum without minimum", itemStart);
                 const uint32_t maximum = withPage(unsignedData, size, global.usagePage);
-                if (maximum < local.usageMinimum || maximum - local.usageMinimum >= kMaxUsages ||
-                    local.usages.size() + (maximum - local.usageMinimum) >= kMaxUsages)
+                if (maximum < local.usageMinimum)
                     return fail("invalid usage range", itemStart);
                 for (uint32_t u = local.usageMinimum; u <= maximum; ++u)
                     local.usages.push_back(u);
@@ -229,8 +176,6 @@ Descriptor parseDescriptor(const std::vector<uint8_t> &bytes)
             return fail("reserved item type", itemStart);
         }
     }
-    if (openCollections != 0)
-        descriptor.error = "collection not closed";
     return descriptor;
 }
 
@@ -273,14 +218,15 @@ std::vector<uint8_t> restingInputReport(const Descriptor &descriptor, uint8_t re
     std::vector<uint8_t> report(descriptor.inputReportBytes(reportId), 0);
     if (descriptor.usesReportIds && !report.empty())
         report[0] = reportId;
-    for (const Field *field : descriptor.inputFields()) {
-        if (field->reportId != reportId || field->isConstant() || !field->isVariable())
+    for (const Field &field : descriptor.fields) {
+        if (field.type != ReportType::Input || field.reportId != reportId || field.isConstant() ||
+            !field.isVariable())
             continue;
-        for (uint32_t element = 0; element < field->count; ++element) {
-            const bool hat = field->usageAt(element) == usage(kPageGenericDesktop, 0x39);
+        for (uint32_t element = 0; element < field.count; ++element) {
+            const bool hat = field.usageAt(element) == usage(kPageGenericDesktop, 0x39);
             // A hat rests one past its range (its null state); everything else at its minimum.
-            setFieldValue(report, descriptor, *field, element,
-                          hat ? static_cast<int64_t>(field->logicalMaximum) + 1 : field->logicalMinimum);
+            setFieldValue(report, descriptor, field, element,
+                          hat ? static_cast<int64_t>(field.logicalMaximum) + 1 : field.logicalMinimum);
         }
     }
     return report;

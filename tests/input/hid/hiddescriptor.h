@@ -2,7 +2,8 @@
 
 // A small HID report descriptor parser for tests: enough of the HID 1.11 item
 // grammar to list the input fields of game controllers (usages, sizes, offsets,
-// logical ranges) and to build input reports for them.
+// logical ranges) and to build input reports for them. It reads only the trusted
+// descriptors of tests/data/devices, so it does not guard against hostile ones.
 // Plain C++: the kernel VM test program uses it too.
 
 #include <cstdint>
@@ -54,7 +55,6 @@ struct Descriptor
     bool usesReportIds = false;
     std::string error; // empty when the descriptor parsed
 
-    std::vector<const Field *> inputFields() const;
     // Bytes of the input report with this id, id byte included when ids are used.
     uint32_t inputReportBytes(uint8_t reportId) const;
 };

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
+#include <functional>
 #include <linux/uhid.h>
 #include <linux/uinput.h>
 #include <memory>
@@ -27,6 +28,26 @@ void copyName(void *target, size_t capacity, const std::string &text)
     std::memcpy(target, text.data(), std::min(text.size(), capacity - 1));
 }
 
+// A uinput device of ours (vendor 0x1234): `declare` announces its events before it is
+// created. The descriptor, or -1 with errno set.
+int createUinput(const std::string &name, uint16_t product, uint32_t ffEffects,
+                 const std::function<bool(int)> &declare)
+{
+    const int fd = ::open("/dev/uinput", O_RDWR | O_CLOEXEC | O_NONBLOCK);
+    if (fd < 0)
+        return -1;
+    uinput_setup setup{};
+    setup.id = {BUS_USB, 0x1234, product, 1};
+    copyName(setup.name, sizeof(setup.name), name);
+    setup.ff_effects_max = ffEffects;
+    if (declare(fd) && ::ioctl(fd, UI_DEV_SETUP, &setup) == 0 && ::ioctl(fd, UI_DEV_CREATE) == 0)
+        return fd;
+    const int failure = errno;
+    ::close(fd);
+    errno = failure;
+    return -1;
+}
+
 } // namespace
 
 bool UhidDevice::create(const Identity &identity, const std::vector<uint8_t> &descriptor, std::string *error)
@@ -34,10 +55,6 @@ bool UhidDevice::create(const Identity &identity, const std::vector<uint8_t> &de
     m_fd = ::open("/dev/uhid", O_RDWR | O_CLOEXEC | O_NONBLOCK);
     if (m_fd < 0) {
         *error = std::string("/dev/uhid: ") + std::strerror(errno);
-        return false;
-    }
-    if (descriptor.size() > HID_MAX_DESCRIPTOR_SIZE) {
-        *error = "descriptor too long for uhid";
         return false;
     }
     auto event = std::make_unique<uhid_event>();
@@ -78,21 +95,16 @@ void UhidDevice::serviceRequests()
         return;
     auto event = std::make_unique<uhid_event>();
     while (::read(m_fd, event.get(), sizeof(uhid_event)) > 0) {
-        if (event->type == UHID_GET_REPORT) {
-            const uint32_t id = event->u.get_report.id;
-            std::memset(event.get(), 0, sizeof(uhid_event));
-            event->type = UHID_GET_REPORT_REPLY;
-            event->u.get_report_reply.id = id;
-            event->u.get_report_reply.err = EIO;
-            writeAll(m_fd, event.get(), sizeof(uhid_event));
-        } else if (event->type == UHID_SET_REPORT) {
-            const uint32_t id = event->u.set_report.id;
-            std::memset(event.get(), 0, sizeof(uhid_event));
-            event->type = UHID_SET_REPORT_REPLY;
-            event->u.set_report_reply.id = id;
-            event->u.set_report_reply.err = EIO;
-            writeAll(m_fd, event.get(), sizeof(uhid_event));
-        }
+        const bool get = event->type == UHID_GET_REPORT;
+        if (!get && event->type != UHID_SET_REPORT)
+            continue;
+        const uint32_t id = get ? event->u.get_report.id : event->u.set_report.id;
+        std::memset(event.get(), 0, sizeof(uhid_event));
+        event->type = get ? UHID_GET_REPORT_REPLY : UHID_SET_REPORT_REPLY;
+        // Both replies start with the request's id and an error.
+        event->u.set_report_reply.id = id;
+        event->u.set_report_reply.err = EIO;
+        writeAll(m_fd, event.get(), sizeof(uhid_event));
     }
 }
 
@@ -109,34 +121,24 @@ void UhidDevice::destroy()
 
 bool UinputWheel::create(const std::string &name, std::string *error)
 {
-    m_fd = ::open("/dev/uinput", O_RDWR | O_CLOEXEC | O_NONBLOCK);
+    m_fd = createUinput(name, 0x5678, 16, [](int fd) {
+        bool ok = ::ioctl(fd, UI_SET_EVBIT, EV_KEY) == 0 && ::ioctl(fd, UI_SET_EVBIT, EV_ABS) == 0 &&
+                  ::ioctl(fd, UI_SET_EVBIT, EV_FF) == 0;
+        for (int key = BTN_TRIGGER; key < BTN_TRIGGER + 8; ++key)
+            ok = ok && ::ioctl(fd, UI_SET_KEYBIT, key) == 0;
+        for (int effect : {FF_CONSTANT, FF_SPRING, FF_GAIN, FF_AUTOCENTER})
+            ok = ok && ::ioctl(fd, UI_SET_FFBIT, effect) == 0;
+        for (int axis : {ABS_X, ABS_Y, ABS_Z}) {
+            uinput_abs_setup setup{};
+            setup.code = static_cast<uint16_t>(axis);
+            setup.absinfo.minimum = axis == ABS_X ? -32768 : 0;
+            setup.absinfo.maximum = axis == ABS_X ? 32767 : 255;
+            ok = ok && ::ioctl(fd, UI_SET_ABSBIT, axis) == 0 && ::ioctl(fd, UI_ABS_SETUP, &setup) == 0;
+        }
+        return ok;
+    });
     if (m_fd < 0) {
-        *error = std::string("/dev/uinput: ") + std::strerror(errno);
-        return false;
-    }
-    bool ok = ::ioctl(m_fd, UI_SET_EVBIT, EV_KEY) == 0 && ::ioctl(m_fd, UI_SET_EVBIT, EV_ABS) == 0 &&
-              ::ioctl(m_fd, UI_SET_EVBIT, EV_FF) == 0;
-    for (int key = BTN_TRIGGER; key < BTN_TRIGGER + 8; ++key)
-        ok = ok && ::ioctl(m_fd, UI_SET_KEYBIT, key) == 0;
-    for (int effect : {FF_CONSTANT, FF_SPRING, FF_GAIN, FF_AUTOCENTER})
-        ok = ok && ::ioctl(m_fd, UI_SET_FFBIT, effect) == 0;
-    for (int axis : {ABS_X, ABS_Y, ABS_Z}) {
-        uinput_abs_setup setup{};
-        setup.code = static_cast<uint16_t>(axis);
-        setup.absinfo.minimum = axis == ABS_X ? -32768 : 0;
-        setup.absinfo.maximum = axis == ABS_X ? 32767 : 255;
-        ok = ok && ::ioctl(m_fd, UI_SET_ABSBIT, axis) == 0 && ::ioctl(m_fd, UI_ABS_SETUP, &setup) == 0;
-    }
-    uinput_setup setup{};
-    setup.id.bustype = BUS_USB;
-    setup.id.vendor = 0x1234;
-    setup.id.product = 0x5678;
-    setup.id.version = 1;
-    copyName(setup.name, sizeof(setup.name), name);
-    setup.ff_effects_max = 16;
-    ok = ok && ::ioctl(m_fd, UI_DEV_SETUP, &setup) == 0 && ::ioctl(m_fd, UI_DEV_CREATE) == 0;
-    if (!ok) {
-        *error = std::string("uinput setup: ") + std::strerror(errno);
+        *error = std::string("uinput wheel: ") + std::strerror(errno);
         return false;
     }
     m_thread = std::thread([this] { serve(); });
@@ -241,18 +243,13 @@ UinputKeyboard::~UinputKeyboard()
 
 bool UinputKeyboard::create(const std::string &name)
 {
-    m_fd = ::open("/dev/uinput", O_RDWR | O_CLOEXEC);
-    if (m_fd < 0)
-        return false;
-    bool ok = ::ioctl(m_fd, UI_SET_EVBIT, EV_KEY) == 0;
-    for (int key = KEY_ESC; key <= KEY_SPACE; ++key)
-        ok = ok && ::ioctl(m_fd, UI_SET_KEYBIT, key) == 0;
-    uinput_setup setup{};
-    setup.id.bustype = BUS_USB;
-    setup.id.vendor = 0x1234;
-    setup.id.product = 0x0001;
-    copyName(setup.name, sizeof(setup.name), name);
-    return ok && ::ioctl(m_fd, UI_DEV_SETUP, &setup) == 0 && ::ioctl(m_fd, UI_DEV_CREATE) == 0;
+    m_fd = createUinput(name, 0x0001, 0, [](int fd) {
+        bool ok = ::ioctl(fd, UI_SET_EVBIT, EV_KEY) == 0;
+        for (int key = KEY_ESC; key <= KEY_SPACE; ++key)
+            ok = ok && ::ioctl(fd, UI_SET_KEYBIT, key) == 0;
+        return ok;
+    });
+    return m_fd >= 0;
 }
 
 } // namespace tavrix::vm

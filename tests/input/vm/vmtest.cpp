@@ -21,6 +21,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <dirent.h>
@@ -122,23 +123,23 @@ struct Rig
     const hid::Descriptor &descriptor;
     vm::UhidDevice &uhid;
     BackendDevice &device;
-    std::vector<uint8_t> reportIds;
 
+    // Every input report at rest (a report shared by several fields is sent more than once).
     void rest()
     {
-        for (uint8_t id : reportIds)
-            uhid.sendInput(hid::restingInputReport(descriptor, id));
+        for (const hid::Field &field : descriptor.fields) {
+            if (field.type == hid::ReportType::Input)
+                uhid.sendInput(hid::restingInputReport(descriptor, field.reportId));
+        }
     }
-    RawInputState send(const hid::ElementRef &ref, int64_t value, bool *lost = nullptr)
+    RawInputState send(const hid::ElementRef &ref, int64_t value)
     {
         const hid::Field &field = descriptor.fields[static_cast<size_t>(ref.field)];
         std::vector<uint8_t> report = hid::restingInputReport(descriptor, field.reportId);
         hid::setFieldValue(report, descriptor, field, ref.element, value);
         uhid.sendInput(report);
         RawInputState state;
-        const PollResult result = device.poll(state);
-        if (lost)
-            *lost = result == PollResult::Lost;
+        device.poll(state);
         return state;
     }
     // The event node appears while hid-generic is still probing, and until the probe
@@ -172,13 +173,9 @@ void testDescriptor(const std::string &path, int number)
     const evdev::DeviceLayout expected =
         evdev::layoutDevice(layouts.kernelCapabilities<evdev::DeviceCapabilities>());
 
-    const std::string stem = file.substr(0, file.size() - 4);
-    vm::UhidDevice::Identity identity;
-    identity.vendor = stored.vendor;
-    identity.product = stored.product;
-    identity.version = 0x0111;
-    identity.name = "vm " + stem.substr(0, 100);
-    identity.phys = "vmtest/uhid" + std::to_string(number);
+    const vm::UhidDevice::Identity identity{"vm " + file.substr(0, std::min<size_t>(100, file.size() - 4)),
+                                            "vmtest/uhid" + std::to_string(number), stored.vendor,
+                                            stored.product, 0x0111};
 
     vm::UhidDevice uhid;
     check(uhid.create(identity, stored.bytes, &error), "uhid device created: " + error);
@@ -194,12 +191,8 @@ void testDescriptor(const std::string &path, int number)
               std::to_string(expected.buttonCodes.size()));
     check(entry.axisCount == expected.axisCount, "axis count as modelled");
     check(!entry.hasForceFeedback, "no force feedback");
-    evdev::DeviceIdentity kernelIdentity;
-    kernelIdentity.bus = BUS_USB;
-    kernelIdentity.vendor = identity.vendor;
-    kernelIdentity.product = identity.product;
-    kernelIdentity.version = identity.version;
-    kernelIdentity.physicalPath = identity.phys;
+    const evdev::DeviceIdentity kernelIdentity{
+        BUS_USB, identity.vendor, identity.product, identity.version, {}, identity.phys, {}};
     check(entry.instanceGuid == evdev::instanceGuid(kernelIdentity),
           "instance GUID from ids and physical path");
     check(entry.productGuid == evdev::productGuid(identity.vendor, identity.product), "product GUID");
@@ -220,11 +213,7 @@ void testDescriptor(const std::string &path, int number)
     check(!device->playConstantForce(0.5) && !device->lastEffectError().empty(),
           "no constant force on a device without force feedback, with a reason");
 
-    Rig rig{descriptor, uhid, *device, {}};
-    for (const hid::Field *field : descriptor.inputFields()) {
-        if (std::find(rig.reportIds.begin(), rig.reportIds.end(), field->reportId) == rig.reportIds.end())
-            rig.reportIds.push_back(field->reportId);
-    }
+    Rig rig{descriptor, uhid, *device};
     // Any element shows reports arriving: the first button, else the first axis at its maximum.
     hid::ElementRef probe =
         layouts.directInputButtons.empty() ? hid::ElementRef{} : layouts.directInputButtons.front();
@@ -262,10 +251,12 @@ void testDescriptor(const std::string &path, int number)
         }
         const int32_t middle =
             static_cast<int32_t>((int64_t(field.logicalMinimum) + field.logicalMaximum) / 2);
+        // DirectInput stretches the logical range over 0..65535 (DIPROP_RANGE).
         state = rig.send(ref, middle);
-        check(state.axes[static_cast<size_t>(slot)] ==
-                  evdev::scaleAxis(middle, field.logicalMinimum, field.logicalMaximum),
-              name + " middle value scaled");
+        const double windows = double(middle - field.logicalMinimum) * kRawAxisMax /
+                               (double(field.logicalMaximum) - field.logicalMinimum);
+        check(std::abs(state.axes[static_cast<size_t>(slot)] - windows) <= 1.0,
+              name + " middle value scaled as DirectInput does");
         rig.rest();
     }
 
@@ -299,10 +290,12 @@ void testPermissionProblem(const std::string &descriptorPath)
 {
     g_context = "permission";
     std::string error;
-    const std::vector<uint8_t> bytes = hid::parseHexBytes(readFile(descriptorPath), &error);
+    hid::StoredDevice stored;
     vm::UhidDevice uhid;
-    vm::UhidDevice::Identity identity{"vm permission wheel", "vmtest/permission", 0x046d, 0xc29b, 1};
-    check(uhid.create(identity, bytes, &error), "uhid device created: " + error);
+    const vm::UhidDevice::Identity identity{"vm permission wheel", "vmtest/permission", 0x046d, 0xc29b, 1};
+    check(hid::loadStoredDevice(descriptorPath, stored, &error) &&
+              uhid.create(identity, stored.bytes, &error),
+          "uhid device created: " + error);
     EvdevBackend backend;
     Enumeration found;
     const int index = waitForDevice(backend, identity.name, &uhid, &found);
@@ -339,15 +332,12 @@ void testKeyboardIsNotListed()
     check(keyboard.create("vm keyboard"), "uinput keyboard created");
     // Wait until the keyboard has its event node, then make sure it is not listed.
     check(waitUntil([] {
-              bool present = false;
-              DIR *dir = ::opendir("/sys/class/input");
-              while (const dirent *entry = dir && !present ? ::readdir(dir) : nullptr)
-                  present = std::string(entry->d_name).rfind("event", 0) == 0 &&
-                            readFile(std::string("/sys/class/input/") + entry->d_name + "/device/name") ==
-                                "vm keyboard\n";
-              if (dir)
-                  ::closedir(dir);
-              return present;
+              for (int n = 0; n < 256; ++n) {
+                  if (readFile("/sys/class/input/event" + std::to_string(n) + "/device/name") ==
+                      "vm keyboard\n")
+                      return true;
+              }
+              return false;
           }),
           "the keyboard has an event node");
     check(waitUntil([&] { return monitor.takeChanges(); }),
@@ -382,75 +372,60 @@ void testForceFeedback()
     if (other >= 0)
         ::close(other);
 
-    const int kWait = static_cast<int>(std::chrono::milliseconds(kPatience).count());
-    auto uploadOf = [](int type, int16_t level) {
-        return [type, level](const vm::FfRecord &r) {
-            if (r.kind != vm::FfRecord::Upload || r.effect.type != type)
-                return false;
-            return type == FF_CONSTANT ? r.effect.u.constant.level == level
-                                       : r.effect.u.condition[0].right_coeff == level;
-        };
-    };
     size_t mark = wheel.recordCount();
+    const int kWait = static_cast<int>(std::chrono::milliseconds(kPatience).count());
+    // Wait for the wheel to record a request from `mark` on; an id of -1 matches any effect.
+    auto recorded = [&](vm::FfRecord::Kind kind, int id, int value) {
+        return wheel.waitFor(
+            mark,
+            [=](const vm::FfRecord &r) {
+                return r.kind == kind && (id < 0 || r.effectId == id) && r.value == value;
+            },
+            kWait);
+    };
+    auto uploaded = [&](int type, int16_t level, vm::FfRecord *found) {
+        return wheel.waitFor(
+            mark,
+            [type, level](const vm::FfRecord &r) {
+                return r.kind == vm::FfRecord::Upload && r.effect.type == type &&
+                       (type == FF_CONSTANT ? r.effect.u.constant.level
+                                            : r.effect.u.condition[0].right_coeff) == level;
+            },
+            kWait, found);
+    };
     check(device->playConstantForce(0.5), "constant force plays: " + device->lastEffectError());
     vm::FfRecord upload;
-    check(wheel.waitFor(mark, uploadOf(FF_CONSTANT, 16383), kWait, &upload),
-          "constant force uploaded at 0.5");
+    check(uploaded(FF_CONSTANT, 16383, &upload), "constant force uploaded at 0.5");
     check(upload.effect.direction == 0x4000 && upload.effect.replay.length == 0,
           "along the wheel, until stopped");
     const int constantId = upload.effectId;
-    check(wheel.waitFor(
-              mark,
-              [&](const vm::FfRecord &r) {
-                  return r.kind == vm::FfRecord::Play && r.effectId == constantId && r.value == 1;
-              },
-              kWait),
-          "constant force started");
+    check(recorded(vm::FfRecord::Play, constantId, 1), "constant force started");
 
     mark = wheel.recordCount();
     check(device->playConstantForce(-0.25), "constant force updated");
-    check(wheel.waitFor(mark, uploadOf(FF_CONSTANT, -8191), kWait, &upload) && upload.effectId == constantId,
+    check(uploaded(FF_CONSTANT, -8191, &upload) && upload.effectId == constantId,
           "the same effect updated to -0.25");
 
     mark = wheel.recordCount();
     check(device->playSpring(0.8), "spring plays: " + device->lastEffectError());
-    check(wheel.waitFor(mark, uploadOf(FF_SPRING, 26213), kWait, &upload), "spring uploaded at 0.8");
+    check(uploaded(FF_SPRING, 26213, &upload), "spring uploaded at 0.8");
     const int springId = upload.effectId;
     check(springId != constantId, "spring is its own effect");
 
     mark = wheel.recordCount();
-    check(device->setGain(0.5), "gain set");
-    check(wheel.waitFor(
-              mark, [](const vm::FfRecord &r) { return r.kind == vm::FfRecord::Gain && r.value == 32767; },
-              kWait),
-          "gain reaches the wheel");
-    check(device->setAutocenter(0.0), "autocentre off");
-    check(wheel.waitFor(
-              mark, [](const vm::FfRecord &r) { return r.kind == vm::FfRecord::Autocenter && r.value == 0; },
-              kWait),
-          "autocentre reaches the wheel");
+    check(device->setGain(0.5) && recorded(vm::FfRecord::Gain, -1, 32767), "gain reaches the wheel");
+    check(device->setAutocenter(0.0) && recorded(vm::FfRecord::Autocenter, -1, 0),
+          "autocentre off reaches the wheel");
 
     mark = wheel.recordCount();
     device->stopEffects();
-    for (int id : {constantId, springId}) {
-        check(wheel.waitFor(
-                  mark,
-                  [id](const vm::FfRecord &r) {
-                      return r.kind == vm::FfRecord::Play && r.effectId == id && r.value == 0;
-                  },
-                  kWait),
-              "effect " + std::to_string(id) + " stopped");
-    }
+    for (int id : {constantId, springId})
+        check(recorded(vm::FfRecord::Play, id, 0), "effect " + std::to_string(id) + " stopped");
 
     mark = wheel.recordCount();
     device.reset();
-    for (int id : {constantId, springId}) {
-        check(wheel.waitFor(
-                  mark,
-                  [id](const vm::FfRecord &r) { return r.kind == vm::FfRecord::Erase && r.effectId == id; },
-                  kWait),
-              "effect " + std::to_string(id) + " erased on close");
-    }
+    for (int id : {constantId, springId})
+        check(recorded(vm::FfRecord::Erase, id, 0), "effect " + std::to_string(id) + " erased on close");
     // Re-open, then pull the wheel out from under the backend.
     found = backend.enumerate();
     const int reopened = waitForDevice(backend, "vm ffb wheel", nullptr, &found);
@@ -482,24 +457,17 @@ int main(int argc, char **argv)
     check(!files.empty(), "device descriptors present in " + folder);
 
     const auto started = std::chrono::steady_clock::now();
-    int number = 0;
-    for (const std::string &file : files) {
-        const int before = g_failed;
-        testDescriptor(file, number++);
-        std::printf("vmtest: %s %s\n", g_failed == before ? "ok  " : "FAIL", g_context.c_str());
-    }
-    auto group = [](void (*test)()) {
+    auto run = [](const std::function<void()> &test) {
         const int before = g_failed;
         test();
         std::printf("vmtest: %s %s\n", g_failed == before ? "ok  " : "FAIL", g_context.c_str());
     };
-    static std::string permissionDescriptor;
-    if (!files.empty()) {
-        permissionDescriptor = files.front();
-        group([] { testPermissionProblem(permissionDescriptor); });
-    }
-    group(testKeyboardIsNotListed);
-    group(testForceFeedback);
+    for (size_t i = 0; i < files.size(); ++i)
+        run([&] { testDescriptor(files[i], static_cast<int>(i)); });
+    if (!files.empty())
+        run([&] { testPermissionProblem(files.front()); });
+    run(testKeyboardIsNotListed);
+    run(testForceFeedback);
     const auto seconds =
         std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - started)
             .count() /
