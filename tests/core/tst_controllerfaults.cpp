@@ -97,7 +97,6 @@ private slots:
     void everyStopEndsWithANeutralFrame();
     void unpluggingTheBridgeWhileTransmittingAlwaysStops();
     void stalledBridgeGetsNoBacklogAndUnsentFramesAreNotCounted();
-    void ledPowerIsSavedAfterTheTickNotInIt();
 };
 
 void TestControllerFaults::everyStopEndsWithANeutralFrame_data()
@@ -199,6 +198,9 @@ void TestControllerFaults::everyStopEndsWithANeutralFrame()
     for (int ch = int(primaries.size()); ch < 16; ++ch)
         QCOMPARE((*neutral)[ch], (*driving)[ch]);
     QCOMPARE(wire.framesAfter(QStringLiteral("STOP")), 0);
+    // The pedals rest throughout: even the tick that finds a spike sends CH2 at neutral.
+    for (const Wire::Item &item : std::as_const(wire.items))
+        QVERIFY(!item.command.isEmpty() || item.channels[1] == 992);
     QCOMPARE(wire.count(QStringLiteral("START")), 1);
     QCOMPARE(errors.size(), message.isEmpty() ? 0 : 1);
     if (!message.isEmpty())
@@ -229,7 +231,7 @@ void TestControllerFaults::unpluggingTheBridgeWhileTransmittingAlwaysStops()
         QTRY_VERIFY(hungUp);
         QTRY_VERIFY2(!rig.controller->isSerialConnected(), qPrintable(QString::number(round)));
         QVERIFY2(!rig.controller->isRunning(), qPrintable(QString::number(round)));
-        QCOMPARE(countMessages(errors, QStringLiteral("Transmitter disconnected")), round);
+        QCOMPARE(errors.size(), round);
 
         rig.sim.setReadingPaused(false);
         QVERIFY(rig.sim.plugIn());
@@ -239,7 +241,12 @@ void TestControllerFaults::unpluggingTheBridgeWhileTransmittingAlwaysStops()
     }
     QVERIFY(rig.flushToBridge());
     QVERIFY(wire.count(QStringLiteral("START")) <= kRounds); // only the deliberate ones (some never arrive)
-    QCOMPARE(errors.size(), kRounds);
+
+    // The link that came back is the remembered one, and a deliberate start drives on it.
+    QCOMPARE(rig.profiles.transmitterPortName(), rig.linkPath());
+    const quint64 framesBefore = rig.sim.channelFrameCount();
+    QVERIFY(rig.controller->startTransmission());
+    QTRY_VERIFY(rig.sim.channelFrameCount() > framesBefore);
 }
 
 void TestControllerFaults::stalledBridgeGetsNoBacklogAndUnsentFramesAreNotCounted()
@@ -276,28 +283,6 @@ void TestControllerFaults::stalledBridgeGetsNoBacklogAndUnsentFramesAreNotCounte
         ++first;
     QVERIFY2(wire.items.at(first).channels[kCh1] > 1500,
              qPrintable(QString::number(wire.items.at(first).channels[kCh1])));
-}
-
-void TestControllerFaults::ledPowerIsSavedAfterTheTickNotInIt()
-{
-    ControllerRig rig;
-    QVERIFY2(rig.setUp(), "the controller rig could not be set up");
-    QJsonObject led = rig.profiles.setting(QStringLiteral("ledSettings")).toObject();
-    led.insert(QStringLiteral("powerButtonIndex"), 5);
-    QVERIFY(rig.profiles.setSetting(QStringLiteral("ledSettings"), led));
-    QVERIFY(rig.controller->startTransmission());
-    QTRY_COMPARE(rig.sim.lastChannels()[11], 2047);
-
-    // Writing the profile takes longer than a tick: the frame that switches CH12 goes out
-    // first, and the store is written once the tick has returned.
-    std::optional<int> ch12WhenSaved;
-    connect(&rig.profiles, &ProfileManager::profileModified, this,
-            [&] { ch12WhenSaved = rig.controller->channels()[11]; });
-    rig.backend.setButton(rig.firstDevice, 5, true);
-    QTRY_VERIFY(ch12WhenSaved.has_value());
-    QCOMPARE(*ch12WhenSaved, 0);
-    QCOMPARE(rig.profiles.setting(QStringLiteral("ledSettings")).toObject().value(QStringLiteral("powerOn")),
-             QJsonValue(false));
 }
 
 QTEST_GUILESS_MAIN(TestControllerFaults)

@@ -32,9 +32,10 @@ private slots:
     void findSavedDevice_data();
     void findSavedDevice();
     void staleCountChangesRaiseDashboardOnce();
+    void wrappedMotionRecord_data();
+    void wrappedMotionRecord();
     void followerWaitsForStopToSwitch_data();
     void followerWaitsForStopToSwitch();
-    void followerStoresLedPower();
 };
 
 void TestControllerParts::defaultProfileReadsAsTypedDefaults()
@@ -117,7 +118,6 @@ void TestControllerParts::malformedValuesKeepDefaults()
          QJsonObject{{QStringLiteral("softStartEnabled"), QStringLiteral("yes")},
                      {QStringLiteral("decelRate"), QJsonArray{}},
                      {QStringLiteral("gearThrottleLimitPercent"), QJsonArray{50, QStringLiteral("x")}}}},
-        {QStringLiteral("buttonMappings"), QJsonObject{}},
         {QStringLiteral("ledSettings"), QJsonArray{}},
         {QStringLiteral("buttonMappings"), QJsonArray{QJsonObject{{QStringLiteral("mode"), 99}}}},
     };
@@ -242,6 +242,39 @@ void TestControllerParts::staleCountChangesRaiseDashboardOnce()
     QCOMPARE(dashboard.size(), 2);
 }
 
+void TestControllerParts::wrappedMotionRecord_data()
+{
+    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<bool>("isMotion");
+
+    // destination, 0xCA, then the 7-byte record: tag, three big-endian values in milli-g.
+    const QByteArray record = QByteArray::fromHex("01"
+                                                  "01f4"
+                                                  "ff38"
+                                                  "03e8");
+    QTest::newRow("nine bytes unwrap") << (QByteArray::fromHex("eaca") + record) << true;
+    QTest::newRow("eight bytes are no wrapper") << (QByteArray::fromHex("eaca") + record.left(6)) << false;
+    QTest::newRow("wrong marker") << (QByteArray::fromHex("eacb") + record) << false;
+}
+
+void TestControllerParts::wrappedMotionRecord()
+{
+    QFETCH(QByteArray, payload);
+    QFETCH(bool, isMotion);
+
+    TelemetryMonitor monitor{ControllerTimings{}};
+    QSignalSpy motion(&monitor, &TelemetryMonitor::carMotionReceived);
+    monitor.handleFrame(crsf::kTypeWrappedRecord, payload);
+    QCOMPARE(motion.size(), isMotion ? 1 : 0);
+    QCOMPARE(monitor.receiverFfbState(),
+             isMotion ? ReceiverFfbState::ReceivingMotion : ReceiverFfbState::Idle);
+    if (isMotion) {
+        QCOMPARE(motion.first().at(0).toFloat(), 0.5f);
+        QCOMPARE(motion.first().at(1).toFloat(), -0.2f);
+        QCOMPARE(motion.first().at(2).toFloat(), 1.0f);
+    }
+}
+
 void TestControllerParts::followerWaitsForStopToSwitch_data()
 {
     QTest::addColumn<QString>("change");
@@ -306,34 +339,6 @@ void TestControllerParts::followerWaitsForStopToSwitch()
     // Nothing waits any more.
     follower.applyDeferredSwitch();
     QCOMPARE(reopen.size(), switches ? 1 : 0);
-}
-
-void TestControllerParts::followerStoresLedPower()
-{
-    QTemporaryDir dir;
-    QVERIFY(dir.isValid());
-    ProfileManager profiles(dir.path());
-    profiles.loadProfiles();
-    ActiveProfileFollower follower(&profiles);
-    follower.reload();
-    QVERIFY(follower.settings().led.powerOn);
-
-    QSignalSpy reloaded(&follower, &ActiveProfileFollower::settingsReloaded);
-    QVERIFY(follower.setLedPower(false));
-    QVERIFY(!follower.setLedPower(false));
-    QVERIFY(!follower.settings().led.powerOn);
-    // Written from the event loop, not from the caller's turn (the transmit tick).
-    const auto stored = [&profiles] {
-        return profiles.setting(QStringLiteral("ledSettings"))
-            .toObject()
-            .value(QStringLiteral("powerOn"))
-            .toBool(true);
-    };
-    QVERIFY(stored());
-    QTRY_VERIFY(!stored());
-    // The store's echo of the write is not reported as a change of the LED settings.
-    for (const QList<QVariant> &args : reloaded)
-        QVERIFY(!args.at(0).toBool());
 }
 
 QTEST_MAIN(TestControllerParts)

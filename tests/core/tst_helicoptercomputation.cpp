@@ -52,55 +52,29 @@ private slots:
         throttle.setAxis(kCollectiveSlot, -1.0f); // lever down
     }
 
-    void bipolarConversion_data()
+    void conversions_data()
     {
-        QTest::addColumn<float>("value");
         QTest::addColumn<int>("channel");
-        QTest::newRow("+1: 1811.5 rounds to 1812, clamped") << 1.0f << 1811;
-        QTest::newRow("0: centre") << 0.0f << 992;
-        QTest::newRow("-1: 172.5 rounds away from zero") << -1.0f << 173;
-        QTest::newRow("+0.5: 1401.75") << 0.5f << 1402;
-        QTest::newRow("-0.5: 582.25") << -0.5f << 582;
-        QTest::newRow("beyond +1") << 2.0f << 1811;
+        QTest::addColumn<int>("expected");
+        using H = HelicopterComputation;
+        QTest::newRow("stick +1: 1811.5 rounds to 1812, clamped") << H::bipolarToChannel(1.0f) << 1811;
+        QTest::newRow("stick 0: centre") << H::bipolarToChannel(0.0f) << 992;
+        QTest::newRow("stick -1: 172.5 rounds away from zero") << H::bipolarToChannel(-1.0f) << 173;
+        QTest::newRow("stick beyond +1") << H::bipolarToChannel(2.0f) << 1811;
+        QTest::newRow("collective bottom") << H::collectiveToChannel(0.0f) << 172;
+        QTest::newRow("collective top") << H::collectiveToChannel(1.0f) << 1811;
+        QTest::newRow("collective below bottom") << H::collectiveToChannel(-0.5f) << 172;
+        QTest::newRow("1000 us") << H::microsecondsToChannel(1000) << 192;
+        QTest::newRow("armed default 2012 us: 1811.2") << H::microsecondsToChannel(2012) << 1811;
+        QTest::newRow("safe default 988 us: 172.8") << H::microsecondsToChannel(988) << 173;
+        QTest::newRow("880 us") << H::microsecondsToChannel(880) << 0;
+        QTest::newRow("above range") << H::microsecondsToChannel(2200) << 2047;
     }
-    void bipolarConversion()
+    void conversions()
     {
-        QFETCH(float, value);
         QFETCH(int, channel);
-        QCOMPARE(HelicopterComputation::bipolarToChannel(value), channel);
-    }
-
-    void collectiveConversion_data()
-    {
-        QTest::addColumn<float>("value");
-        QTest::addColumn<int>("channel");
-        QTest::newRow("bottom") << 0.0f << 172;
-        QTest::newRow("top") << 1.0f << 1811;
-        QTest::newRow("half: 991.5 rounds up") << 0.5f << 992;
-        QTest::newRow("below bottom") << -0.5f << 172;
-    }
-    void collectiveConversion()
-    {
-        QFETCH(float, value);
-        QFETCH(int, channel);
-        QCOMPARE(HelicopterComputation::collectiveToChannel(value), channel);
-    }
-
-    void microsecondsConversion_data()
-    {
-        QTest::addColumn<int>("micros");
-        QTest::addColumn<int>("channel");
-        QTest::newRow("1000 us") << 1000 << 192;
-        QTest::newRow("armed default 2012 us: 1811.2") << 2012 << 1811;
-        QTest::newRow("safe default 988 us: 172.8") << 988 << 173;
-        QTest::newRow("880 us") << 880 << 0;
-        QTest::newRow("above range") << 2200 << 2047;
-    }
-    void microsecondsConversion()
-    {
-        QFETCH(int, micros);
-        QFETCH(int, channel);
-        QCOMPARE(HelicopterComputation::microsecondsToChannel(micros), channel);
+        QFETCH(int, expected);
+        QCOMPARE(channel, expected);
     }
 
     void defaultChannels()
@@ -489,14 +463,10 @@ private slots:
                                  : HelicopterComputation::ArmChange::Changed);
         QCOMPARE(heli.isArmed(), !refused);
         QCOMPARE(heli.requestArmed(!refused, inputs()), HelicopterComputation::ArmChange::Unchanged);
-    }
-
-    void disarmingIsNeverRefused()
-    {
-        HelicopterComputation heli;
-        QCOMPARE(heli.requestArmed(true, inputs()), HelicopterComputation::ArmChange::Changed);
+        // Disarming is never refused, wherever the lever is.
         throttle.setAxis(kCollectiveSlot, 1.0f);
-        QCOMPARE(heli.requestArmed(false, inputs()), HelicopterComputation::ArmChange::Changed);
+        QCOMPARE(heli.requestArmed(false, inputs()), refused ? HelicopterComputation::ArmChange::Unchanged
+                                                             : HelicopterComputation::ArmChange::Changed);
         QVERIFY(!heli.isArmed());
     }
 };

@@ -1,11 +1,12 @@
 #include "controllerrig.h"
 
-#include "crsfwire.h"
 #include "inputdevice.h"
 #include "logcapture.h"
 
 #include <QSignalSpy>
 #include <QTest>
+
+#include <optional>
 
 using namespace tavrix;
 using namespace tavrix::testing;
@@ -39,17 +40,12 @@ private slots:
     void startRefusedForPressedPedals_data();
     void startRefusedForPressedPedals();
     void startRefusedWithoutBridgeOrWheel();
-    void startRefusedInConfigMode();
-    void configRefusedWhileRunning();
+    void configAndTransmissionExcludeEachOther();
     void stopWhileIdleWritesNothing();
     void unpluggedWheelStopsOnce();
-    void throttleSpikeSendsOneZeroedFrameAndStops();
-    void ledPowerButtonFlipsChannel12();
-    void bridgeDropReconnectsWhileIdle();
+    void ledPowerButtonFlipsChannel12BeforeItIsStored();
     void telemetryReachesTheController();
     void motionWaitEndsInNoMotionData();
-    void wrappedMotionRecord_data();
-    void wrappedMotionRecord();
     void helicopterStartsAndRefusesArmingAboveIdle();
     void profileSwitchWaitsForStop();
 };
@@ -108,7 +104,6 @@ void TestTavrixController::startRefusedForPressedPedals()
     ControllerRig rig;
     SET_UP_RIG(rig);
     QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
-    QSignalSpy running(rig.controller.get(), &TavrixController::runningChanged);
     rig.setPedals(throttle, brake);
 
     const bool started = rig.controller->startTransmission();
@@ -122,8 +117,6 @@ void TestTavrixController::startRefusedForPressedPedals()
     QVERIFY(!started);
     QCOMPARE(errors.size(), 1);
     QCOMPARE(errors.first().at(0).toString(), message);
-    QVERIFY(running.isEmpty());
-    QVERIFY(!rig.controller->isRunning());
     QCOMPARE(rig.commandCount(QStringLiteral("START")), 0);
     QCOMPARE(rig.sim.channelFrameCount(), quint64(0));
 }
@@ -150,43 +143,27 @@ void TestTavrixController::startRefusedWithoutBridgeOrWheel()
     QVERIFY(!rig.controller->isRunning());
 }
 
-void TestTavrixController::startRefusedInConfigMode()
+void TestTavrixController::configAndTransmissionExcludeEachOther()
 {
     ControllerRig rig;
     SET_UP_RIG(rig);
-    QSignalSpy config(rig.controller.get(), &TavrixController::configModeChanged);
     QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
 
     QVERIFY(rig.controller->enterConfigMode());
-    QCOMPARE(config.size(), 1);
     QTRY_COMPARE(rig.sim.mode(), sim::BridgeSimulator::Mode::Configuring);
-
     QVERIFY(!rig.controller->startTransmission());
     QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.first().at(0).toString(),
-             QStringLiteral("Stop configuring before starting transmission"));
-
     rig.controller->exitConfigMode();
+    QVERIFY(!rig.controller->isConfigMode());
+
+    QVERIFY(rig.controller->startTransmission());
+    QVERIFY(!rig.controller->enterConfigMode());
+    QCOMPARE(errors.size(), 2);
+    QVERIFY(!rig.controller->isConfigMode());
     QVERIFY(rig.flushToBridge());
     QCOMPARE(rig.sim.commands().filter(QStringLiteral("CFGMODE")),
              QStringList({QStringLiteral("CFGMODE ON"), QStringLiteral("CFGMODE OFF")}));
-    QCOMPARE(rig.commandCount(QStringLiteral("START")), 0);
-    QCOMPARE(config.last().at(0).toBool(), false);
-}
-
-void TestTavrixController::configRefusedWhileRunning()
-{
-    ControllerRig rig;
-    SET_UP_RIG(rig);
-    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
-    QVERIFY(rig.controller->startTransmission());
-
-    QVERIFY(!rig.controller->enterConfigMode());
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.first().at(0).toString(), QStringLiteral("Stop transmission before configuring"));
-    QVERIFY(!rig.controller->isConfigMode());
-    QVERIFY(rig.flushToBridge());
-    QCOMPARE(rig.commandCount(QStringLiteral("CFGMODE ON")), 0);
+    QCOMPARE(rig.commandCount(QStringLiteral("START")), 1);
 }
 
 void TestTavrixController::stopWhileIdleWritesNothing()
@@ -222,45 +199,16 @@ void TestTavrixController::unpluggedWheelStopsOnce()
         QVERIFY(idlePolls.wait(2000));
     QVERIFY(rig.flushToBridge());
 
-    QCOMPARE(countMessages(errors, QStringLiteral("Wheel base disconnected")), 1);
+    // What the stop sends is tst_controllerfaults' concern; here, that it happens once.
     QCOMPARE(errors.size(), 1);
     QCOMPARE(rig.commandCount(QStringLiteral("STOP")), 1);
     QCOMPARE(rig.controller->frameCount(), framesAtStop);
-    // Every counted frame, then the neutral frame of the stop (not counted).
-    QCOMPARE(rig.sim.channelFrameCount(), quint64(framesAtStop) + 1);
     QCOMPARE(wheel.size(), 1);
     QCOMPARE(wheel.first().at(0).toBool(), false);
     QVERIFY(!rig.controller->devices()->isConnected(DeviceRole::WheelBase));
 }
 
-void TestTavrixController::throttleSpikeSendsOneZeroedFrameAndStops()
-{
-    ControllerRig rig;
-    SET_UP_RIG(rig);
-    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
-    QSignalSpy running(rig.controller.get(), &TavrixController::runningChanged);
-    QVERIFY(rig.controller->startTransmission());
-    QTRY_VERIFY(rig.controller->frameCount() > 10);
-
-    // From released to full in one tick: no foot does that.
-    rig.setPedals(1.0, 0.0);
-    const quint32 framesBeforeSpike = rig.controller->frameCount();
-    QTRY_VERIFY(!rig.controller->isRunning());
-
-    QCOMPARE(rig.controller->frameCount(), framesBeforeSpike + 1);
-    // The zeroed frame of the tick that found the spike, then the stop's neutral frame.
-    QTRY_COMPARE(rig.sim.channelFrameCount(), quint64(framesBeforeSpike + 2));
-    QCOMPARE(rig.sim.lastChannels()[kCh2], kNeutral);
-    QVERIFY(rig.flushToBridge());
-    QCOMPARE(rig.commandCount(QStringLiteral("STOP")), 1);
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.first().at(0).toString(),
-             QStringLiteral("Transmission stopped for safety: impossible throttle spike detected. Verify the "
-                            "pedals and press Start Transmission again."));
-    QCOMPARE(running.size(), 2);
-}
-
-void TestTavrixController::ledPowerButtonFlipsChannel12()
+void TestTavrixController::ledPowerButtonFlipsChannel12BeforeItIsStored()
 {
     ControllerRig rig;
     SET_UP_RIG(rig);
@@ -271,10 +219,17 @@ void TestTavrixController::ledPowerButtonFlipsChannel12()
     QVERIFY(rig.controller->startTransmission());
     QTRY_COMPARE(rig.sim.lastChannels()[kCh12], 2047);
 
+    // Writing the profile takes longer than a tick: the frame that switches CH12 goes out
+    // first, and the store is written once the tick has returned.
+    std::optional<int> ch12WhenSaved;
+    connect(&rig.profiles, &ProfileManager::profileModified, this,
+            [&] { ch12WhenSaved = rig.controller->channels()[kCh12]; });
     rig.backend.setButton(rig.firstDevice, 5, true);
     QTRY_COMPARE(rig.sim.lastChannels()[kCh12], 0);
+    QTRY_COMPARE(ch12WhenSaved, std::optional<int>(0));
+    QCOMPARE(rig.profiles.setting(QStringLiteral("ledSettings")).toObject().value(QStringLiteral("powerOn")),
+             QJsonValue(false));
     QCOMPARE(ledChanged.size(), 1);
-    QVERIFY(!rig.controller->isLedPowerOn()); // how it is stored: tst_controllerfaults
 
     // Holding the button is one press; releasing and pressing again is the next.
     rig.backend.setButton(rig.firstDevice, 5, false);
@@ -283,26 +238,6 @@ void TestTavrixController::ledPowerButtonFlipsChannel12()
     rig.backend.setButton(rig.firstDevice, 5, true);
     QTRY_COMPARE(rig.sim.lastChannels()[kCh12], 2047);
     QCOMPARE(ledChanged.size(), 2);
-}
-
-void TestTavrixController::bridgeDropReconnectsWhileIdle()
-{
-    ControllerRig rig;
-    SET_UP_RIG(rig);
-    QSignalSpy connected(rig.controller.get(), &TavrixController::serialConnectedChanged);
-    QCOMPARE(rig.profiles.transmitterPortName(), rig.linkPath());
-
-    rig.sim.hangUp();
-    QTRY_VERIFY(!rig.controller->isSerialConnected());
-    QVERIFY(rig.controller->transmitterLink()->isReconnecting());
-    QVERIFY(rig.sim.plugIn());
-    QTRY_VERIFY(rig.controller->isSerialConnected());
-    QCOMPARE(rig.controller->serialPortName(), rig.linkPath());
-    QCOMPARE(connected.size(), 2);
-    QVERIFY(!rig.controller->isRunning()); // a reconnect does not start by itself
-
-    QVERIFY(rig.controller->startTransmission());
-    QTRY_VERIFY(rig.sim.channelFrameCount() > 0);
 }
 
 void TestTavrixController::telemetryReachesTheController()
@@ -364,48 +299,6 @@ void TestTavrixController::motionWaitEndsInNoMotionData()
     QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::WaitingForMotion);
     rig.controller->stopTransmission();
     QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::Idle);
-}
-
-void TestTavrixController::wrappedMotionRecord_data()
-{
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<bool>("isMotion");
-
-    // destination, 0xCA, then the 7-byte record: tag, three big-endian values in milli-g.
-    const QByteArray record = QByteArray::fromHex("01"
-                                                  "01f4"
-                                                  "ff38"
-                                                  "03e8");
-    QTest::newRow("nine bytes unwrap") << (QByteArray::fromHex("eaca") + record) << true;
-    QTest::newRow("eight bytes are no wrapper") << (QByteArray::fromHex("eaca") + record.left(6)) << false;
-    QTest::newRow("wrong marker") << (QByteArray::fromHex("eacb") + record) << false;
-}
-
-void TestTavrixController::wrappedMotionRecord()
-{
-    QFETCH(QByteArray, payload);
-    QFETCH(bool, isMotion);
-
-    sim::BridgeSimulatorSettings settings = ControllerRig::quietBridge();
-    settings.linkUp = false; // only the injected frame
-    ControllerRig rig(settings);
-    SET_UP_RIG(rig);
-    QSignalSpy frames(rig.controller.get(), &TavrixController::crsfFrameReceived);
-    QSignalSpy motion(rig.controller.get(), &TavrixController::carMotionReceived);
-
-    rig.sim.injectToHost(sim::crsfwire::buildFrame(sim::crsfwire::kTypeWrapper, payload, 0xEA));
-    QTRY_COMPARE(frames.size(), 1);
-    QCOMPARE(frames.first().at(0).value<uint8_t>(), uint8_t(0x50));
-    if (!isMotion) {
-        QVERIFY(motion.isEmpty());
-        QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::Idle);
-        return;
-    }
-    QCOMPARE(motion.size(), 1);
-    QCOMPARE(motion.first().at(0).toFloat(), 0.5f);
-    QCOMPARE(motion.first().at(1).toFloat(), -0.2f);
-    QCOMPARE(motion.first().at(2).toFloat(), 1.0f);
-    QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::ReceivingMotion);
 }
 
 void TestTavrixController::helicopterStartsAndRefusesArmingAboveIdle()

@@ -28,23 +28,6 @@ TavrixSerialPort::Timings quickRetries(int attempts)
     return timings;
 }
 
-// The text the system gives for a port that another holder keeps locked.
-QString busyErrorText(const QString &path)
-{
-    QSerialPort probe(path);
-    if (probe.open(QIODevice::ReadWrite))
-        return QString();
-    return probe.errorString();
-}
-
-QString busyMessage(const QString &errorText, const QString &path)
-{
-    return QStringLiteral(
-               "%1: %2 stayed busy — it may be in use by another application, or the transmitter is "
-               "still starting up. Wait a few seconds and try again.")
-        .arg(errorText, path);
-}
-
 } // namespace
 
 class TestTavrixSerialPort : public QObject
@@ -52,9 +35,7 @@ class TestTavrixSerialPort : public QObject
     Q_OBJECT
 private slots:
     void openAndCloseAnnounceInOrder();
-    void closedPortStaysQuiet();
     void openingAnotherPortClosesTheFirst();
-    void bytesFlowBothWays();
     void busyPortReportsAfterAllAttempts();
     void busyPortOpensOnceReleased();
     void missingPortFailsWithoutRetrying();
@@ -81,6 +62,8 @@ void TestTavrixSerialPort::openAndCloseAnnounceInOrder()
         events << QStringLiteral("connected:%1 open:%2").arg(connected).arg(port.isOpen());
     });
     QSignalSpy errors(&port, &TavrixSerialPort::errorOccurred);
+    port.close(); // not open yet: nothing to announce
+    QCOMPARE(port.write("STOP\n"), qint64(-1));
 
     QVERIFY(port.open(pty.slavePath(), kBaud));
     QVERIFY(port.isOpen());
@@ -95,17 +78,6 @@ void TestTavrixSerialPort::openAndCloseAnnounceInOrder()
     QCOMPARE(events,
              (QStringList{QStringLiteral("name:") + pty.slavePath(), QStringLiteral("connected:1 open:1"),
                           QStringLiteral("name:"), QStringLiteral("connected:0 open:0")}));
-}
-
-void TestTavrixSerialPort::closedPortStaysQuiet()
-{
-    TavrixSerialPort port;
-    QSignalSpy connected(&port, &TavrixSerialPort::connectedChanged);
-    QSignalSpy names(&port, &TavrixSerialPort::portNameChanged);
-    QSignalSpy errors(&port, &TavrixSerialPort::errorOccurred);
-    port.close();
-    QCOMPARE(port.write("STOP\n"), qint64(-1));
-    QCOMPARE(connected.size() + names.size() + errors.size(), 0);
 }
 
 void TestTavrixSerialPort::openingAnotherPortClosesTheFirst()
@@ -131,36 +103,12 @@ void TestTavrixSerialPort::openingAnotherPortClosesTheFirst()
     QVERIFY2(other.open(QIODevice::ReadWrite), qPrintable(other.errorString()));
 }
 
-void TestTavrixSerialPort::bytesFlowBothWays()
-{
-    PseudoTerminal pty;
-    QVERIFY(pty.open());
-    TavrixSerialPort port;
-    QVERIFY(port.open(pty.slavePath(), kBaud));
-
-    const QByteArray telemetry = QByteArray::fromHex("c80c14") + QByteArray("\x00\x0a\x0d\xff", 4) + "OK\r\n";
-    QByteArray received;
-    connect(&port, &TavrixSerialPort::dataReceived, this, [&](const QByteArray &data) {
-        QVERIFY(!data.isEmpty());
-        received += data;
-    });
-    QVERIFY(pty.write(telemetry));
-    QTRY_COMPARE(received, telemetry);
-
-    const QByteArray command("START\n");
-    QCOMPARE(port.write(command), qint64(command.size()));
-    QTRY_COMPARE(pty.bytesAvailable(), command.size());
-    QCOMPARE(pty.readAll(), command);
-}
-
 void TestTavrixSerialPort::busyPortReportsAfterAllAttempts()
 {
     PseudoTerminal pty;
     QVERIFY(pty.open());
     QSerialPort holder(pty.slavePath());
     QVERIFY(holder.open(QIODevice::ReadWrite));
-    const QString errorText = busyErrorText(pty.slavePath());
-    QVERIFY2(!errorText.isEmpty(), "a second open of a pty should be refused");
 
     LogCapture log;
     TavrixSerialPort port(quickRetries(3));
@@ -169,7 +117,7 @@ void TestTavrixSerialPort::busyPortReportsAfterAllAttempts()
     QVERIFY(!port.open(pty.slavePath(), kBaud));
 
     QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.at(0).at(0).toString(), busyMessage(errorText, pty.slavePath()));
+    QVERIFY(errors.at(0).at(0).toString().contains(pty.slavePath() + QStringLiteral(" stayed busy")));
     QCOMPARE(connected.size(), 0);
     QVERIFY(!port.isOpen());
     QVERIFY(!port.isOpening());
