@@ -488,7 +488,7 @@ private slots:
         testing::LogCapture log;
         for (int i = 0; i < 149; ++i)
             tick(drive, pedals(1.0f));
-        QCOMPARE(log.lines().size(), 2);
+        QCOMPARE(log.count(), 2);
     }
 };
 
