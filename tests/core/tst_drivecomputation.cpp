@@ -180,9 +180,11 @@ private slots:
         QCOMPARE(channels[1], c.ch2);
     }
 
-    void escModeStoredValues()
+    void escModeStoredValuesAndNames()
     {
-        QCOMPARE(escModeFromStored(1), EscMode::Standard); // the retired mode 1
+        QCOMPARE(escModeFromName(QStringLiteral("custom")), EscMode::Custom);
+        QCOMPARE(escModeFromName(QStringLiteral("Custom")), EscMode::Standard); // names are exact
+        QCOMPARE(escModeFromStored(1), EscMode::Standard);                      // the retired mode 1
         QCOMPARE(escModeFromStored(2), EscMode::Custom);
         DriveSettings s;
         s.escNeutral = 1000;

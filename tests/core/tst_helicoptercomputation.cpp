@@ -5,6 +5,7 @@
 #include <QTest>
 
 using namespace tavrix;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -244,39 +245,25 @@ private slots:
     // the collective and the motor at the bottom, not what calibration and curves make of 0.
     void absentControlsRest_data()
     {
-        QTest::addColumn<QString>("lost");        // "throttle", "pedals" or none
-        QTest::addColumn<QString>("missingSlot"); // the device lacks it: "collective", "pitch", "pedal2"
-        QTest::addColumn<int>("throttleAxis");
-        QTest::addColumn<int>("pitchAxis");
+        QTest::addColumn<QString>("absent"); // what is not there: a device, a slot or an assignment
         QTest::addColumn<bool>("differential");
         QTest::addColumn<bool>("curves");
         QTest::addColumn<int>("channel");
         QTest::addColumn<int>("value");
-        const QString none;
-        const QString throttleDevice = QStringLiteral("throttle");
-        const QString pedalDevice = QStringLiteral("pedals");
-        QTest::newRow("lost throttle") << throttleDevice << none << 2 << 1 << false << false << 2 << 172;
-        QTest::newRow("lost throttle, curves on")
-            << throttleDevice << none << 2 << 1 << false << true << 2 << 172;
-        QTest::newRow("lost throttle, motor")
-            << throttleDevice << none << 2 << 1 << false << true << 5 << 172;
-        QTest::newRow("unassigned throttle") << none << none << -1 << 1 << false << false << 2 << 172;
-        QTest::newRow("lever lacks its slot")
-            << none << QStringLiteral("collective") << 2 << 1 << false << false << 2 << 172;
-        QTest::newRow("unassigned pitch") << none << none << 2 << -1 << false << false << 1 << 992;
-        QTest::newRow("stick lacks the pitch slot")
-            << none << QStringLiteral("pitch") << 2 << 1 << false << false << 1 << 992;
-        QTest::newRow("lost rudder axis") << pedalDevice << none << 2 << 1 << false << false << 3 << 992;
-        QTest::newRow("lost pedal pair") << pedalDevice << none << 2 << 1 << true << false << 3 << 992;
-        QTest::newRow("pedals lack the second slot")
-            << none << QStringLiteral("pedal2") << 2 << 1 << true << false << 3 << 992;
+        QTest::newRow("lost throttle") << u"throttle device"_s << false << false << 2 << 172;
+        QTest::newRow("lost throttle, curves on") << u"throttle device"_s << false << true << 2 << 172;
+        QTest::newRow("lost throttle, motor") << u"throttle device"_s << false << true << 5 << 172;
+        QTest::newRow("unassigned throttle") << u"throttle axis"_s << false << false << 2 << 172;
+        QTest::newRow("lever lacks its slot") << u"collective slot"_s << false << false << 2 << 172;
+        QTest::newRow("unassigned pitch") << u"pitch axis"_s << false << false << 1 << 992;
+        QTest::newRow("stick lacks the pitch slot") << u"pitch slot"_s << false << false << 1 << 992;
+        QTest::newRow("lost rudder axis") << u"pedals device"_s << false << false << 3 << 992;
+        QTest::newRow("lost pedal pair") << u"pedals device"_s << true << false << 3 << 992;
+        QTest::newRow("pedals lack the second slot") << u"pedal2 slot"_s << true << false << 3 << 992;
     }
     void absentControlsRest()
     {
-        QFETCH(QString, lost);
-        QFETCH(QString, missingSlot);
-        QFETCH(int, throttleAxis);
-        QFETCH(int, pitchAxis);
+        QFETCH(QString, absent);
         QFETCH(bool, differential);
         QFETCH(bool, curves);
         QFETCH(int, channel);
@@ -286,8 +273,8 @@ private slots:
         // Captured centres off the raw 0, so reading "nothing" as 0 would deflect.
         s.calibration.pitch = {-1.0f, 0.2f, 1.0f};
         s.calibration.rudder = {-1.0f, 0.2f, 1.0f};
-        s.inputs.throttle.axis = throttleAxis;
-        s.inputs.joystick.yAxis = pitchAxis;
+        s.inputs.throttle.axis = absent == u"throttle axis"_s ? -1 : 2;
+        s.inputs.joystick.yAxis = absent == u"pitch axis"_s ? -1 : 1;
         s.inputs.pedals.differential = differential;
         s.inputs.pedals.axis2 = 4;
         s.pitchCurve = {curves, {0.3, 1.0}};
@@ -297,13 +284,13 @@ private slots:
         pedals.setAxis(kRudderSlot, 0.1f);
         pedals.setAxis(4, 0.1f);
         throttle.setAxis(kCollectiveSlot, 0.0f);
-        throttle.setConnected(lost != QLatin1String("throttle"));
-        pedals.setConnected(lost != QLatin1String("pedals"));
-        if (missingSlot == QLatin1String("collective"))
+        throttle.setConnected(absent != u"throttle device"_s);
+        pedals.setConnected(absent != u"pedals device"_s);
+        if (absent == u"collective slot"_s)
             throttle.removeAxis(kCollectiveSlot);
-        if (missingSlot == QLatin1String("pitch"))
+        if (absent == u"pitch slot"_s)
             joystick.removeAxis(kPitchSlot);
-        if (missingSlot == QLatin1String("pedal2"))
+        if (absent == u"pedal2 slot"_s)
             pedals.removeAxis(4);
         tick(heli, HelicopterComputation::kSpikeHoldTicks + 1); // past the spike protection
         QCOMPARE(channels[channel], value);
