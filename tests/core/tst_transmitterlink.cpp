@@ -359,6 +359,9 @@ void TestTransmitterLink::switchingPortsIsNotALoss()
     QVERIFY(!bench.link.isReconnecting());
     QCOMPARE(log.count(QStringLiteral("starting auto-reconnect")), 0);
     QCOMPARE(bench.link.rememberedPortName(), second.slavePath());
+    // The first port is really released: another client can take it now.
+    QSerialPort other(bench.path);
+    QVERIFY2(other.open(QIODevice::ReadWrite), qPrintable(other.errorString()));
 }
 
 QTEST_GUILESS_MAIN(TestTransmitterLink)
