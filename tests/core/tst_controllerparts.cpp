@@ -10,6 +10,7 @@
 #include "testsources.h"
 
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -60,30 +61,16 @@ void TestControllerParts::defaultProfileReadsAsTypedDefaults()
 
 void TestControllerParts::storedValuesAreRead()
 {
-    QJsonObject profile = ProfileSchema::defaultProfile(QStringLiteral("id"), QStringLiteral("Race"),
-                                                        ProfileSchema::currentTimestamp());
-    profile.insert(QStringLiteral("vehicleType"), QStringLiteral("rc_helicopter"));
-    QJsonObject axis = profile.value(QStringLiteral("axisSettings")).toObject();
-    axis.insert(QStringLiteral("escMode"), 2);
-    axis.insert(QStringLiteral("escNeutral"), 1500);
-    axis.insert(QStringLiteral("gearThrottleLimitPercent"), QJsonArray{10, 20, 30, 40, 50, 60, 70});
-    QJsonObject steering = axis.value(QStringLiteral("Steering")).toObject();
-    steering.insert(QStringLiteral("useCalibration"), true);
-    steering.insert(QStringLiteral("inputCenter"), 0.1);
-    axis.insert(QStringLiteral("Steering"), steering);
-    profile.insert(QStringLiteral("axisSettings"), axis);
-    profile.insert(QStringLiteral("buttonMappings"),
-                   QJsonArray{QJsonObject{{QStringLiteral("buttonIndex"), 4},
-                                          {QStringLiteral("extraButtons"), QJsonArray{130, -1}},
-                                          {QStringLiteral("channel"), 6},
-                                          {QStringLiteral("mode"), 3},
-                                          {QStringLiteral("activatesPitLimiter"), true}},
-                              QStringLiteral("not a mapping")});
-    QJsonObject config = profile.value(QStringLiteral("helicopterConfig")).toObject();
-    config = helicopterConfigWithRateMode(config, 2);
-    profile.insert(QStringLiteral("helicopterConfig"), config);
-    profile.insert(QStringLiteral("receiverCaps"),
-                   QJsonObject{{QStringLiteral("firmware"), QStringLiteral("4.2.0")}});
+    QJsonObject profile = QJsonDocument::fromJson(R"({
+        "vehicleType": "rc_helicopter",
+        "axisSettings": {"escMode": 2, "escNeutral": 1500, "gearThrottleLimitPercent": [10, 20, 30, 40, 50, 60, 70],
+                         "Steering": {"useCalibration": true, "inputCenter": 0.1}},
+        "buttonMappings": [{"buttonIndex": 4, "extraButtons": [130, -1], "channel": 6, "mode": 3,
+                            "activatesPitLimiter": true}, "not a mapping"],
+        "receiverCaps": {"firmware": "4.2.0"}
+    })")
+                              .object();
+    profile.insert(profilekeys::kHelicopterConfig, helicopterConfigWithRateMode({}, 2));
 
     const ProfileSettings s = ProfileSettings::fromProfile(profile);
     QCOMPARE(s.vehicleType, VehicleType::Helicopter);
@@ -104,8 +91,7 @@ void TestControllerParts::storedValuesAreRead()
     QCOMPARE(s.helicopter.dualRates.activeMode, 2);
     QCOMPARE(s.receiverGeneration, crsf::kReceiverGenerationNewer);
 
-    const QJsonObject led =
-        ledSettingsWithPower(profile.value(QStringLiteral("ledSettings")).toObject(), false);
+    const QJsonObject led = ledSettingsWithPower(QJsonObject{{QStringLiteral("ledCount"), 8}}, false);
     QCOMPARE(ledSettingsFromJson(led).powerOn, false);
     QCOMPARE(led.value(QStringLiteral("ledCount")).toInt(), 8); // the rest kept
 }
