@@ -427,24 +427,17 @@ void TestCrsfProtocol::emitsSignalsInOrder()
 void TestCrsfProtocol::feedingFromSlotKeepsFramesInOrder()
 {
     // A listener that answers a frame by feeding more bytes must not corrupt the stream.
-    const QByteArray first = crsftest::frame(0x28, hex("eeea"));
-    const QByteArray second = crsftest::frame(0x14, hex(kLinkHex));
-    const QByteArray third = crsftest::frame(0x02, hex(kGpsHex));
+    const QList<Frame> sent{{0x28, hex("eeea")}, {0x14, hex(kLinkHex)}, {0x02, hex(kGpsHex)}};
     CrsfProtocol parser;
     FrameRecorder recorder(parser);
     QObject context;
-    bool fed = false;
-    connect(&parser, &CrsfProtocol::frameReceived, &context, [&](uint8_t type, const QByteArray &) {
-        if (type == 0x28 && !fed) {
-            fed = true;
-            parser.feed(third);
-        }
+    connect(&parser, &CrsfProtocol::frameReceived, &context, [&](uint8_t type) {
+        if (type == 0x28 && recorder.frames.size() == 1)
+            parser.feed(crsftest::frame(sent[2].first, sent[2].second));
     });
-    parser.feed(first + second);
-    QCOMPARE(recorder.frames.size(), 3);
-    QCOMPARE(recorder.frames.at(0).first, uint8_t(0x28));
-    QCOMPARE(recorder.frames.at(1).first, uint8_t(0x14));
-    QCOMPARE(recorder.frames.at(2).first, uint8_t(0x02));
+    parser.feed(crsftest::frame(sent[0].first, sent[0].second) +
+                crsftest::frame(sent[1].first, sent[1].second));
+    QCOMPARE(recorder.frames, sent);
     QCOMPARE(parser.bufferedBytes(), 0);
 }
 
