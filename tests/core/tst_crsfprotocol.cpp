@@ -119,12 +119,9 @@ private slots:
     void buildsExtendedFrames_data();
     void buildsExtendedFrames();
 
-    void convertsRssi();
-    void decodesShortLinkStatisticsAsZero();
-    void decodesBatteryMaxima();
+    void decodersAtTheirEdges();
     void decodesGpsValidity_data();
     void decodesGpsValidity();
-    void readsBigEndianAndAbsentMarks();
 
     void parserFindsFrames_data();
     void parserFindsFrames();
@@ -222,29 +219,22 @@ void TestCrsfProtocol::buildsExtendedFrames()
 
 // --- decoders ---
 
-void TestCrsfProtocol::convertsRssi()
+void TestCrsfProtocol::decodersAtTheirEdges()
 {
-    // The signed and the magnitude forms of -96 dBm are read through the catalogue table.
+    // Typical payloads are read field by field through the catalogue table.
     QCOMPARE(CrsfProtocol::rssiToDbm(0x00), 0); // no reading
     QCOMPARE(CrsfProtocol::rssiToDbm(0x7F), -127);
     QCOMPARE(CrsfProtocol::rssiToDbm(0x80), -128);
-}
-
-void TestCrsfProtocol::decodesShortLinkStatisticsAsZero()
-{
-    // Full payloads are pinned field by field through the catalogue table.
-    const LinkStatistics shortStats = CrsfProtocol::decodeLinkStatistics(hex(kLinkHex).left(9));
-    QCOMPARE(shortStats.uplinkRssi1, 0);
-    QCOMPARE(shortStats.downlinkLinkQuality, uint8_t(0));
-}
-
-void TestCrsfProtocol::decodesBatteryMaxima()
-{
-    // Typical payloads are read through the catalogue table; here, no field is signed.
+    QCOMPARE(CrsfProtocol::decodeLinkStatistics(hex(kLinkHex).left(9)).downlinkLinkQuality, uint8_t(0));
+    // No battery field is signed.
     const BatterySensor battery = CrsfProtocol::decodeBattery(hex("ffffffffffffff64"));
     QCOMPARE(battery.voltage, 6553.5f);
     QCOMPARE(battery.current, 6553.5f);
     QCOMPARE(battery.capacity, 0xFFFFFFu);
+    // Reading past the end gives nothing rather than stray bytes.
+    QCOMPARE(CrsfProtocol::readBigEndian16(hex("12ff34"), 1), uint16_t(0xFF34));
+    QCOMPARE(CrsfProtocol::readBigEndian16(hex("12ff34"), 2), uint16_t(0));
+    QVERIFY(!CrsfProtocol::isAllFF(hex("ff"), 0, 2)); // bytes that are missing are not marked
 }
 
 void TestCrsfProtocol::decodesGpsValidity_data()
@@ -274,14 +264,6 @@ void TestCrsfProtocol::decodesGpsValidity()
     QFETCH(QByteArray, payload);
     QFETCH(bool, valid);
     QCOMPARE(CrsfProtocol::decodeGps(payload).valid, valid);
-}
-
-void TestCrsfProtocol::readsBigEndianAndAbsentMarks()
-{
-    // Reading past the end gives nothing rather than stray bytes.
-    QCOMPARE(CrsfProtocol::readBigEndian16(hex("12ff34"), 1), uint16_t(0xFF34));
-    QCOMPARE(CrsfProtocol::readBigEndian16(hex("12ff34"), 2), uint16_t(0));
-    QVERIFY(!CrsfProtocol::isAllFF(hex("ff"), 0, 2)); // bytes that are missing are not marked
 }
 
 // --- parser ---
