@@ -127,12 +127,4 @@ struct ControllerRig
     int commandCount(const QString &command) const { return int(sim.commands().count(command)); }
 };
 
-inline int countMessages(const QSignalSpy &spy, const QString &message)
-{
-    int n = 0;
-    for (const QList<QVariant> &args : spy)
-        n += args.at(0).toString() == message ? 1 : 0;
-    return n;
-}
-
 } // namespace tavrix::testing

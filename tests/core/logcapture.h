@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QList>
 #include <QString>
 #include <QStringList>
 #include <QtGlobal>
@@ -15,40 +14,33 @@ public:
     LogCapture()
         : m_previous(qInstallMessageHandler(&LogCapture::handle))
     {
-        current() = this;
+        s_current = this;
     }
     ~LogCapture()
     {
         qInstallMessageHandler(m_previous);
-        current() = nullptr;
+        s_current = nullptr;
     }
     LogCapture(const LogCapture &) = delete;
     LogCapture &operator=(const LogCapture &) = delete;
 
-    QStringList lines() const { return m_lines; }
-    qsizetype count(const QString &fragment) const
+    // Lines containing `fragment`; all lines for an empty one.
+    [[nodiscard]] qsizetype count(const QString &fragment = QString()) const
     {
-        qsizetype n = 0;
-        for (const QString &line : m_lines)
-            n += line.contains(fragment) ? 1 : 0;
-        return n;
+        return m_lines.filter(fragment).size();
     }
 
 private:
-    static LogCapture *&current()
-    {
-        static LogCapture *instance = nullptr;
-        return instance;
-    }
     static void handle(QtMsgType type, const QMessageLogContext &context, const QString &message)
     {
-        if (LogCapture *self = current()) {
-            self->m_lines.append(message);
-            if (self->m_previous)
-                self->m_previous(type, context, message);
+        if (s_current) {
+            s_current->m_lines.append(message);
+            if (s_current->m_previous)
+                s_current->m_previous(type, context, message);
         }
     }
 
+    static inline LogCapture *s_current = nullptr;
     QtMessageHandler m_previous = nullptr;
     QStringList m_lines;
 };

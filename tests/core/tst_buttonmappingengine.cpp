@@ -31,7 +31,18 @@ ButtonMapping holdMapping(int button, int channel, ButtonBehaviour mode, int rat
 constexpr int kCh4 = 3;
 constexpr int kCh5 = 4;
 
+// The buttons held for `times` ticks and the channel's value after them.
+struct Step
+{
+    QList<int> pressed;
+    int expected;
+    int times = 1;
+};
+using Steps = QList<Step>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Step)
 
 // One engine, one controller, one channel array: a car run in miniature.
 class ButtonMappingEngineTest : public QObject
@@ -50,12 +61,6 @@ private:
         channels.fill(0);
         engine.reset(mappings);
     }
-    int32_t tick(const ButtonMappingList &mappings, int channel)
-    {
-        engine.apply(mappings, channels, wheel);
-        return channels[channel];
-    }
-
 private slots:
     void withoutMappingsChannelsStayZero()
     {
@@ -66,18 +71,6 @@ private slots:
         for (int i = 0; i < 500; ++i)
             engine.apply(none, channels, wheel);
         QCOMPARE(channels, ChannelValues{});
-    }
-
-    void invalidPrimarySourceDisablesMapping()
-    {
-        ButtonMapping m = mapping(-1, kCh4, ButtonBehaviour::Momentary, 2047, 100);
-        m.extraButtons = {5};
-        const ButtonMappingList mappings{m};
-        start(mappings);
-        channels[kCh4] = 555;
-        wheel.press(5);
-        QCOMPARE(tick(mappings, kCh4), 555);
-        QVERIFY(!ButtonMappingEngine::ownsChannel(mappings, kCh4));
     }
 
     void onlyChannelsInRangeAreWritten()
@@ -97,87 +90,80 @@ private slots:
         QCOMPARE(channels[1], 0);
     }
 
-    void momentary_data()
+    void sequences_data()
     {
-        QTest::addColumn<QList<int>>("pressed");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("released: first mapping's start value") << QList<int>{} << 100;
-        QTest::newRow("first pressed") << QList<int>{1} << 1000;
-        QTest::newRow("both: last in list order wins") << QList<int>{1, 2} << 2000;
-        QTest::newRow("further source of the first") << QList<int>{129} << 1000;
-        QTest::newRow("further source of the first and second") << QList<int>{129, 2} << 2000;
-    }
-    void momentary()
-    {
-        QFETCH(QList<int>, pressed);
-        QFETCH(int, expected);
+        QTest::addColumn<ButtonMappingList>("mappings");
+        QTest::addColumn<Steps>("steps");
+
         ButtonMapping first = mapping(1, kCh4, ButtonBehaviour::Momentary, 1000, 100);
         first.extraButtons = {-1, 129}; // a negative further source is skipped
-        const ButtonMappingList mappings{first, mapping(2, kCh4, ButtonBehaviour::Momentary, 2000, 200)};
-        start(mappings);
-        for (int index : pressed)
-            wheel.press(index);
-        QCOMPARE(tick(mappings, kCh4), expected);
-        wheel.releaseAll();
-        QCOMPARE(tick(mappings, kCh4), 100);
-    }
+        QTest::newRow("momentary: last pressed in list order wins, released gives the first start value")
+            << ButtonMappingList{first, mapping(2, kCh4, ButtonBehaviour::Momentary, 2000, 200)}
+            << Steps{{{}, 100}, {{1}, 1000}, {{1, 2}, 2000}, {{129}, 1000}, {{129, 2}, 2000}, {{}, 100}};
+        // Both rising in one tick: the later mapping in list order stores last; holding is no new edge.
+        QTest::newRow("switch positions form a multi-position switch")
+            << ButtonMappingList{mapping(1, kCh4, ButtonBehaviour::SwitchPosition, 172, 992),
+                                 mapping(2, kCh4, ButtonBehaviour::SwitchPosition, 1811, 500)}
+            << Steps{{{}, 992},      {{1}, 172},  {{}, 172},  {{2}, 1811}, {{}, 1811},
+                     {{1, 2}, 1811}, {{1}, 1811}, {{}, 1811}, {{1}, 172}};
+        const ButtonMapping toggle = mapping(7, kCh4, ButtonBehaviour::Toggle, 1811, 172);
+        QTest::newRow("toggle held for many ticks flips once")
+            << ButtonMappingList{toggle}
+            << Steps{{{}, 172}, {{7}, 1811, 300}, {{}, 1811, 10}, {{7}, 172}, {{7}, 172}};
+        ButtonMapping twoSources = toggle;
+        twoSources.extraButtons = {8};
+        QTest::newRow("toggle flips on every rising source, twice for two together")
+            << ButtonMappingList{twoSources} << Steps{{{7}, 1811}, {{7, 8}, 172}, {{}, 172}, {{7, 8}, 172}};
+        // 3.5 units per 7 ms tick: 819 units need 234 ticks = 1.638 s.
+        QTest::newRow("hold to raise reaches its maximum after 1.64 s")
+            << ButtonMappingList{holdMapping(5, kCh4, ButtonBehaviour::HoldToRaise, 500, 172, 1811, 992)}
+            << Steps{{{}, 992}, {{5}, 1807, 233}, {{5}, 1811}, {{5}, 1811, 100}, {{}, 1811}};
+        // Lowering 100 units/s from 1000: 0.7 per tick, truncated, not rounded.
+        const ButtonMappingList lower{holdMapping(5, kCh4, ButtonBehaviour::HoldToLower, 100, 0, 2047, 1000)};
+        QTest::newRow("hold, 2 ticks: 998.6") << lower << Steps{{{5}, 998, 2}, {{}, 998, 20}};
+        QTest::newRow("hold, 15 ticks: 989.5") << lower << Steps{{{5}, 989, 15}, {{}, 989, 20}};
+        // Raise and lower at the same rate cancel; 1500 - 2000 x 7 / 1000 after.
+        QTest::newRow("hold range spans all hold mappings of a channel")
+            << ButtonMappingList{holdMapping(1, kCh4, ButtonBehaviour::HoldToRaise, 2000, 500, 1500, 1000),
+                                 holdMapping(2, kCh4, ButtonBehaviour::HoldToLower, 2000, 200, 1200, 1900)}
+            << Steps{{{}, 1000}, {{2}, 200, 200}, {{1}, 1500, 200}, {{1, 2}, 1500}, {{2}, 1486}};
 
-    void switchPositionsFormMultiPositionSwitch()
-    {
-        const ButtonMappingList mappings{mapping(1, kCh5, ButtonBehaviour::SwitchPosition, 172, 992),
-                                         mapping(2, kCh5, ButtonBehaviour::SwitchPosition, 1811, 500)};
-        start(mappings);
-        QCOMPARE(tick(mappings, kCh5), 992); // first switch mapping's start value
-        wheel.press(1);
-        QCOMPARE(tick(mappings, kCh5), 172);
-        wheel.release(1);
-        QCOMPARE(tick(mappings, kCh5), 172); // stays after release
-        wheel.press(2);
-        QCOMPARE(tick(mappings, kCh5), 1811);
-        wheel.release(2);
-        QCOMPARE(tick(mappings, kCh5), 1811);
-        wheel.press(2);
-        wheel.press(1); // both rise in one tick: the later mapping in list order stores last
-        QCOMPARE(tick(mappings, kCh5), 1811);
-        wheel.release(2);
-        QCOMPARE(tick(mappings, kCh5), 1811); // holding button 1 is not a new edge
-        wheel.release(1);
-        tick(mappings, kCh5);
-        wheel.press(1);
-        QCOMPARE(tick(mappings, kCh5), 172);
-    }
+        ButtonMapping noSource = mapping(-1, kCh4, ButtonBehaviour::Momentary, 2047, 100);
+        noSource.extraButtons = {5};
+        QTest::newRow("a mapping without a primary source is off")
+            << ButtonMappingList{noSource} << Steps{{{}, 0}, {{5}, 0}};
 
-    void toggleHeldForManyTicksFlipsOnce()
-    {
-        const ButtonMappingList mappings{mapping(7, kCh4, ButtonBehaviour::Toggle, 1811, 172)};
-        start(mappings);
-        QCOMPARE(tick(mappings, kCh4), 172);
-        wheel.press(7);
-        for (int i = 0; i < 300; ++i)
-            QCOMPARE(tick(mappings, kCh4), 1811);
-        wheel.release(7);
-        for (int i = 0; i < 10; ++i)
-            QCOMPARE(tick(mappings, kCh4), 1811);
-        wheel.press(7);
-        QCOMPARE(tick(mappings, kCh4), 172);
-        QCOMPARE(tick(mappings, kCh4), 172);
+        // Whatever is held, a switch beats a toggle, a toggle a hold, a hold a momentary.
+        const ButtonMapping sw = mapping(1, kCh4, ButtonBehaviour::SwitchPosition, 1500, 1400);
+        const ButtonMapping toggleTwo = mapping(2, kCh4, ButtonBehaviour::Toggle, 1700, 1600);
+        const ButtonMapping hold = holdMapping(3, kCh4, ButtonBehaviour::HoldToRaise, 1000, 0, 2047, 300);
+        const ButtonMapping momentary = mapping(4, kCh4, ButtonBehaviour::Momentary, 900, 800);
+        const QList<int> all{1, 2, 3, 4};
+        QTest::newRow("priority: switch")
+            << ButtonMappingList{momentary, hold, toggleTwo, sw} << Steps{{{}, 1400}, {all, 1500}};
+        QTest::newRow("priority: toggle")
+            << ButtonMappingList{momentary, hold, toggleTwo} << Steps{{{}, 1600}, {all, 1700}};
+        QTest::newRow("priority: toggle over momentary")
+            << ButtonMappingList{momentary, toggleTwo} << Steps{{{}, 1600}, {all, 1700}};
+        // 300 + 1000 x 7 / 1000
+        QTest::newRow("priority: hold") << ButtonMappingList{momentary, hold} << Steps{{{}, 300}, {all, 307}};
+        QTest::newRow("priority: momentary alone")
+            << ButtonMappingList{momentary} << Steps{{{}, 800}, {all, 900}};
     }
-
-    void toggleFlipsOnEveryRisingSource()
+    void sequences()
     {
-        ButtonMapping toggle = mapping(7, kCh4, ButtonBehaviour::Toggle, 1811, 172);
-        toggle.extraButtons = {8};
-        const ButtonMappingList mappings{toggle};
+        QFETCH(ButtonMappingList, mappings);
+        QFETCH(Steps, steps);
         start(mappings);
-        wheel.press(7);
-        QCOMPARE(tick(mappings, kCh4), 1811);
-        wheel.press(8); // another source rises while the first is held
-        QCOMPARE(tick(mappings, kCh4), 172);
-        wheel.releaseAll();
-        tick(mappings, kCh4);
-        wheel.press(7);
-        wheel.press(8); // two sources rising together flip twice
-        QCOMPARE(tick(mappings, kCh4), 172);
+        for (int i = 0; i < steps.size(); ++i) {
+            wheel.releaseAll();
+            for (int index : steps[i].pressed)
+                wheel.press(index);
+            for (int k = 0; k < steps[i].times; ++k)
+                engine.apply(mappings, channels, wheel);
+            QVERIFY2(channels[kCh4] == steps[i].expected,
+                     qPrintable(QStringLiteral("step %1: %2").arg(i + 1).arg(channels[kCh4])));
+        }
     }
 
     void sourceEdgeIsTakenByFirstEdgeDrivenMapping()
@@ -191,100 +177,6 @@ private slots:
         engine.apply(mappings, channels, wheel);
         QCOMPARE(channels[kCh4], 1811);
         QCOMPARE(channels[kCh5], 172);
-    }
-
-    void priority_data()
-    {
-        QTest::addColumn<ButtonMappingList>("mappings");
-        QTest::addColumn<int>("released");
-        QTest::addColumn<int>("allPressed");
-        const ButtonMapping sw = mapping(1, kCh4, ButtonBehaviour::SwitchPosition, 1500, 1400);
-        const ButtonMapping toggle = mapping(2, kCh4, ButtonBehaviour::Toggle, 1700, 1600);
-        const ButtonMapping hold = holdMapping(3, kCh4, ButtonBehaviour::HoldToRaise, 1000, 0, 2047, 300);
-        const ButtonMapping momentary = mapping(4, kCh4, ButtonBehaviour::Momentary, 900, 800);
-        // hold: 300 + 1000 x 7 / 1000 = 307
-        QTest::newRow("switch over toggle, hold, momentary")
-            << ButtonMappingList{momentary, hold, toggle, sw} << 1400 << 1500;
-        QTest::newRow("toggle over hold and momentary")
-            << ButtonMappingList{momentary, hold, toggle} << 1600 << 1700;
-        QTest::newRow("toggle over momentary") << ButtonMappingList{momentary, toggle} << 1600 << 1700;
-        QTest::newRow("hold over momentary") << ButtonMappingList{momentary, hold} << 300 << 307;
-        QTest::newRow("momentary alone") << ButtonMappingList{momentary} << 800 << 900;
-    }
-    void priority()
-    {
-        QFETCH(ButtonMappingList, mappings);
-        QFETCH(int, released);
-        QFETCH(int, allPressed);
-        start(mappings);
-        QCOMPARE(tick(mappings, kCh4), released);
-        for (int button = 1; button <= 4; ++button)
-            wheel.press(button);
-        QCOMPARE(tick(mappings, kCh4), allPressed);
-    }
-
-    void holdToRaiseReachesMaxAfterAboutOnePointSixFourSeconds()
-    {
-        const ButtonMappingList mappings{
-            holdMapping(5, kCh4, ButtonBehaviour::HoldToRaise, 500, 172, 1811, 992)};
-        start(mappings);
-        QCOMPARE(tick(mappings, kCh4), 992);
-        wheel.press(5);
-        // 3.5 units per 7 ms tick: 819 units need 234 ticks = 1.638 s.
-        for (int i = 1; i <= 233; ++i)
-            tick(mappings, kCh4);
-        QCOMPARE(channels[kCh4], 1807); // 992 + 233 x 3.5 = 1807.5, truncated
-        QCOMPARE(tick(mappings, kCh4), 1811);
-        for (int i = 0; i < 100; ++i)
-            QCOMPARE(tick(mappings, kCh4), 1811);
-        wheel.release(5);
-        QCOMPARE(tick(mappings, kCh4), 1811);
-    }
-
-    void holdValueTruncatesAndStaysWhereReleased_data()
-    {
-        QTest::addColumn<int>("ticks");
-        QTest::addColumn<int>("expected");
-        // Lowering 100 units/s from 1000: 0.7 per tick.
-        QTest::newRow("2 ticks: 998.6 truncates, not rounds") << 2 << 998;
-        QTest::newRow("15 ticks: 989.5") << 15 << 989;
-    }
-    void holdValueTruncatesAndStaysWhereReleased()
-    {
-        QFETCH(int, ticks);
-        QFETCH(int, expected);
-        const ButtonMappingList mappings{
-            holdMapping(5, kCh4, ButtonBehaviour::HoldToLower, 100, 0, 2047, 1000)};
-        start(mappings);
-        wheel.press(5);
-        for (int i = 0; i < ticks; ++i)
-            tick(mappings, kCh4);
-        QCOMPARE(channels[kCh4], expected);
-        wheel.release(5);
-        for (int i = 0; i < 20; ++i)
-            QCOMPARE(tick(mappings, kCh4), expected);
-    }
-
-    void holdRangeSpansAllHoldMappings()
-    {
-        const ButtonMappingList mappings{
-            holdMapping(1, kCh4, ButtonBehaviour::HoldToRaise, 2000, 500, 1500, 1000),
-            holdMapping(2, kCh4, ButtonBehaviour::HoldToLower, 2000, 200, 1200, 1900)};
-        start(mappings);
-        QCOMPARE(tick(mappings, kCh4), 1000); // first hold mapping's start value
-        wheel.press(2);
-        for (int i = 0; i < 200; ++i)
-            tick(mappings, kCh4);
-        QCOMPARE(channels[kCh4], 200); // below the raise mapping's own minimum
-        wheel.release(2);
-        wheel.press(1);
-        for (int i = 0; i < 200; ++i)
-            tick(mappings, kCh4);
-        QCOMPARE(channels[kCh4], 1500); // above the lower mapping's own maximum
-        wheel.press(2);                 // raise and lower at the same rate cancel
-        QCOMPARE(tick(mappings, kCh4), 1500);
-        wheel.release(1);
-        QCOMPARE(tick(mappings, kCh4), 1486); // 1500 - 2000 x 7 / 1000
     }
 
     void resetClearsMemoryAndReseedsHoldChannels()

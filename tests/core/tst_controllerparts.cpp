@@ -13,6 +13,7 @@
 #include "virtualbackend.h"
 
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -37,9 +38,10 @@ private slots:
     void autoConnectPort_data();
     void autoConnectPort();
     void staleCountChangesRaiseDashboardOnce();
+    void wrappedMotionRecord_data();
+    void wrappedMotionRecord();
     void followerWaitsForStopToSwitch_data();
     void followerWaitsForStopToSwitch();
-    void followerStoresLedPower();
     void detectionTimesOutUnsuccessfully();
 };
 
@@ -65,30 +67,16 @@ void TestControllerParts::defaultProfileReadsAsTypedDefaults()
 
 void TestControllerParts::storedValuesAreRead()
 {
-    QJsonObject profile = ProfileSchema::defaultProfile(QStringLiteral("id"), QStringLiteral("Race"),
-                                                        ProfileSchema::currentTimestamp());
-    profile.insert(QStringLiteral("vehicleType"), QStringLiteral("rc_helicopter"));
-    QJsonObject axis = profile.value(QStringLiteral("axisSettings")).toObject();
-    axis.insert(QStringLiteral("escMode"), 2);
-    axis.insert(QStringLiteral("escNeutral"), 1500);
-    axis.insert(QStringLiteral("gearThrottleLimitPercent"), QJsonArray{10, 20, 30, 40, 50, 60, 70});
-    QJsonObject steering = axis.value(QStringLiteral("Steering")).toObject();
-    steering.insert(QStringLiteral("useCalibration"), true);
-    steering.insert(QStringLiteral("inputCenter"), 0.1);
-    axis.insert(QStringLiteral("Steering"), steering);
-    profile.insert(QStringLiteral("axisSettings"), axis);
-    profile.insert(QStringLiteral("buttonMappings"),
-                   QJsonArray{QJsonObject{{QStringLiteral("buttonIndex"), 4},
-                                          {QStringLiteral("extraButtons"), QJsonArray{130, -1}},
-                                          {QStringLiteral("channel"), 6},
-                                          {QStringLiteral("mode"), 3},
-                                          {QStringLiteral("activatesPitLimiter"), true}},
-                              QStringLiteral("not a mapping")});
-    QJsonObject config = profile.value(QStringLiteral("helicopterConfig")).toObject();
-    config = helicopterConfigWithRateMode(config, 2);
-    profile.insert(QStringLiteral("helicopterConfig"), config);
-    profile.insert(QStringLiteral("receiverCaps"),
-                   QJsonObject{{QStringLiteral("firmware"), QStringLiteral("4.2.0")}});
+    QJsonObject profile = QJsonDocument::fromJson(R"({
+        "vehicleType": "rc_helicopter",
+        "axisSettings": {"escMode": 2, "escNeutral": 1500, "gearThrottleLimitPercent": [10, 20, 30, 40, 50, 60, 70],
+                         "Steering": {"useCalibration": true, "inputCenter": 0.1}},
+        "buttonMappings": [{"buttonIndex": 4, "extraButtons": [130, -1], "channel": 6, "mode": 3,
+                            "activatesPitLimiter": true}, "not a mapping"],
+        "receiverCaps": {"firmware": "4.2.0"}
+    })")
+                              .object();
+    profile.insert(profilekeys::kHelicopterConfig, helicopterConfigWithRateMode({}, 2));
 
     const ProfileSettings s = ProfileSettings::fromProfile(profile);
     QCOMPARE(s.vehicleType, VehicleType::Helicopter);
@@ -109,8 +97,7 @@ void TestControllerParts::storedValuesAreRead()
     QCOMPARE(s.helicopter.dualRates.activeMode, 2);
     QCOMPARE(s.receiverGeneration, crsf::kReceiverGenerationNewer);
 
-    const QJsonObject led =
-        ledSettingsWithPower(profile.value(QStringLiteral("ledSettings")).toObject(), false);
+    const QJsonObject led = ledSettingsWithPower(QJsonObject{{QStringLiteral("ledCount"), 8}}, false);
     QCOMPARE(ledSettingsFromJson(led).powerOn, false);
     QCOMPARE(led.value(QStringLiteral("ledCount")).toInt(), 8); // the rest kept
 }
@@ -123,7 +110,6 @@ void TestControllerParts::malformedValuesKeepDefaults()
          QJsonObject{{QStringLiteral("softStartEnabled"), QStringLiteral("yes")},
                      {QStringLiteral("decelRate"), QJsonArray{}},
                      {QStringLiteral("gearThrottleLimitPercent"), QJsonArray{50, QStringLiteral("x")}}}},
-        {QStringLiteral("buttonMappings"), QJsonObject{}},
         {QStringLiteral("ledSettings"), QJsonArray{}},
         {QStringLiteral("buttonMappings"), QJsonArray{QJsonObject{{QStringLiteral("mode"), 99}}}},
     };
@@ -273,6 +259,39 @@ void TestControllerParts::staleCountChangesRaiseDashboardOnce()
     QCOMPARE(dashboard.size(), 2);
 }
 
+void TestControllerParts::wrappedMotionRecord_data()
+{
+    QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<bool>("isMotion");
+
+    // destination, 0xCA, then the 7-byte record: tag, three big-endian values in milli-g.
+    const QByteArray record = QByteArray::fromHex("01"
+                                                  "01f4"
+                                                  "ff38"
+                                                  "03e8");
+    QTest::newRow("nine bytes unwrap") << (QByteArray::fromHex("eaca") + record) << true;
+    QTest::newRow("eight bytes are no wrapper") << (QByteArray::fromHex("eaca") + record.left(6)) << false;
+    QTest::newRow("wrong marker") << (QByteArray::fromHex("eacb") + record) << false;
+}
+
+void TestControllerParts::wrappedMotionRecord()
+{
+    QFETCH(QByteArray, payload);
+    QFETCH(bool, isMotion);
+
+    TelemetryMonitor monitor{ControllerTimings{}};
+    QSignalSpy motion(&monitor, &TelemetryMonitor::carMotionReceived);
+    monitor.handleFrame(crsf::kTypeWrappedRecord, payload);
+    QCOMPARE(motion.size(), isMotion ? 1 : 0);
+    QCOMPARE(monitor.receiverFfbState(),
+             isMotion ? ReceiverFfbState::ReceivingMotion : ReceiverFfbState::Idle);
+    if (isMotion) {
+        QCOMPARE(motion.first().at(0).toFloat(), 0.5f);
+        QCOMPARE(motion.first().at(1).toFloat(), -0.2f);
+        QCOMPARE(motion.first().at(2).toFloat(), 1.0f);
+    }
+}
+
 void TestControllerParts::followerWaitsForStopToSwitch_data()
 {
     QTest::addColumn<QString>("change");
@@ -337,34 +356,6 @@ void TestControllerParts::followerWaitsForStopToSwitch()
     // Nothing waits any more.
     follower.applyDeferredSwitch();
     QCOMPARE(reopen.size(), switches ? 1 : 0);
-}
-
-void TestControllerParts::followerStoresLedPower()
-{
-    QTemporaryDir dir;
-    QVERIFY(dir.isValid());
-    ProfileManager profiles(dir.path());
-    profiles.loadProfiles();
-    ActiveProfileFollower follower(&profiles);
-    follower.reload();
-    QVERIFY(follower.settings().led.powerOn);
-
-    QSignalSpy reloaded(&follower, &ActiveProfileFollower::settingsReloaded);
-    QVERIFY(follower.setLedPower(false));
-    QVERIFY(!follower.setLedPower(false));
-    QVERIFY(!follower.settings().led.powerOn);
-    // Written from the event loop, not from the caller's turn (the transmit tick).
-    const auto stored = [&profiles] {
-        return profiles.setting(QStringLiteral("ledSettings"))
-            .toObject()
-            .value(QStringLiteral("powerOn"))
-            .toBool(true);
-    };
-    QVERIFY(stored());
-    QTRY_VERIFY(!stored());
-    // The store's echo of the write is not reported as a change of the LED settings.
-    for (const QList<QVariant> &args : reloaded)
-        QVERIFY(!args.at(0).toBool());
 }
 
 void TestControllerParts::detectionTimesOutUnsuccessfully()

@@ -11,6 +11,7 @@
 #include <QTest>
 
 using namespace tavrix;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -94,12 +95,13 @@ QByteArray vectorPayload(const QString &name)
     return frame.size() < 4 ? QByteArray() : frame.mid(3, frame.size() - 4);
 }
 
-QStringList describe(const TelemetryCatalogue &catalogue)
+// "key=value | key=value ..." in catalogue order.
+QString describe(const TelemetryCatalogue &catalogue)
 {
     QStringList lines;
     for (const TelemetrySensor &sensor : catalogue)
         lines.append(sensor.key + QLatin1Char('=') + sensor.value);
-    return lines;
+    return lines.join(QLatin1String(" | "));
 }
 
 } // namespace
@@ -113,28 +115,18 @@ class TestCrsfProtocol : public QObject
 private slots:
     void packsChannelFrame_data();
     void packsChannelFrame();
-    void packingRoundTripsRandomValues();
     void tableCrcMatchesBitwiseCrc();
     void buildsExtendedFrames_data();
     void buildsExtendedFrames();
-    void refusesOversizePayloads();
 
-    void convertsRssi_data();
-    void convertsRssi();
-    void decodesShortLinkStatisticsAsZero();
-    void decodesBattery_data();
-    void decodesBattery();
+    void decodersAtTheirEdges();
     void decodesGpsValidity_data();
     void decodesGpsValidity();
-    void decodesVehicleRecord();
-    void readsBigEndianAndAbsentMarks();
 
     void parserFindsFrames_data();
     void parserFindsFrames();
     void parserResultDoesNotDependOnSplits_data();
     void parserResultDoesNotDependOnSplits();
-    void parserFindsFramesBetweenRandomGarbage();
-    void parserWaitsForWholeFrame();
     void parserBufferStaysBounded();
     void emitsSignalsInOrder_data();
     void emitsSignalsInOrder();
@@ -184,20 +176,6 @@ void TestCrsfProtocol::packsChannelFrame()
     QCOMPARE(uint8_t(frame.back()), crsftest::crc8(frame.mid(2, 23)));
 }
 
-void TestCrsfProtocol::packingRoundTripsRandomValues()
-{
-    QRandomGenerator rng(1234);
-    for (int round = 0; round < 2000; ++round) {
-        ChannelValues channels;
-        for (int32_t &value : channels)
-            value = rng.bounded(-3000, 5000);
-        const ChannelValues unpacked =
-            crsftest::unpackChannels(CrsfProtocol::buildRcChannelsFrame(channels).mid(3, 22));
-        for (int i = 0; i < 16; ++i)
-            QCOMPARE(unpacked[i], std::clamp(channels[i], 0, 2047));
-    }
-}
-
 void TestCrsfProtocol::tableCrcMatchesBitwiseCrc()
 {
     // The published check value of CRC-8/DVB-S2.
@@ -224,6 +202,12 @@ void TestCrsfProtocol::buildsExtendedFrames_data()
                              << crsftest::frame(0x2E, hex("626caabbcc"));
     QTest::newRow("plain, longest") << CrsfProtocol::buildFrame(0x7F, QByteArray(253, 'x'))
                                     << crsftest::frame(0x7F, QByteArray(253, 'x'));
+    QTest::newRow("extended, longest") << CrsfProtocol::buildExtendedFrame(0x2D, 1, 2, QByteArray(251, 'x'))
+                                       << crsftest::frame(0x2D, hex("0102") + QByteArray(251, 'x'));
+    // A length byte cannot say more: refused rather than cut short.
+    QTest::newRow("plain, too long") << CrsfProtocol::buildFrame(0x7F, QByteArray(254, 'x')) << QByteArray();
+    QTest::newRow("extended, too long")
+        << CrsfProtocol::buildExtendedFrame(0x2D, 1, 2, QByteArray(252, 'x')) << QByteArray();
 }
 
 void TestCrsfProtocol::buildsExtendedFrames()
@@ -233,69 +217,24 @@ void TestCrsfProtocol::buildsExtendedFrames()
     QCOMPARE(frame.toHex(' '), expected.toHex(' '));
 }
 
-void TestCrsfProtocol::refusesOversizePayloads()
-{
-    QVERIFY(CrsfProtocol::buildFrame(0x7F, QByteArray(254, 'x')).isEmpty());
-    QVERIFY(CrsfProtocol::buildExtendedFrame(0x2D, 1, 2, QByteArray(252, 'x')).isEmpty());
-    QCOMPARE(CrsfProtocol::buildExtendedFrame(0x2D, 1, 2, QByteArray(251, 'x')).size(), 257);
-}
-
 // --- decoders ---
 
-void TestCrsfProtocol::convertsRssi_data()
+void TestCrsfProtocol::decodersAtTheirEdges()
 {
-    QTest::addColumn<int>("raw");
-    QTest::addColumn<int>("dbm");
-    QTest::newRow("zero") << 0x00 << 0;
-    QTest::newRow("magnitude 96") << 0x60 << -96;
-    QTest::newRow("signed -96") << 0xA0 << -96;
-    QTest::newRow("magnitude 127") << 0x7F << -127;
-    QTest::newRow("signed -128") << 0x80 << -128;
-}
-
-void TestCrsfProtocol::convertsRssi()
-{
-    QFETCH(int, raw);
-    QFETCH(int, dbm);
-    QCOMPARE(CrsfProtocol::rssiToDbm(uint8_t(raw)), dbm);
-}
-
-void TestCrsfProtocol::decodesShortLinkStatisticsAsZero()
-{
-    // Full payloads are pinned field by field through the catalogue table.
-    const LinkStatistics shortStats = CrsfProtocol::decodeLinkStatistics(hex(kLinkHex).left(9));
-    QCOMPARE(shortStats.uplinkRssi1, 0);
-    QCOMPARE(shortStats.linkQuality, uint8_t(0));
-    QCOMPARE(shortStats.downlinkRssi, 0);
-    QCOMPARE(shortStats.downlinkSnr, int8_t(0));
-}
-
-void TestCrsfProtocol::decodesBattery_data()
-{
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<float>("voltage");
-    QTest::addColumn<float>("current");
-    QTest::addColumn<uint>("capacity");
-    QTest::addColumn<int>("remaining");
-
-    QTest::newRow("typical") << hex("00a8001e0004d24b") << 16.8f << 3.0f << 1234u << 75;
-    QTest::newRow("maxima") << hex("ffffffffffffff64") << 6553.5f << 6553.5f << 0xFFFFFFu << 100;
-    QTest::newRow("7 bytes: all zero") << hex("00a8001e0004d2") << 0.0f << 0.0f << 0u << 0;
-}
-
-void TestCrsfProtocol::decodesBattery()
-{
-    QFETCH(QByteArray, payload);
-    QFETCH(float, voltage);
-    QFETCH(float, current);
-    QFETCH(uint, capacity);
-    QFETCH(int, remaining);
-
-    const BatterySensor battery = CrsfProtocol::decodeBattery(payload);
-    QCOMPARE(battery.voltage, voltage);
-    QCOMPARE(battery.current, current);
-    QCOMPARE(battery.capacity, capacity);
-    QCOMPARE(int(battery.remaining), remaining);
+    // Typical payloads are read field by field through the catalogue table.
+    QCOMPARE(CrsfProtocol::rssiToDbm(0x00), 0); // no reading
+    QCOMPARE(CrsfProtocol::rssiToDbm(0x7F), -127);
+    QCOMPARE(CrsfProtocol::rssiToDbm(0x80), -128);
+    QCOMPARE(CrsfProtocol::decodeLinkStatistics(hex(kLinkHex).left(9)).downlinkLinkQuality, uint8_t(0));
+    // No battery field is signed.
+    const BatterySensor battery = CrsfProtocol::decodeBattery(hex("ffffffffffffff64"));
+    QCOMPARE(battery.voltage, 6553.5f);
+    QCOMPARE(battery.current, 6553.5f);
+    QCOMPARE(battery.capacity, 0xFFFFFFu);
+    // Reading past the end gives nothing rather than stray bytes.
+    QCOMPARE(CrsfProtocol::readBigEndian16(hex("12ff34"), 1), uint16_t(0xFF34));
+    QCOMPARE(CrsfProtocol::readBigEndian16(hex("12ff34"), 2), uint16_t(0));
+    QVERIFY(!CrsfProtocol::isAllFF(hex("ff"), 0, 2)); // bytes that are missing are not marked
 }
 
 void TestCrsfProtocol::decodesGpsValidity_data()
@@ -324,42 +263,7 @@ void TestCrsfProtocol::decodesGpsValidity()
 {
     QFETCH(QByteArray, payload);
     QFETCH(bool, valid);
-    const GpsFix fix = CrsfProtocol::decodeGps(payload);
-    QCOMPARE(fix.valid, valid);
-    if (payload.size() < 15) {
-        QCOMPARE(fix.latitude, 0.0);
-        QCOMPARE(fix.satellites, 0);
-    } else {
-        QCOMPARE(fix.altitudeM, 0); // raw 1000 is sea level
-        QCOMPARE(fix.satellites, 5);
-    }
-}
-
-void TestCrsfProtocol::decodesVehicleRecord()
-{
-    const VehicleRecord record = CrsfProtocol::decodeVehicleRecord(hex("07fc1803e8000a"));
-    QVERIFY(record.valid); // values are pinned through the catalogue table
-    QCOMPARE(record.tag, uint8_t(7));
-
-    const VehicleRecord shortRecord = CrsfProtocol::decodeVehicleRecord(hex("07fc1803e800"));
-    QVERIFY(!shortRecord.valid);
-    QCOMPARE(shortRecord.tag, uint8_t(0));
-    QCOMPARE(shortRecord.values[0], 0.0f);
-}
-
-void TestCrsfProtocol::readsBigEndianAndAbsentMarks()
-{
-    const QByteArray bytes = hex("12ffff34");
-    QCOMPARE(CrsfProtocol::readBigEndian16(bytes, 0), uint16_t(0x12FF));
-    QCOMPARE(CrsfProtocol::readBigEndian16(bytes, 2), uint16_t(0xFF34));
-    QCOMPARE(CrsfProtocol::readBigEndian16(bytes, 3), uint16_t(0));
-    QCOMPARE(CrsfProtocol::readBigEndian16(bytes, -1), uint16_t(0));
-
-    QVERIFY(CrsfProtocol::isAllFF(bytes, 1, 2));
-    QVERIFY(!CrsfProtocol::isAllFF(bytes, 0, 2));
-    QVERIFY(CrsfProtocol::isAllFF(bytes, 4, 0));
-    QVERIFY(CrsfProtocol::isAllFF(QByteArray(), 0, 0));
-    QVERIFY(!CrsfProtocol::isAllFF(hex("ff"), 0, 2)); // bytes that are missing are not marked
+    QCOMPARE(CrsfProtocol::decodeGps(payload).valid, valid);
 }
 
 // --- parser ---
@@ -390,6 +294,8 @@ void TestCrsfProtocol::parserFindsFrames_data()
     QTest::newRow("length 0 and 1 skipped") << hex("c800c801") + ping << QList<Frame>{pingFrame};
     QTest::newRow("length 1 before a zero byte") << hex("c80100") + ping << QList<Frame>{pingFrame};
     QTest::newRow("empty payload") << crsftest::frame(0x16, {}) << QList<Frame>{{0x16, {}}};
+    QTest::newRow("longest frame") << crsftest::frame(0x7F, QByteArray(253, 'x'))
+                                   << QList<Frame>{{0x7F, QByteArray(253, 'x')}};
     QTest::newRow("three frames back to back")
         << link + ping + gps << QList<Frame>{linkFrame, pingFrame, gpsFrame};
     // A stray sync byte makes the parser wait for the length that follows it; once that
@@ -410,11 +316,6 @@ void TestCrsfProtocol::parserFindsFrames()
     FrameRecorder recorder(parser);
     parser.feed(stream);
     QCOMPARE(recorder.frames, expected);
-    QCOMPARE(parser.hasReceivedValidFrame(), !expected.isEmpty());
-    if (!expected.isEmpty()) {
-        QCOMPARE(parser.lastFrameType(), expected.last().first);
-        QCOMPARE(parser.lastPayload(), expected.last().second);
-    }
 }
 
 void TestCrsfProtocol::parserResultDoesNotDependOnSplits_data()
@@ -449,45 +350,6 @@ void TestCrsfProtocol::parserResultDoesNotDependOnSplits()
     QCOMPARE(splitFrames.frames.size(), 4);
 }
 
-void TestCrsfProtocol::parserFindsFramesBetweenRandomGarbage()
-{
-    QRandomGenerator rng(2024);
-    QByteArray stream;
-    QList<Frame> sent;
-    for (int i = 0; i < 200; ++i) {
-        QByteArray garbage = randomBytes(rng, rng.bounded(0, 40));
-        for (char &c : garbage) {
-            // Garbage free of sync bytes can never hold a frame start.
-            if (uint8_t(c) == 0xC8 || uint8_t(c) == 0xEA || uint8_t(c) == 0xEE)
-                c = 0;
-        }
-        const uint8_t type = uint8_t(rng.bounded(0x02, 0x7F));
-        const QByteArray payload = randomBytes(rng, rng.bounded(0, 60));
-        stream += garbage + crsftest::frame(type, payload);
-        sent.append({type, payload});
-    }
-    CrsfProtocol parser;
-    FrameRecorder recorder(parser);
-    parser.feed(stream);
-    QCOMPARE(recorder.frames, sent);
-    QCOMPARE(parser.bufferedBytes(), 0);
-}
-
-void TestCrsfProtocol::parserWaitsForWholeFrame()
-{
-    // A length of 255 is waited for, however long it takes.
-    CrsfProtocol parser;
-    FrameRecorder recorder(parser);
-    const QByteArray longest = crsftest::frame(0x7F, QByteArray(253, 'x'));
-    QCOMPARE(longest.size(), crsf::kMaxFrameSize);
-    parser.feed(longest.left(202));
-    QCOMPARE(parser.bufferedBytes(), 202);
-    parser.feed(longest.mid(202));
-    QCOMPARE(recorder.frames.size(), 1);
-    QCOMPARE(recorder.frames.last().second.size(), 253);
-    QCOMPARE(parser.bufferedBytes(), 0);
-}
-
 void TestCrsfProtocol::parserBufferStaysBounded()
 {
     QRandomGenerator rng(7);
@@ -505,83 +367,59 @@ void TestCrsfProtocol::emitsSignalsInOrder_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<QStringList>("expected");
+    QTest::addColumn<QString>("expected");
 
-    const QStringList extendedThenFrame{QStringLiteral("extended"), QStringLiteral("frame")};
     for (int type : {0x28, 0x29, 0x2B, 0x2C, 0x2D, 0x2E})
-        QTest::addRow("extended 0x%x", type) << type << hex("eeea0102") << extendedThenFrame;
-    QTest::newRow("extended, addresses only") << 0x28 << hex("eeea") << extendedThenFrame;
-    QTest::newRow("extended, one byte") << 0x2C << hex("ee") << QStringList{QStringLiteral("frame")};
-    QTest::newRow("0x2a not extended") << 0x2A << hex("eeea01") << QStringList{QStringLiteral("frame")};
-    QTest::newRow("0x32 command") << 0x32 << hex("c8ec0a") << QStringList{QStringLiteral("frame")};
-    QTest::newRow("link statistics") << 0x14 << hex(kLinkHex)
-                                     << QStringList{QStringLiteral("frame"), QStringLiteral("link")};
-    QTest::newRow("battery") << 0x08 << hex("00a8001e0004d24b")
-                             << QStringList{QStringLiteral("frame"), QStringLiteral("battery")};
-    QTest::newRow("battery, 7 bytes: a zero record")
-        << 0x08 << hex("00a8001e0004d2") << QStringList{QStringLiteral("frame"), QStringLiteral("battery")};
-    QTest::newRow("gps") << 0x02 << hex(kGpsHex) << QStringList{QStringLiteral("frame")};
+        QTest::addRow("extended 0x%x", type) << type << hex("eeea0102") << u"extended ee>ea:0102 frame"_s;
+    QTest::newRow("extended, addresses only") << 0x28 << hex("eeea") << u"extended ee>ea: frame"_s;
+    QTest::newRow("extended, one byte") << 0x2C << hex("ee") << u"frame"_s;
+    QTest::newRow("0x2a not extended") << 0x2A << hex("eeea01") << u"frame"_s;
+    QTest::newRow("0x32 command") << 0x32 << hex("c8ec0a") << u"frame"_s;
+    QTest::newRow("link statistics") << 0x14 << hex(kLinkHex) << u"frame link 100"_s;
+    QTest::newRow("battery") << 0x08 << hex("00a8001e0004d24b") << u"frame battery 1234"_s;
+    QTest::newRow("battery, 7 bytes: a zero record") << 0x08 << hex("00a8001e0004d2") << u"frame battery 0"_s;
+    QTest::newRow("gps") << 0x02 << hex(kGpsHex) << u"frame"_s;
 }
 
 void TestCrsfProtocol::emitsSignalsInOrder()
 {
     QFETCH(int, type);
     QFETCH(QByteArray, payload);
-    QFETCH(QStringList, expected);
+    QFETCH(QString, expected);
 
     CrsfProtocol parser;
     QStringList seen;
-    QByteArray extendedPayload;
     QObject context;
-    connect(&parser, &CrsfProtocol::frameReceived, &context, [&](uint8_t t, const QByteArray &p) {
-        QCOMPARE(t, uint8_t(type));
-        QCOMPARE(p, payload);
-        seen.append(QStringLiteral("frame"));
-    });
+    connect(&parser, &CrsfProtocol::frameReceived, &context, [&] { seen << u"frame"_s; });
     connect(&parser, &CrsfProtocol::extendedFrameReceived, &context,
-            [&](uint8_t t, uint8_t dest, uint8_t origin, const QByteArray &p) {
-                QCOMPARE(t, uint8_t(type));
-                QCOMPARE(dest, uint8_t(payload.at(0)));
-                QCOMPARE(origin, uint8_t(payload.at(1)));
-                extendedPayload = p;
-                seen.append(QStringLiteral("extended"));
+            [&](uint8_t, uint8_t destination, uint8_t origin, const QByteArray &rest) {
+                seen << u"extended %1>%2:%3"_s.arg(destination, 0, 16)
+                            .arg(origin, 0, 16)
+                            .arg(QString::fromLatin1(rest.toHex()));
             });
-    connect(&parser, &CrsfProtocol::linkStatisticsReceived, &context, [&](const LinkStatistics &stats) {
-        QCOMPARE(stats.linkQuality, uint8_t(100));
-        seen.append(QStringLiteral("link"));
-    });
-    connect(&parser, &CrsfProtocol::batterySensorReceived, &context, [&](const BatterySensor &battery) {
-        QCOMPARE(battery.capacity, payload.size() < 8 ? 0u : 1234u);
-        seen.append(QStringLiteral("battery"));
-    });
+    connect(&parser, &CrsfProtocol::linkStatisticsReceived, &context,
+            [&](const LinkStatistics &stats) { seen << u"link %1"_s.arg(stats.linkQuality); });
+    connect(&parser, &CrsfProtocol::batterySensorReceived, &context,
+            [&](const BatterySensor &battery) { seen << u"battery %1"_s.arg(battery.capacity); });
 
     parser.feed(crsftest::frame(uint8_t(type), payload));
-    QCOMPARE(seen, expected);
-    if (expected.contains(QStringLiteral("extended")))
-        QCOMPARE(extendedPayload, payload.mid(2));
+    QCOMPARE(seen.join(QLatin1Char(' ')), expected);
 }
 
 void TestCrsfProtocol::feedingFromSlotKeepsFramesInOrder()
 {
     // A listener that answers a frame by feeding more bytes must not corrupt the stream.
-    const QByteArray first = crsftest::frame(0x28, hex("eeea"));
-    const QByteArray second = crsftest::frame(0x14, hex(kLinkHex));
-    const QByteArray third = crsftest::frame(0x02, hex(kGpsHex));
+    const QList<Frame> sent{{0x28, hex("eeea")}, {0x14, hex(kLinkHex)}, {0x02, hex(kGpsHex)}};
     CrsfProtocol parser;
     FrameRecorder recorder(parser);
     QObject context;
-    bool fed = false;
-    connect(&parser, &CrsfProtocol::frameReceived, &context, [&](uint8_t type, const QByteArray &) {
-        if (type == 0x28 && !fed) {
-            fed = true;
-            parser.feed(third);
-        }
+    connect(&parser, &CrsfProtocol::frameReceived, &context, [&](uint8_t type) {
+        if (type == 0x28 && recorder.frames.size() == 1)
+            parser.feed(crsftest::frame(sent[2].first, sent[2].second));
     });
-    parser.feed(first + second);
-    QCOMPARE(recorder.frames.size(), 3);
-    QCOMPARE(recorder.frames.at(0).first, uint8_t(0x28));
-    QCOMPARE(recorder.frames.at(1).first, uint8_t(0x14));
-    QCOMPARE(recorder.frames.at(2).first, uint8_t(0x02));
+    parser.feed(crsftest::frame(sent[0].first, sent[0].second) +
+                crsftest::frame(sent[1].first, sent[1].second));
+    QCOMPARE(recorder.frames, sent);
     QCOMPARE(parser.bufferedBytes(), 0);
 }
 
@@ -592,61 +430,41 @@ void TestCrsfProtocol::catalogueReadings_data()
     QTest::addColumn<int>("type");
     QTest::addColumn<QByteArray>("payload");
     QTest::addColumn<int>("generation");
-    QTest::addColumn<QStringList>("expected");
+    QTest::addColumn<QString>("expected");
 
     const int unknown = crsf::kReceiverGenerationUnknown;
     const int classic = crsf::kReceiverGenerationClassic;
-    const int newer = crsf::kReceiverGenerationNewer;
     const QByteArray battery = hex(kBatteryHex);
+    const QByteArray zeros(15, '\0');
+    const QString batteryRest = u" | Curr=29.6 A | Capa=1234 mAh | Bat%=67 %"_s;
+    const QString dynamics = u"latA=0.03 g | yawR=0.30 rad/s | jerk=0.00 g"_s;
 
-    QTest::newRow("link statistics") << 0x14 << hex(kLinkHex) << unknown
-                                     << QStringList{
-                                            QStringLiteral("1RSS=-96 dBm"), QStringLiteral("2RSS=-96 dBm"),
-                                            QStringLiteral("RQly=100 %"),   QStringLiteral("RSNR=-10 dB"),
-                                            QStringLiteral("ANT=1"),        QStringLiteral("RFMD=2"),
-                                            QStringLiteral("TPWR=100 mW"),  QStringLiteral("TRSS=-96 dBm"),
-                                            QStringLiteral("TQly=80 %"),    QStringLiteral("TSNR=-5 dB")};
-    QTest::newRow("gps fix") << 0x02 << hex(kGpsHex) << unknown
-                             << QStringList{QStringLiteral("GPS=56.000000, 163.000000"),
-                                            QStringLiteral("GSpd=58.7 km/h"),
-                                            QStringLiteral("Hdg=147.9\u00B0"), QStringLiteral("GAlt=2345 m"),
-                                            QStringLiteral("Sats=9")};
-    QTest::newRow("gps without fix") << 0x02 << hex("000000000000000000000000000000") << unknown
-                                     << QStringList{QStringLiteral("GPS=No fix"),
-                                                    QStringLiteral("GSpd=0.0 km/h"),
-                                                    QStringLiteral("Hdg=0.0\u00B0"),
-                                                    QStringLiteral("GAlt=-1000 m"), QStringLiteral("Sats=0")};
+    QTest::newRow("link statistics")
+        << 0x14 << hex(kLinkHex) << unknown
+        << u"1RSS=-96 dBm | 2RSS=-96 dBm | RQly=100 % | RSNR=-10 dB | ANT=1 | RFMD=2 | TPWR=100 mW | "
+           "TRSS=-96 dBm | TQly=80 % | TSNR=-5 dB"_s;
+    QTest::newRow("gps fix")
+        << 0x02 << hex(kGpsHex) << unknown
+        << u"GPS=56.000000, 163.000000 | GSpd=58.7 km/h | Hdg=147.9\u00B0 | GAlt=2345 m | Sats=9"_s;
+    QTest::newRow("gps without fix")
+        << 0x02 << zeros << unknown
+        << u"GPS=No fix | GSpd=0.0 km/h | Hdg=0.0\u00B0 | GAlt=-1000 m | Sats=0"_s;
     QTest::newRow("vehicle record") << 0x23 << hex("07fc1803e8000a") << unknown
-                                    << QStringList{QStringLiteral("GLon=-1.00 g"),
-                                                   QStringLiteral("GLat=1.00 g"),
-                                                   QStringLiteral("GVrt=0.01 g")};
-    QTest::newRow("vehicle record, 6 bytes") << 0x23 << hex("07fc1803e800") << unknown << QStringList{};
+                                    << u"GLon=-1.00 g | GLat=1.00 g | GVrt=0.01 g"_s;
+    QTest::newRow("vehicle record, 6 bytes") << 0x23 << hex("07fc1803e800") << unknown << QString();
     QTest::newRow("attitude") << 0x1E << hex(kAttitudeHex) << unknown
-                              << QStringList{QStringLiteral("Ptch=67.8\u00B0"),
-                                             QStringLiteral("Roll=149.5\u00B0"),
-                                             QStringLiteral("Yaw=-179.9\u00B0")};
-    QTest::newRow("battery, classic receiver")
-        << 0x08 << battery << classic
-        << QStringList{QStringLiteral("RxBt=3.3 V"), QStringLiteral("Curr=29.6 A"),
-                       QStringLiteral("Capa=1234 mAh"), QStringLiteral("Bat%=67 %")};
+                              << u"Ptch=67.8\u00B0 | Roll=149.5\u00B0 | Yaw=-179.9\u00B0"_s;
+    QTest::newRow("battery, classic receiver") << 0x08 << battery << classic << u"RxBt=3.3 V"_s + batteryRest;
     QTest::newRow("battery, newer receiver")
-        << 0x08 << battery << newer
-        << QStringList{QStringLiteral("RxBt=3.3 g"), QStringLiteral("Curr=29.6 A"),
-                       QStringLiteral("Capa=1234 mAh"), QStringLiteral("Bat%=67 %")};
+        << 0x08 << battery << crsf::kReceiverGenerationNewer << u"RxBt=3.3 g"_s + batteryRest;
     QTest::newRow("battery, voltage marked absent")
-        << 0x08 << hex("ffff01280004d243") << classic
-        << QStringList{QStringLiteral("RxBt=--"), QStringLiteral("Curr=29.6 A"),
-                       QStringLiteral("Capa=1234 mAh"), QStringLiteral("Bat%=67 %")};
-    const QStringList dynamics{QStringLiteral("latA=0.03 g"), QStringLiteral("yawR=0.30 rad/s"),
-                               QStringLiteral("jerk=0.00 g")};
+        << 0x08 << hex("ffff01280004d243") << classic << u"RxBt=--"_s + batteryRest;
     QTest::newRow("0x08, receiver unknown") << 0x08 << battery << unknown << dynamics;
     QTest::newRow("0x08, 7 bytes, receiver known") << 0x08 << battery.left(7) << classic << dynamics;
     QTest::newRow("0x08, negative dynamics")
-        << 0x08 << hex("ffe2fed404d2") << unknown
-        << QStringList{QStringLiteral("latA=-0.03 g"), QStringLiteral("yawR=-0.30 rad/s"),
-                       QStringLiteral("jerk=1.23 g")};
-    QTest::newRow("0x08, 5 bytes") << 0x08 << battery.left(5) << unknown << QStringList{};
-    QTest::newRow("channels frame ignored") << 0x16 << QByteArray(22, '\0') << classic << QStringList{};
+        << 0x08 << hex("ffe2fed404d2") << unknown << u"latA=-0.03 g | yawR=-0.30 rad/s | jerk=1.23 g"_s;
+    QTest::newRow("0x08, 5 bytes") << 0x08 << battery.left(5) << unknown << QString();
+    QTest::newRow("channels frame ignored") << 0x16 << QByteArray(22, '\0') << classic << QString();
 }
 
 void TestCrsfProtocol::catalogueReadings()
@@ -654,7 +472,7 @@ void TestCrsfProtocol::catalogueReadings()
     QFETCH(int, type);
     QFETCH(QByteArray, payload);
     QFETCH(int, generation);
-    QFETCH(QStringList, expected);
+    QFETCH(QString, expected);
 
     const TelemetryCatalogue catalogue = telemetrycatalogue::update({}, uint8_t(type), payload, generation);
     QCOMPARE(describe(catalogue), expected);
@@ -669,30 +487,20 @@ void TestCrsfProtocol::catalogueReplacesInPlaceByKey()
     TelemetryCatalogue catalogue;
     catalogue = telemetrycatalogue::update(catalogue, 0x23, hex("07fc1803e8000a"), 0);
     catalogue = telemetrycatalogue::update(catalogue, 0x14, hex(kLinkHex), 0);
-    QCOMPARE(catalogue.size(), 13);
     // What the controller keeps on an entry ("2RSS" here) survives a new reading.
     catalogue[4].updatedMs = 1234;
     catalogue[4].extra = QStringLiteral("kept");
 
     catalogue = telemetrycatalogue::update(catalogue, 0x14, hex("00004b00000000000000"), 0);
+    QVERIFY(describe(catalogue).startsWith(
+        u"GLon=-1.00 g | GLat=1.00 g | GVrt=0.01 g | 1RSS=0 dBm | 2RSS=0 dBm | "
+        "RQly=75 %"_s));
     QCOMPARE(catalogue.size(), 13);
-    const QStringList keys = [&] {
-        QStringList k;
-        for (const TelemetrySensor &s : catalogue)
-            k.append(s.key);
-        return k;
-    }();
-    QCOMPARE(keys.mid(0, 4), (QStringList{QStringLiteral("GLon"), QStringLiteral("GLat"),
-                                          QStringLiteral("GVrt"), QStringLiteral("1RSS")}));
-    QCOMPARE(catalogue.at(3).value, QStringLiteral("0 dBm"));
-    QCOMPARE(catalogue.at(5).key, QStringLiteral("RQly"));
-    QCOMPARE(catalogue.at(5).value, QStringLiteral("75 %"));
     QCOMPARE(catalogue.at(4).updatedMs, 1234);
     QCOMPARE(catalogue.at(4).extra, QStringLiteral("kept"));
-    QCOMPARE(catalogue.at(0).value, QStringLiteral("-1.00 g"));
 
     // A GPS frame appends its keys after the existing ones.
-    catalogue = telemetrycatalogue::update(catalogue, 0x02, hex("000000000000000000000000000000"), 0);
+    catalogue = telemetrycatalogue::update(catalogue, 0x02, QByteArray(15, '\0'), 0);
     QCOMPARE(catalogue.size(), 18);
     QCOMPARE(catalogue.at(13).key, QStringLiteral("GPS"));
 }
@@ -746,7 +554,6 @@ void TestCrsfProtocol::independentRcPayloadsUnpackAndRepack_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QList<int>>("leading");
 
-    QVERIFY2(!loadVectors().isEmpty(), "the CRSF frames (tests/data/crsf/vectors.json) are missing");
     QTest::newRow("betaflight captured 0")
         << QStringLiteral("bf_rc_captured_0") << QList<int>{189, 993, 978, 983};
     QTest::newRow("betaflight captured 1")
@@ -782,8 +589,6 @@ void TestCrsfProtocol::independentRcPayloadsUnpackAndRepack()
 
 void TestCrsfProtocol::independentTelemetryMatchesTables()
 {
-    QVERIFY2(!loadVectors().isEmpty(), "the CRSF frames (tests/data/crsf/vectors.json) are missing");
-
     // The catalogue table's expected readings for these payloads are what other
     // implementations sent: the payloads must be the same bytes.
     QCOMPARE(vectorPayload(QStringLiteral("bf_gps_values")).toHex(), QByteArray(kGpsHex));
@@ -802,8 +607,6 @@ void TestCrsfProtocol::independentTelemetryMatchesTables()
 
 void TestCrsfProtocol::independentExtendedFramesAnnounceAddresses()
 {
-    QVERIFY2(!loadVectors().isEmpty(), "the CRSF frames (tests/data/crsf/vectors.json) are missing");
-
     CrsfProtocol parser;
     QSignalSpy extended(&parser, &CrsfProtocol::extendedFrameReceived);
     QSignalSpy frames(&parser, &CrsfProtocol::frameReceived);

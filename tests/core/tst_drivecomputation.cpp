@@ -1,9 +1,8 @@
 #include "drivecomputation.h"
+#include "logcapture.h"
 #include "testsources.h"
 
 #include <QTest>
-
-#include <optional>
 
 using namespace tavrix;
 
@@ -28,13 +27,15 @@ DriveInputs pedals(float throttle, float brake = 0.0f, int gear = 0)
     return in;
 }
 
-// One tick of a pedal sequence and what CH2 must be after it.
+// A pedal position held for `times` ticks and what CH2 and the safety stop must be after it.
 struct Step
 {
     float throttle;
     float brake;
     int ch2;
     bool stop;
+    int gear = 0;
+    int times = 1;
 };
 using Steps = QList<Step>;
 
@@ -57,14 +58,6 @@ struct PedalCase
     int ch2;
 };
 
-// Collects the drive computation's debug lines.
-QStringList g_driveLog;
-void captureDriveLog(QtMsgType, const QMessageLogContext &context, const QString &message)
-{
-    if (QLatin1String(context.category) == QLatin1String("orvane.drive"))
-        g_driveLog << message;
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Step)
@@ -82,6 +75,18 @@ private:
     DriveTickResult tick(DriveComputation &drive, const DriveInputs &in)
     {
         return drive.tick(in, wheel, channels);
+    }
+
+    void runSteps(DriveComputation &drive, const Steps &steps)
+    {
+        for (int i = 0; i < steps.size(); ++i) {
+            DriveTickResult result;
+            for (int k = 0; k < steps[i].times; ++k)
+                result = tick(drive, pedals(steps[i].throttle, steps[i].brake, steps[i].gear));
+            QVERIFY2(channels[1] == steps[i].ch2,
+                     qPrintable(QStringLiteral("step %1: CH2 %2").arg(i + 1).arg(channels[1])));
+            QCOMPARE(result.safetyStopRequested, steps[i].stop);
+        }
     }
 
 private slots:
@@ -175,31 +180,15 @@ private slots:
         QCOMPARE(channels[1], c.ch2);
     }
 
-    void escModeNames_data()
+    void escModeStoredValuesAndNames()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("mode");
-        QTest::newRow("custom") << QStringLiteral("custom") << 2;
-        QTest::newRow("capitalised Custom is not custom") << QStringLiteral("Custom") << 0;
-        QTest::newRow("unknown") << QStringLiteral("traxxas") << 0;
-    }
-    void escModeNames()
-    {
-        QFETCH(QString, name);
-        QFETCH(int, mode);
-        QCOMPARE(int(escModeFromName(name)), mode);
-    }
-
-    void escModeStoredValues()
-    {
-        QCOMPARE(escModeFromStored(0), EscMode::Standard);
-        QCOMPARE(escModeFromStored(1), EscMode::Standard); // the retired mode 1
+        QCOMPARE(escModeFromName(QStringLiteral("custom")), EscMode::Custom);
+        QCOMPARE(escModeFromName(QStringLiteral("Custom")), EscMode::Standard); // names are exact
+        QCOMPARE(escModeFromStored(1), EscMode::Standard);                      // the retired mode 1
         QCOMPARE(escModeFromStored(2), EscMode::Custom);
         DriveSettings s;
         s.escNeutral = 1000;
         QCOMPARE(s.esc().neutral, 992); // custom values are ignored in the standard mode
-        s.escMode = EscMode::Custom;
-        QCOMPARE(s.esc().neutral, 1000);
     }
 
     void throttleScreening_data()
@@ -242,12 +231,7 @@ private slots:
         s.stuckThrottleDetectionEnabled = stuckDetection;
         s.throttleSpikeRejectionEnabled = spikeRejection;
         DriveComputation drive(s);
-        for (int i = 0; i < steps.size(); ++i) {
-            const DriveTickResult result = tick(drive, pedals(steps[i].throttle, steps[i].brake));
-            QVERIFY2(channels[1] == steps[i].ch2,
-                     qPrintable(QStringLiteral("tick %1: CH2 %2").arg(i + 1).arg(channels[1])));
-            QCOMPARE(result.safetyStopRequested, steps[i].stop);
-        }
+        runSteps(drive, steps);
     }
 
     void resetRearmsScreening()
@@ -267,26 +251,29 @@ private slots:
 
     void softStartCaps_data()
     {
+        QTest::addColumn<int>("seconds");
         QTest::addColumn<int>("ticks");
         QTest::addColumn<float>("throttle");
         QTest::addColumn<int>("ch2");
         QTest::addColumn<bool>("stillActive");
         // 2 s, floor 20%: cap = min(7k / 2000, 1) x 0.8 + 0.2 after k ticks
-        QTest::newRow("first tick: cap 0.2028") << 1 << 1.0f << 1141 << true;
-        QTest::newRow("a throttle under the cap passes") << 1 << 0.1f << 1055 << true;
-        QTest::newRow("1001 ms: cap 0.6004") << 143 << 1.0f << 1475 << true;
-        QTest::newRow("1995 ms: cap 0.998") << 285 << 1.0f << 1809 << true;
-        QTest::newRow("2002 ms: uncapped and over") << 286 << 1.0f << 1811 << false;
+        QTest::newRow("first tick: cap 0.2028") << 2 << 1 << 1.0f << 1141 << true;
+        QTest::newRow("a throttle under the cap passes") << 2 << 1 << 0.1f << 1055 << true;
+        QTest::newRow("1001 ms: cap 0.6004") << 2 << 143 << 1.0f << 1475 << true;
+        QTest::newRow("1995 ms: cap 0.998") << 2 << 285 << 1.0f << 1809 << true;
+        QTest::newRow("2002 ms: uncapped and over") << 2 << 286 << 1.0f << 1811 << false;
+        QTest::newRow("0 s: no ramp at all") << 0 << 1 << 1.0f << 1811 << false;
     }
     void softStartCaps()
     {
+        QFETCH(int, seconds);
         QFETCH(int, ticks);
         QFETCH(float, throttle);
         QFETCH(int, ch2);
         QFETCH(bool, stillActive);
         DriveSettings s = plainSettings();
         s.softStartEnabled = true;
-        s.softStartDurationSec = 2;
+        s.softStartDurationSec = seconds;
         s.softStartFloorPercent = 20;
         DriveComputation drive(s);
         for (int i = 0; i < ticks; ++i)
@@ -296,7 +283,7 @@ private slots:
 
         drive.reset(); // the ramp runs again after every start
         tick(drive, pedals(1.0f));
-        QCOMPARE(channels[1], 1141);
+        QCOMPARE(channels[1], seconds > 0 ? 1141 : 1811);
     }
 
     void spikeIsJudgedBeforeTheSoftStartCap()
@@ -308,17 +295,6 @@ private slots:
         QVERIFY(!tick(drive, pedals(0.0f)).safetyStopRequested);
         QVERIFY(tick(drive, pedals(0.9f)).safetyStopRequested);
         QCOMPARE(channels[1], 992);
-    }
-
-    void softStartOfZeroSecondsDoesNotCap()
-    {
-        DriveSettings s = plainSettings();
-        s.softStartEnabled = true;
-        s.softStartDurationSec = 0;
-        DriveComputation drive(s);
-        tick(drive, pedals(1.0f));
-        QCOMPARE(channels[1], 1811);
-        QVERIFY(!drive.isSoftStartActive());
     }
 
     void reverseByButton()
@@ -428,20 +404,6 @@ private slots:
         QCOMPARE(channels[1], c.ch2);
     }
 
-    void downshiftCapsAtOnceDespiteSmoothing()
-    {
-        DriveSettings s = plainSettings();
-        s.smoothDeceleration = true;
-        s.gearThrottleLimitEnabled = true;
-        s.gearThrottleLimitPercent = {10, 20, 40, 60, 80, 90, 100};
-        DriveComputation drive(s);
-        tick(drive, pedals(1.0f, 0.0f, 7));
-        QCOMPARE(channels[1], 1811);
-        // The smoothed output would fall slowly from 1811; the second cap holds it at 1319.
-        tick(drive, pedals(1.0f, 0.0f, 3));
-        QCOMPARE(channels[1], 1319);
-    }
-
     void pitLimiter_data()
     {
         QTest::addColumn<PedalCase>("c"); // flag: the pit limiter enabled
@@ -482,88 +444,45 @@ private slots:
         QVERIFY(qAbs(DriveComputation(s).decelerationStep() - step) < 1e-4f);
     }
 
-    void smoothDecelerationFallsByStepThenSnaps()
+    void smoothDeceleration_data()
     {
-        DriveSettings s = plainSettings();
-        s.smoothDeceleration = true;
-        s.decelRate = 0; // 6.6706 per tick
-        DriveComputation drive(s);
-        tick(drive, pedals(1.0f));
-        QCOMPARE(channels[1], 1811);
-
-        const QList<int> firstFalls{1804, 1797, 1790, 1784, 1777};
-        for (int expected : firstFalls) {
-            tick(drive, pedals(0.0f));
-            QCOMPARE(channels[1], expected);
-        }
-        int previous = channels[1];
-        for (int k = 6; k <= 112; ++k) {
-            tick(drive, pedals(0.0f));
-            QVERIFY(previous - channels[1] >= 6 && previous - channels[1] <= 7);
-            previous = channels[1];
-        }
-        QCOMPARE(channels[1], 1063); // the first value at or below 992 x 1.075 = 1066.4
-        tick(drive, pedals(0.0f));
-        QCOMPARE(channels[1], 992); // snapped
-        tick(drive, pedals(0.0f));
-        QCOMPARE(channels[1], 992);
+        QTest::addColumn<Steps>("steps");
+        // Rate 0 falls 6.6706 a tick; gear 7 is not limited.
+        QTest::newRow("falls a step a tick, then snaps to neutral from 992 x 1.075")
+            << Steps{{1.0f, 0, 1811, false, 7},      {0.0f, 0, 1804, false, 7}, {0.0f, 0, 1797, false, 7},
+                     {0.0f, 0, 1063, false, 7, 110}, {0.0f, 0, 992, false, 7},  {0.0f, 0, 992, false, 7}};
+        QTest::newRow("falls only to a lower target, takes a higher one at once")
+            << Steps{{1.0f, 0, 1811, false, 7}, {0.9f, 0, 1804, false, 7}, {0.9f, 0, 1730, false, 7, 11},
+                     {0.9f, 0, 1727, false, 7}, {0.9f, 0, 1727, false, 7}, {1.0f, 0, 1811, false, 7}};
+        QTest::newRow("braking is never smoothed")
+            << Steps{{1.0f, 0, 1811, false, 7}, {0.0f, 1.0f, 172, false, 7}, {1.0f, 0.05f, 1391, false, 7}};
+        QTest::newRow("neutral gear with the pedal down falls like a release")
+            << Steps{{1.0f, 0, 1811, false, 7}, {1.0f, 0, 1804, false, 0}};
+        // The smoothed output would fall slowly; the lower gear's cap holds at once.
+        QTest::newRow("a downshift caps at once")
+            << Steps{{1.0f, 0, 1811, false, 7}, {1.0f, 0, 1319, false, 3}};
     }
-
-    void smoothDecelerationFallsOnlyToTheLowerTarget()
+    void smoothDeceleration()
     {
-        DriveSettings s = plainSettings();
-        s.smoothDeceleration = true;
-        s.decelRate = 0;
-        DriveComputation drive(s);
-        tick(drive, pedals(1.0f));
-        const QList<int> expected{1804, 1797, 1790, 1784, 1777, 1770, 1764,
-                                  1757, 1750, 1744, 1737, 1730, 1727, 1727};
-        for (int value : expected) {
-            tick(drive, pedals(0.9f)); // target 1727
-            QCOMPARE(channels[1], value);
-        }
-        tick(drive, pedals(1.0f)); // a higher target is taken at once
-        QCOMPARE(channels[1], 1811);
-    }
-
-    void brakingIsNeverSmoothed()
-    {
-        DriveSettings s = plainSettings();
-        s.smoothDeceleration = true;
-        DriveComputation drive(s);
-        tick(drive, pedals(1.0f));
-        tick(drive, pedals(0.0f, 1.0f));
-        QCOMPARE(channels[1], 172);
-        tick(drive, pedals(1.0f, 0.05f)); // a light brake is braking too
-        QCOMPARE(channels[1], 1391);
-    }
-
-    void neutralGearCoastsDown()
-    {
+        QFETCH(Steps, steps);
         DriveSettings s = plainSettings();
         s.smoothDeceleration = true;
         s.decelRate = 0;
         s.gearThrottleLimitEnabled = true;
+        s.gearThrottleLimitPercent = {10, 20, 40, 60, 80, 90, 100};
         DriveComputation drive(s);
-        tick(drive, pedals(1.0f, 0.0f, 4));
-        QCOMPARE(channels[1], 1811);
-        tick(drive, pedals(1.0f, 0.0f, 0)); // neutral with the pedal down: falls like a release
-        QCOMPARE(channels[1], 1804);
+        runSteps(drive, steps);
     }
 
     void debugLineOnlyEveryFiftiethTick()
     {
         DriveSettings s = plainSettings();
         s.smoothDeceleration = true;
-        s.gearThrottleLimitEnabled = true;
-        s.gearThrottleLimitPercent = {100, 100, 40, 100, 100, 100, 100};
         DriveComputation drive(s);
-        g_driveLog.clear();
-        const QtMessageHandler previous = qInstallMessageHandler(captureDriveLog);
+        testing::LogCapture log;
         for (int i = 0; i < 149; ++i)
-            tick(drive, pedals(1.0f, 0.0f, 3));
-        qInstallMessageHandler(previous);
-        QCOMPARE(g_driveLog.size(), 2);
+            tick(drive, pedals(1.0f));
+        QCOMPARE(log.count(), 2);
     }
 };
 

@@ -5,6 +5,7 @@
 #include <QTest>
 
 using namespace tavrix;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -52,55 +53,27 @@ private slots:
         throttle.setAxis(kCollectiveSlot, -1.0f); // lever down
     }
 
-    void bipolarConversion_data()
+    void conversions_data()
     {
-        QTest::addColumn<float>("value");
         QTest::addColumn<int>("channel");
-        QTest::newRow("+1: 1811.5 rounds to 1812, clamped") << 1.0f << 1811;
-        QTest::newRow("0: centre") << 0.0f << 992;
-        QTest::newRow("-1: 172.5 rounds away from zero") << -1.0f << 173;
-        QTest::newRow("+0.5: 1401.75") << 0.5f << 1402;
-        QTest::newRow("-0.5: 582.25") << -0.5f << 582;
-        QTest::newRow("beyond +1") << 2.0f << 1811;
+        QTest::addColumn<int>("expected");
+        using H = HelicopterComputation;
+        QTest::newRow("stick +1: 1811.5 rounds to 1812, clamped") << H::bipolarToChannel(1.0f) << 1811;
+        QTest::newRow("stick 0: centre") << H::bipolarToChannel(0.0f) << 992;
+        QTest::newRow("stick -1: 172.5 rounds away from zero") << H::bipolarToChannel(-1.0f) << 173;
+        QTest::newRow("stick beyond +1") << H::bipolarToChannel(2.0f) << 1811;
+        QTest::newRow("collective bottom") << H::collectiveToChannel(0.0f) << 172;
+        QTest::newRow("collective top") << H::collectiveToChannel(1.0f) << 1811;
+        QTest::newRow("collective below bottom") << H::collectiveToChannel(-0.5f) << 172;
+        // 988, 1000 and 2012 us are read through the arm channel test.
+        QTest::newRow("880 us") << H::microsecondsToChannel(880) << 0;
+        QTest::newRow("above range") << H::microsecondsToChannel(2200) << 2047;
     }
-    void bipolarConversion()
+    void conversions()
     {
-        QFETCH(float, value);
         QFETCH(int, channel);
-        QCOMPARE(HelicopterComputation::bipolarToChannel(value), channel);
-    }
-
-    void collectiveConversion_data()
-    {
-        QTest::addColumn<float>("value");
-        QTest::addColumn<int>("channel");
-        QTest::newRow("bottom") << 0.0f << 172;
-        QTest::newRow("top") << 1.0f << 1811;
-        QTest::newRow("half: 991.5 rounds up") << 0.5f << 992;
-        QTest::newRow("below bottom") << -0.5f << 172;
-    }
-    void collectiveConversion()
-    {
-        QFETCH(float, value);
-        QFETCH(int, channel);
-        QCOMPARE(HelicopterComputation::collectiveToChannel(value), channel);
-    }
-
-    void microsecondsConversion_data()
-    {
-        QTest::addColumn<int>("micros");
-        QTest::addColumn<int>("channel");
-        QTest::newRow("1000 us") << 1000 << 192;
-        QTest::newRow("armed default 2012 us: 1811.2") << 2012 << 1811;
-        QTest::newRow("safe default 988 us: 172.8") << 988 << 173;
-        QTest::newRow("880 us") << 880 << 0;
-        QTest::newRow("above range") << 2200 << 2047;
-    }
-    void microsecondsConversion()
-    {
-        QFETCH(int, micros);
-        QFETCH(int, channel);
-        QCOMPARE(HelicopterComputation::microsecondsToChannel(micros), channel);
+        QFETCH(int, expected);
+        QCOMPARE(channel, expected);
     }
 
     void defaultChannels()
@@ -270,39 +243,25 @@ private slots:
     // the collective and the motor at the bottom, not what calibration and curves make of 0.
     void absentControlsRest_data()
     {
-        QTest::addColumn<QString>("lost");        // "throttle", "pedals" or none
-        QTest::addColumn<QString>("missingSlot"); // the device lacks it: "collective", "pitch", "pedal2"
-        QTest::addColumn<int>("throttleAxis");
-        QTest::addColumn<int>("pitchAxis");
+        QTest::addColumn<QString>("absent"); // what is not there: a device, a slot or an assignment
         QTest::addColumn<bool>("differential");
         QTest::addColumn<bool>("curves");
         QTest::addColumn<int>("channel");
         QTest::addColumn<int>("value");
-        const QString none;
-        const QString throttleDevice = QStringLiteral("throttle");
-        const QString pedalDevice = QStringLiteral("pedals");
-        QTest::newRow("lost throttle") << throttleDevice << none << 2 << 1 << false << false << 2 << 172;
-        QTest::newRow("lost throttle, curves on")
-            << throttleDevice << none << 2 << 1 << false << true << 2 << 172;
-        QTest::newRow("lost throttle, motor")
-            << throttleDevice << none << 2 << 1 << false << true << 5 << 172;
-        QTest::newRow("unassigned throttle") << none << none << -1 << 1 << false << false << 2 << 172;
-        QTest::newRow("lever lacks its slot")
-            << none << QStringLiteral("collective") << 2 << 1 << false << false << 2 << 172;
-        QTest::newRow("unassigned pitch") << none << none << 2 << -1 << false << false << 1 << 992;
-        QTest::newRow("stick lacks the pitch slot")
-            << none << QStringLiteral("pitch") << 2 << 1 << false << false << 1 << 992;
-        QTest::newRow("lost rudder axis") << pedalDevice << none << 2 << 1 << false << false << 3 << 992;
-        QTest::newRow("lost pedal pair") << pedalDevice << none << 2 << 1 << true << false << 3 << 992;
-        QTest::newRow("pedals lack the second slot")
-            << none << QStringLiteral("pedal2") << 2 << 1 << true << false << 3 << 992;
+        QTest::newRow("lost throttle") << u"throttle device"_s << false << false << 2 << 172;
+        QTest::newRow("lost throttle, curves on") << u"throttle device"_s << false << true << 2 << 172;
+        QTest::newRow("lost throttle, motor") << u"throttle device"_s << false << true << 5 << 172;
+        QTest::newRow("unassigned throttle") << u"throttle axis"_s << false << false << 2 << 172;
+        QTest::newRow("lever lacks its slot") << u"collective slot"_s << false << false << 2 << 172;
+        QTest::newRow("unassigned pitch") << u"pitch axis"_s << false << false << 1 << 992;
+        QTest::newRow("stick lacks the pitch slot") << u"pitch slot"_s << false << false << 1 << 992;
+        QTest::newRow("lost rudder axis") << u"pedals device"_s << false << false << 3 << 992;
+        QTest::newRow("lost pedal pair") << u"pedals device"_s << true << false << 3 << 992;
+        QTest::newRow("pedals lack the second slot") << u"pedal2 slot"_s << true << false << 3 << 992;
     }
     void absentControlsRest()
     {
-        QFETCH(QString, lost);
-        QFETCH(QString, missingSlot);
-        QFETCH(int, throttleAxis);
-        QFETCH(int, pitchAxis);
+        QFETCH(QString, absent);
         QFETCH(bool, differential);
         QFETCH(bool, curves);
         QFETCH(int, channel);
@@ -312,8 +271,8 @@ private slots:
         // Captured centres off the raw 0, so reading "nothing" as 0 would deflect.
         s.calibration.pitch = {-1.0f, 0.2f, 1.0f};
         s.calibration.rudder = {-1.0f, 0.2f, 1.0f};
-        s.inputs.throttle.axis = throttleAxis;
-        s.inputs.joystick.yAxis = pitchAxis;
+        s.inputs.throttle.axis = absent == u"throttle axis"_s ? -1 : 2;
+        s.inputs.joystick.yAxis = absent == u"pitch axis"_s ? -1 : 1;
         s.inputs.pedals.differential = differential;
         s.inputs.pedals.axis2 = 4;
         s.pitchCurve = {curves, {0.3, 1.0}};
@@ -323,13 +282,13 @@ private slots:
         pedals.setAxis(kRudderSlot, 0.1f);
         pedals.setAxis(4, 0.1f);
         throttle.setAxis(kCollectiveSlot, 0.0f);
-        throttle.setConnected(lost != QLatin1String("throttle"));
-        pedals.setConnected(lost != QLatin1String("pedals"));
-        if (missingSlot == QLatin1String("collective"))
+        throttle.setConnected(absent != u"throttle device"_s);
+        pedals.setConnected(absent != u"pedals device"_s);
+        if (absent == u"collective slot"_s)
             throttle.removeAxis(kCollectiveSlot);
-        if (missingSlot == QLatin1String("pitch"))
+        if (absent == u"pitch slot"_s)
             joystick.removeAxis(kPitchSlot);
-        if (missingSlot == QLatin1String("pedal2"))
+        if (absent == u"pedal2 slot"_s)
             pedals.removeAxis(4);
         tick(heli, HelicopterComputation::kSpikeHoldTicks + 1); // past the spike protection
         QCOMPARE(channels[channel], value);
@@ -489,14 +448,10 @@ private slots:
                                  : HelicopterComputation::ArmChange::Changed);
         QCOMPARE(heli.isArmed(), !refused);
         QCOMPARE(heli.requestArmed(!refused, inputs()), HelicopterComputation::ArmChange::Unchanged);
-    }
-
-    void disarmingIsNeverRefused()
-    {
-        HelicopterComputation heli;
-        QCOMPARE(heli.requestArmed(true, inputs()), HelicopterComputation::ArmChange::Changed);
+        // Disarming is never refused, wherever the lever is.
         throttle.setAxis(kCollectiveSlot, 1.0f);
-        QCOMPARE(heli.requestArmed(false, inputs()), HelicopterComputation::ArmChange::Changed);
+        QCOMPARE(heli.requestArmed(false, inputs()), refused ? HelicopterComputation::ArmChange::Unchanged
+                                                             : HelicopterComputation::ArmChange::Changed);
         QVERIFY(!heli.isArmed());
     }
 };

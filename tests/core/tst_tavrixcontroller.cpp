@@ -1,11 +1,12 @@
 #include "controllerrig.h"
 
-#include "crsfwire.h"
 #include "inputdevice.h"
 #include "logcapture.h"
 
 #include <QSignalSpy>
 #include <QTest>
+
+#include <optional>
 
 using namespace tavrix;
 using namespace tavrix::testing;
@@ -36,20 +37,14 @@ class TestTavrixController : public QObject
 
 private slots:
     void framesCarryWheelAndPedals();
-    void startRefusedForPressedPedals_data();
-    void startRefusedForPressedPedals();
-    void startRefusedWithoutBridgeOrWheel();
-    void startRefusedInConfigMode();
-    void configRefusedWhileRunning();
-    void stopWhileIdleWritesNothing();
+    void startRefused_data();
+    void startRefused();
+    void configAndTransmissionExcludeEachOther();
     void unpluggedWheelStopsOnce();
-    void throttleSpikeSendsOneZeroedFrameAndStops();
-    void ledPowerButtonFlipsChannel12();
-    void bridgeDropReconnectsWhileIdle();
+    void overrideRidesOnNoStopFrame();
+    void ledPowerButtonFlipsChannel12BeforeItIsStored();
     void telemetryReachesTheController();
     void motionWaitEndsInNoMotionData();
-    void wrappedMotionRecord_data();
-    void wrappedMotionRecord();
     void helicopterStartsAndRefusesArmingAboveIdle();
     void profileSwitchWaitsForStop();
 };
@@ -85,122 +80,84 @@ void TestTavrixController::framesCarryWheelAndPedals()
     QCOMPARE(quint64(rig.controller->frameCount()) + 1, rig.sim.channelFrameCount());
 }
 
-void TestTavrixController::startRefusedForPressedPedals_data()
+void TestTavrixController::startRefused_data()
 {
     QTest::addColumn<double>("throttle");
     QTest::addColumn<double>("brake");
+    QTest::addColumn<QString>("gone"); // what goes away just before the start
     QTest::addColumn<QString>("message");
 
-    QTest::newRow("throttle at 6%") << 0.06 << 0.0
+    QTest::newRow("throttle at 6%") << 0.06 << 0.0 << QString()
                                     << "Release the throttle pedal before starting transmission.";
-    QTest::newRow("brake at 6%") << 0.0 << 0.06 << "Release the brake pedal before starting transmission.";
-    QTest::newRow("both at 50%") << 0.5 << 0.5
+    QTest::newRow("brake at 6%") << 0.0 << 0.06 << QString()
+                                 << "Release the brake pedal before starting transmission.";
+    QTest::newRow("both at 50%") << 0.5 << 0.5 << QString()
                                  << "Release the throttle and brake pedals before starting transmission.";
-    QTest::newRow("throttle at 4% is released") << 0.04 << 0.0 << QString();
+    QTest::newRow("throttle at 4% is released") << 0.04 << 0.0 << QString() << QString();
+    // Found by the start's own poll: the refusal is the one report.
+    QTest::newRow("wheel lost just now") << 0.0 << 0.0 << "lost"
+                                         << "Wheel base not connected";
+    QTest::newRow("wheel closed") << 0.0 << 0.0 << "closed"
+                                  << "Wheel base not connected";
+    QTest::newRow("bridge closed") << 0.0 << 0.0 << "bridge"
+                                   << "RP2040 Bridge not connected";
 }
 
-void TestTavrixController::startRefusedForPressedPedals()
+void TestTavrixController::startRefused()
 {
     QFETCH(double, throttle);
     QFETCH(double, brake);
+    QFETCH(QString, gone);
     QFETCH(QString, message);
 
     ControllerRig rig;
     SET_UP_RIG(rig);
     QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
-    QSignalSpy running(rig.controller.get(), &TavrixController::runningChanged);
     rig.setPedals(throttle, brake);
+    if (gone == QLatin1String("lost"))
+        rig.backend.setLost(rig.firstDevice, true);
+    else if (gone == QLatin1String("closed"))
+        rig.controller->disconnectDevice(DeviceRole::WheelBase);
+    else if (gone == QLatin1String("bridge"))
+        rig.controller->disconnectTransmitter();
 
     const bool started = rig.controller->startTransmission();
-    QVERIFY(rig.flushToBridge());
-    if (message.isEmpty()) {
-        QVERIFY(started);
-        QCOMPARE(rig.commandCount(QStringLiteral("START")), 1);
-        QVERIFY(errors.isEmpty());
-        return;
+    QCOMPARE(started, message.isEmpty());
+    QCOMPARE(errors.size(), started ? 0 : 1);
+    if (!started)
+        QCOMPARE(errors.first().at(0).toString(), message);
+    rig.controller->stopTransmission(); // after a refusal there is nothing to stop: nothing is written
+    if (rig.controller->isSerialConnected()) {
+        QVERIFY(rig.flushToBridge());
+        QCOMPARE(rig.commandCount(QStringLiteral("START")), started ? 1 : 0);
+        if (!started)
+            QCOMPARE(rig.sim.commands().size(), 1); // the marker alone
     }
-    QVERIFY(!started);
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.first().at(0).toString(), message);
-    QVERIFY(running.isEmpty());
-    QVERIFY(!rig.controller->isRunning());
-    QCOMPARE(rig.commandCount(QStringLiteral("START")), 0);
-    QCOMPARE(rig.sim.channelFrameCount(), quint64(0));
+    if (!started)
+        QCOMPARE(rig.sim.channelFrameCount(), quint64(0));
 }
 
-void TestTavrixController::startRefusedWithoutBridgeOrWheel()
+void TestTavrixController::configAndTransmissionExcludeEachOther()
 {
     ControllerRig rig;
     SET_UP_RIG(rig);
-    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
-
-    // Lost just now, found by the start's own poll: the refusal is the one report.
-    rig.backend.setLost(rig.firstDevice, true);
-    QVERIFY(!rig.controller->startTransmission());
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.takeFirst().at(0).toString(), QStringLiteral("Wheel base not connected"));
-
-    rig.controller->disconnectDevice(DeviceRole::WheelBase);
-    QVERIFY(!rig.controller->startTransmission());
-    QCOMPARE(errors.takeFirst().at(0).toString(), QStringLiteral("Wheel base not connected"));
-
-    rig.controller->disconnectTransmitter();
-    QVERIFY(!rig.controller->startTransmission());
-    QCOMPARE(errors.takeFirst().at(0).toString(), QStringLiteral("RP2040 Bridge not connected"));
-    QVERIFY(!rig.controller->isRunning());
-}
-
-void TestTavrixController::startRefusedInConfigMode()
-{
-    ControllerRig rig;
-    SET_UP_RIG(rig);
-    QSignalSpy config(rig.controller.get(), &TavrixController::configModeChanged);
     QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
 
     QVERIFY(rig.controller->enterConfigMode());
-    QCOMPARE(config.size(), 1);
     QTRY_COMPARE(rig.sim.mode(), sim::BridgeSimulator::Mode::Configuring);
-
     QVERIFY(!rig.controller->startTransmission());
     QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.first().at(0).toString(),
-             QStringLiteral("Stop configuring before starting transmission"));
-
     rig.controller->exitConfigMode();
+    QVERIFY(!rig.controller->isConfigMode());
+
+    QVERIFY(rig.controller->startTransmission());
+    QVERIFY(!rig.controller->enterConfigMode());
+    QCOMPARE(errors.size(), 2);
+    QVERIFY(!rig.controller->isConfigMode());
     QVERIFY(rig.flushToBridge());
     QCOMPARE(rig.sim.commands().filter(QStringLiteral("CFGMODE")),
              QStringList({QStringLiteral("CFGMODE ON"), QStringLiteral("CFGMODE OFF")}));
-    QCOMPARE(rig.commandCount(QStringLiteral("START")), 0);
-    QCOMPARE(config.last().at(0).toBool(), false);
-}
-
-void TestTavrixController::configRefusedWhileRunning()
-{
-    ControllerRig rig;
-    SET_UP_RIG(rig);
-    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
-    QVERIFY(rig.controller->startTransmission());
-
-    QVERIFY(!rig.controller->enterConfigMode());
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.first().at(0).toString(), QStringLiteral("Stop transmission before configuring"));
-    QVERIFY(!rig.controller->isConfigMode());
-    QVERIFY(rig.flushToBridge());
-    QCOMPARE(rig.commandCount(QStringLiteral("CFGMODE ON")), 0);
-}
-
-void TestTavrixController::stopWhileIdleWritesNothing()
-{
-    ControllerRig rig;
-    SET_UP_RIG(rig);
-    QSignalSpy running(rig.controller.get(), &TavrixController::runningChanged);
-
-    rig.controller->stopTransmission();
-    QVERIFY(rig.flushToBridge());
-    QVERIFY(running.isEmpty());
-    const QStringList commands = rig.sim.commands();
-    QCOMPARE(commands.size(), 1); // the marker alone
-    QVERIFY(commands.first().startsWith(QLatin1String("MARK")));
+    QCOMPARE(rig.commandCount(QStringLiteral("START")), 1);
 }
 
 void TestTavrixController::unpluggedWheelStopsOnce()
@@ -214,7 +171,6 @@ void TestTavrixController::unpluggedWheelStopsOnce()
 
     rig.backend.setLost(rig.firstDevice, true);
     QTRY_VERIFY(!rig.controller->isRunning());
-    const quint32 framesAtStop = rig.controller->frameCount();
     // Let the idle polls see the lost wheel a good number of times (each poll of the
     // pedals, still there, marks one round).
     QSignalSpy idlePolls(rig.controller->devices()->device(DeviceRole::Pedals), &InputDevice::stateChanged);
@@ -222,52 +178,35 @@ void TestTavrixController::unpluggedWheelStopsOnce()
         QVERIFY(idlePolls.wait(2000));
     QVERIFY(rig.flushToBridge());
 
-    QCOMPARE(countMessages(errors, QStringLiteral("Wheel base disconnected")), 1);
+    // What the stop sends is tst_controllerfaults' concern; here, that it happens once.
     QCOMPARE(errors.size(), 1);
     QCOMPARE(rig.commandCount(QStringLiteral("STOP")), 1);
-    QCOMPARE(rig.controller->frameCount(), framesAtStop);
-    // Every counted frame, then the neutral frame of the stop (not counted).
-    QCOMPARE(rig.sim.channelFrameCount(), quint64(framesAtStop) + 1);
     QCOMPARE(wheel.size(), 1);
-    QCOMPARE(wheel.first().at(0).toBool(), false);
     QVERIFY(!rig.controller->devices()->isConnected(DeviceRole::WheelBase));
 }
 
-void TestTavrixController::throttleSpikeSendsOneZeroedFrameAndStops()
+void TestTavrixController::overrideRidesOnNoStopFrame()
 {
     ControllerRig rig;
     SET_UP_RIG(rig);
-    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
-    QSignalSpy running(rig.controller.get(), &TavrixController::runningChanged);
     QVERIFY(rig.controller->startTransmission());
-    QTRY_VERIFY(rig.controller->frameCount() > 10);
     QVERIFY(rig.controller->setChannelOverride(kCh3, 1700));
     QTRY_COMPARE(rig.sim.lastChannels()[kCh3], 1700);
     QList<int> ch3;
     connect(&rig.sim, &sim::BridgeSimulator::channelFrameReceived, this,
             [&ch3](const sim::ChannelArray &channels) { ch3.append(channels[kCh3]); });
 
-    // From released to full in one tick: no foot does that.
+    // A throttle spike: the zeroed frame of the tick that found it, then the stop's neutral frame.
     rig.setPedals(1.0, 0.0);
-    const quint32 framesBeforeSpike = rig.controller->frameCount();
     QTRY_VERIFY(!rig.controller->isRunning());
-
-    QCOMPARE(rig.controller->frameCount(), framesBeforeSpike + 1);
-    // The zeroed frame of the tick that found the spike, then the stop's neutral frame.
-    QTRY_COMPARE(rig.sim.channelFrameCount(), quint64(framesBeforeSpike + 2));
-    QCOMPARE(rig.sim.lastChannels()[kCh2], kNeutral);
-    // A hand-set override rides on neither of them.
-    QCOMPARE(ch3.mid(ch3.size() - 2), (QList<int>{0, 0}));
     QVERIFY(rig.flushToBridge());
-    QCOMPARE(rig.commandCount(QStringLiteral("STOP")), 1);
-    QCOMPARE(errors.size(), 1);
-    QCOMPARE(errors.first().at(0).toString(),
-             QStringLiteral("Transmission stopped for safety: impossible throttle spike detected. Verify the "
-                            "pedals and press Start Transmission again."));
-    QCOMPARE(running.size(), 2);
+    QVERIFY(ch3.size() >= 2);
+    QCOMPARE(ch3.mid(ch3.size() - 2), (QList<int>{0, 0}));
+    // Gone for the next run too.
+    QVERIFY(!rig.controller->setChannelOverride(kCh3, 1700));
 }
 
-void TestTavrixController::ledPowerButtonFlipsChannel12()
+void TestTavrixController::ledPowerButtonFlipsChannel12BeforeItIsStored()
 {
     ControllerRig rig;
     SET_UP_RIG(rig);
@@ -278,10 +217,17 @@ void TestTavrixController::ledPowerButtonFlipsChannel12()
     QVERIFY(rig.controller->startTransmission());
     QTRY_COMPARE(rig.sim.lastChannels()[kCh12], 2047);
 
+    // Writing the profile takes longer than a tick: the frame that switches CH12 goes out
+    // first, and the store is written once the tick has returned.
+    std::optional<int> ch12WhenSaved;
+    connect(&rig.profiles, &ProfileManager::profileModified, this,
+            [&] { ch12WhenSaved = rig.controller->channels()[kCh12]; });
     rig.backend.setButton(rig.firstDevice, 5, true);
     QTRY_COMPARE(rig.sim.lastChannels()[kCh12], 0);
+    QTRY_COMPARE(ch12WhenSaved, std::optional<int>(0));
+    QCOMPARE(rig.profiles.setting(QStringLiteral("ledSettings")).toObject().value(QStringLiteral("powerOn")),
+             QJsonValue(false));
     QCOMPARE(ledChanged.size(), 1);
-    QVERIFY(!rig.controller->isLedPowerOn()); // how it is stored: tst_controllerfaults
 
     // Holding the button is one press; releasing and pressing again is the next.
     rig.backend.setButton(rig.firstDevice, 5, false);
@@ -290,26 +236,6 @@ void TestTavrixController::ledPowerButtonFlipsChannel12()
     rig.backend.setButton(rig.firstDevice, 5, true);
     QTRY_COMPARE(rig.sim.lastChannels()[kCh12], 2047);
     QCOMPARE(ledChanged.size(), 2);
-}
-
-void TestTavrixController::bridgeDropReconnectsWhileIdle()
-{
-    ControllerRig rig;
-    SET_UP_RIG(rig);
-    QSignalSpy connected(rig.controller.get(), &TavrixController::serialConnectedChanged);
-    QCOMPARE(rig.profiles.transmitterPortName(), rig.linkPath());
-
-    rig.sim.hangUp();
-    QTRY_VERIFY(!rig.controller->isSerialConnected());
-    QVERIFY(rig.controller->transmitterLink()->isReconnecting());
-    QVERIFY(rig.sim.plugIn());
-    QTRY_VERIFY(rig.controller->isSerialConnected());
-    QCOMPARE(rig.controller->serialPortName(), rig.linkPath());
-    QCOMPARE(connected.size(), 2);
-    QVERIFY(!rig.controller->isRunning()); // a reconnect does not start by itself
-
-    QVERIFY(rig.controller->startTransmission());
-    QTRY_VERIFY(rig.sim.channelFrameCount() > 0);
 }
 
 void TestTavrixController::telemetryReachesTheController()
@@ -328,12 +254,9 @@ void TestTavrixController::telemetryReachesTheController()
     QTRY_VERIFY(!stats.isEmpty());
     QTRY_VERIFY(!motion.isEmpty());
     QTRY_VERIFY(!gps.isEmpty());
-    QVERIFY(c.telemetry()->isCarLinked());
     QCOMPARE(link.first().at(0).toBool(), true);
     QCOMPARE(ffbStates(ffb), QList<ReceiverFfbState>(
                                  {ReceiverFfbState::WaitingForMotion, ReceiverFfbState::ReceivingMotion}));
-    QCOMPARE(c.telemetry()->receiverFfbState(), ReceiverFfbState::ReceivingMotion);
-    QVERIFY(c.telemetry()->gpsFix().satellites > 0);
 
     QStringList keys;
     for (const TelemetrySensor &sensor : c.telemetry()->catalogue()) {
@@ -373,48 +296,6 @@ void TestTavrixController::motionWaitEndsInNoMotionData()
     QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::Idle);
 }
 
-void TestTavrixController::wrappedMotionRecord_data()
-{
-    QTest::addColumn<QByteArray>("payload");
-    QTest::addColumn<bool>("isMotion");
-
-    // destination, 0xCA, then the 7-byte record: tag, three big-endian values in milli-g.
-    const QByteArray record = QByteArray::fromHex("01"
-                                                  "01f4"
-                                                  "ff38"
-                                                  "03e8");
-    QTest::newRow("nine bytes unwrap") << (QByteArray::fromHex("eaca") + record) << true;
-    QTest::newRow("eight bytes are no wrapper") << (QByteArray::fromHex("eaca") + record.left(6)) << false;
-    QTest::newRow("wrong marker") << (QByteArray::fromHex("eacb") + record) << false;
-}
-
-void TestTavrixController::wrappedMotionRecord()
-{
-    QFETCH(QByteArray, payload);
-    QFETCH(bool, isMotion);
-
-    sim::BridgeSimulatorSettings settings = ControllerRig::quietBridge();
-    settings.linkUp = false; // only the injected frame
-    ControllerRig rig(settings);
-    SET_UP_RIG(rig);
-    QSignalSpy frames(rig.controller.get(), &TavrixController::crsfFrameReceived);
-    QSignalSpy motion(rig.controller.get(), &TavrixController::carMotionReceived);
-
-    rig.sim.injectToHost(sim::crsfwire::buildFrame(sim::crsfwire::kTypeWrapper, payload, 0xEA));
-    QTRY_COMPARE(frames.size(), 1);
-    QCOMPARE(frames.first().at(0).value<uint8_t>(), uint8_t(0x50));
-    if (!isMotion) {
-        QVERIFY(motion.isEmpty());
-        QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::Idle);
-        return;
-    }
-    QCOMPARE(motion.size(), 1);
-    QCOMPARE(motion.first().at(0).toFloat(), 0.5f);
-    QCOMPARE(motion.first().at(1).toFloat(), -0.2f);
-    QCOMPARE(motion.first().at(2).toFloat(), 1.0f);
-    QCOMPARE(rig.controller->telemetry()->receiverFfbState(), ReceiverFfbState::ReceivingMotion);
-}
-
 void TestTavrixController::helicopterStartsAndRefusesArmingAboveIdle()
 {
     ControllerRig rig;
@@ -450,15 +331,13 @@ void TestTavrixController::helicopterStartsAndRefusesArmingAboveIdle()
     LogCapture log;
     rig.backend.setLost(rig.secondDevice, true);
     QTRY_COMPARE(armed.size(), 2);
-    QCOMPARE(armed.last().at(0).toBool(), false);
     QTRY_COMPARE(rig.sim.lastChannels()[kCh3], 172);
     QVERIFY(c.isRunning());
     QCOMPARE(log.count(QStringLiteral("Test Throttle")), 1);
 
     c.setHeliArmed(true);
     c.stopTransmission();
-    QCOMPARE(armed.size(), 4);
-    QCOMPARE(armed.last().at(0).toBool(), false);
+    QCOMPARE(armed.size(), 4); // armed again, then disarmed by the stop
 
     // Without the joystick the helicopter does not start.
     c.disconnectDevice(DeviceRole::HeliJoystick);

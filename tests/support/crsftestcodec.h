@@ -41,7 +41,7 @@ inline QByteArray frame(uint8_t type, const QByteArray &payload, uint8_t address
 }
 
 // Channel n's bit b is stream bit 11n + b, i.e. bit (k % 8) of byte k / 8.
-inline QByteArray packChannels(const Channels &channels)
+inline QByteArray channelFrame(const Channels &channels)
 {
     QByteArray payload(22, '\0');
     int k = 0;
@@ -52,7 +52,7 @@ inline QByteArray packChannels(const Channels &channels)
                 payload[k / 8] = char(uint8_t(payload[k / 8]) | (1 << (k % 8)));
         }
     }
-    return payload;
+    return frame(0x16, payload);
 }
 
 inline Channels unpackChannels(const QByteArray &payload)
@@ -61,11 +61,6 @@ inline Channels unpackChannels(const QByteArray &payload)
     for (int k = 0; k < 16 * 11; ++k)
         channels[size_t(k / 11)] |= ((uint8_t(payload.at(k / 8)) >> (k % 8)) & 1) << (k % 11);
     return channels;
-}
-
-inline QByteArray channelFrame(const Channels &channels)
-{
-    return frame(0x16, packChannels(channels));
 }
 
 // Host-side view of the bridge's output: frames (CRC-checked) and text lines.
@@ -82,14 +77,14 @@ public:
                     return;
                 const int len = uint8_t(m_buffer[1]);
                 if (len < 2 || len > 62) {
-                    dropOne();
+                    m_buffer.remove(0, 1);
                     continue;
                 }
                 if (m_buffer.size() < len + 2)
                     return;
                 if (crc8(QByteArrayView(m_buffer).sliced(2, len - 1)) != uint8_t(m_buffer[len + 1])) {
                     ++badFrames;
-                    dropOne();
+                    m_buffer.remove(0, 1);
                     continue;
                 }
                 frames.append(m_buffer.left(len + 2));
@@ -106,7 +101,6 @@ public:
             } else if ((b >= 0x20 && b <= 0x7E) || b == '\r') {
                 m_line.append(char(b));
             } else {
-                ++droppedBytes;
                 m_line.clear();
             }
             m_buffer.remove(0, 1);
@@ -121,25 +115,11 @@ public:
         return n;
     }
 
-    void clear()
-    {
-        frames.clear();
-        lines.clear();
-        badFrames = droppedBytes = 0;
-    }
-
     QList<QByteArray> frames;
     QStringList lines;
     int badFrames = 0;
-    int droppedBytes = 0;
 
 private:
-    void dropOne()
-    {
-        ++droppedBytes;
-        m_buffer.remove(0, 1);
-    }
-
     QByteArray m_buffer;
     QByteArray m_line;
 };
