@@ -9,20 +9,15 @@
 //
 // Usage: bench_remote [--seconds N] [--requests N]   (defaults 5 s per loop measurement, 2000 requests)
 
+#include "benchrig.h"
 #include "benchtiming.h"
-#include "bridgesimulator.h"
-#include "profilemanager.h"
 #include "remotehandlers.h"
-#include "serialportdirectory.h"
-#include "tavrixcontroller.h"
-#include "virtualbackend.h"
 #include "websocketserver.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLoggingCategory>
-#include <QTemporaryDir>
 #include <QWebSocket>
 #include <QWebSocketServer>
 
@@ -110,31 +105,10 @@ int main(int argc, char **argv)
     const int seconds = std::max(1, parser.value(secondsOption).toInt());
     const int requests = std::max(10, parser.value(requestsOption).toInt());
 
-    QTemporaryDir dir;
-    ProfileManager profiles(dir.path());
-    profiles.loadProfiles();
-    VirtualBackend backend;
-    const int wheel = backend.addDevice({QStringLiteral("Bench Wheel"), QString(), 8, 32, 1, false});
-    const int pedals = backend.addDevice({QStringLiteral("Bench Pedals"), QString(), 8, 8, 0, false});
-    for (int id : {wheel, pedals}) {
-        backend.setAxis(id, 3, kRawAxisMax); // "Generic" pedals are inverted: rest is the top
-        backend.setAxis(id, 5, kRawAxisMax);
-    }
-    sim::BridgeSimulatorSettings simSettings;
-    simSettings.telemetry.statusLineIntervalMs = 0;
-    sim::BridgeSimulator bridge(simSettings);
-    if (!dir.isValid() || !bridge.start()) {
-        std::fprintf(stderr, "cannot set up: %s\n", qPrintable(bridge.errorString()));
+    BenchRig rig;
+    if (!rig.setUp())
         return 1;
-    }
-    TavrixController controller(&backend, &profiles,
-                                std::make_shared<PathSerialPortDirectory>(QStringList{bridge.clientPath()}));
-    if (!controller.connectDevice(DeviceRole::WheelBase, 0) ||
-        !controller.connectDevice(DeviceRole::Pedals, 1) ||
-        !controller.connectTransmitter(bridge.clientPath())) {
-        std::fprintf(stderr, "cannot connect the rig\n");
-        return 1;
-    }
+    TavrixController &controller = *rig.controller;
 
     WebSocketServer server(&controller);
     server.setListenAddress(QHostAddress::LocalHost);

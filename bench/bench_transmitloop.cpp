@@ -5,17 +5,12 @@
 //
 // Usage: bench_transmitloop [--seconds N]   (default 10 s per measurement)
 
+#include "benchrig.h"
 #include "benchtiming.h"
-#include "bridgesimulator.h"
-#include "profilemanager.h"
-#include "serialportdirectory.h"
-#include "tavrixcontroller.h"
-#include "virtualbackend.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <algorithm>
@@ -57,41 +52,11 @@ int main(int argc, char **argv)
     parser.process(app);
     const int seconds = std::max(1, parser.value(secondsOption).toInt());
 
-    QTemporaryDir dir;
-    if (!dir.isValid()) {
-        std::fprintf(stderr, "no temporary directory\n");
+    BenchRig rig;
+    if (!rig.setUp())
         return 1;
-    }
-    ProfileManager profiles(dir.path());
-    profiles.loadProfiles();
-
-    // A wheel and pedals at rest; the "Generic" pedals are inverted, so rest is the top of the range.
-    VirtualBackend backend;
-    const int wheel = backend.addDevice({QStringLiteral("Bench Wheel"), QString(), 8, 32, 1, false});
-    const int pedals = backend.addDevice({QStringLiteral("Bench Pedals"), QString(), 8, 8, 0, false});
-    for (int id : {wheel, pedals}) {
-        backend.setAxis(id, 3, kRawAxisMax);
-        backend.setAxis(id, 5, kRawAxisMax);
-    }
-
-    sim::BridgeSimulatorSettings simSettings;
-    simSettings.telemetry.statusLineIntervalMs = 0;
-    sim::BridgeSimulator bridge(simSettings);
-    if (!bridge.start()) {
-        std::fprintf(stderr, "bridge simulator: %s\n", qPrintable(bridge.errorString()));
-        return 1;
-    }
-
-    TavrixController controller(&backend, &profiles,
-                                std::make_shared<PathSerialPortDirectory>(QStringList{bridge.clientPath()}));
-    QObject::connect(&controller, &TavrixController::errorOccurred, &controller, [](const QString &error) {
-        std::fprintf(stderr, "controller: %s\n", qPrintable(error));
-    });
-    if (!controller.connectDevice(DeviceRole::WheelBase, 0) ||
-        !controller.connectDevice(DeviceRole::Pedals, 1) ||
-        !controller.connectTransmitter(bridge.clientPath())) {
-        return 1;
-    }
+    TavrixController &controller = *rig.controller;
+    sim::BridgeSimulator &bridge = rig.bridge;
 
     std::printf("transmit loop, %d s per measurement, nominal period %.1f ms\n", seconds, kPeriodMs);
     const std::vector<qint64> bare = measureBareTimer(seconds * 1000);
