@@ -15,12 +15,14 @@ struct RemoteDeviceRole
 {
     DeviceRole role;
     QLatin1String name;
+    // The refusal of a request that needs the role's device open.
+    QLatin1String notConnected;
 };
 
 inline constexpr std::array<RemoteDeviceRole, 3> kRemoteCarRoles{{
-    {DeviceRole::WheelBase, QLatin1String("wheelbase")},
-    {DeviceRole::Pedals, QLatin1String("pedals")},
-    {DeviceRole::Shifter, QLatin1String("shifter")},
+    {DeviceRole::WheelBase, QLatin1String("wheelbase"), QLatin1String("Wheel base is not connected")},
+    {DeviceRole::Pedals, QLatin1String("pedals"), QLatin1String("Pedals are not connected")},
+    {DeviceRole::Shifter, QLatin1String("shifter"), QLatin1String("Shifter is not connected")},
 }};
 
 // The role the app's name stands for; none for any other name.
@@ -33,14 +35,21 @@ inline constexpr std::array<RemoteDeviceRole, 3> kRemoteCarRoles{{
     return std::nullopt;
 }
 
-// The app's name of a car role; empty for the helicopter's roles.
-[[nodiscard]] inline QLatin1String remoteCarRoleName(DeviceRole role)
+// The app's entry of a car role; null for the helicopter's roles.
+[[nodiscard]] inline const RemoteDeviceRole *remoteCarRoleEntry(DeviceRole role)
 {
     for (const RemoteDeviceRole &entry : kRemoteCarRoles) {
         if (entry.role == role)
-            return entry.name;
+            return &entry;
     }
-    return {};
+    return nullptr;
+}
+
+// The app's name of a car role; empty for the helicopter's roles.
+[[nodiscard]] inline QLatin1String remoteCarRoleName(DeviceRole role)
+{
+    const RemoteDeviceRole *entry = remoteCarRoleEntry(role);
+    return entry ? entry->name : QLatin1String();
 }
 
 } // namespace tavrix

@@ -5,13 +5,13 @@
 #include "inputdetection.h"
 #include "inputdevice.h"
 #include "profilekeys.h"
+#include "remotedeviceroles.h"
 #include "steeringtrim.h"
 #include "tavrixcontroller.h"
 
 #include <QJsonArray>
 
 #include <algorithm>
-#include <array>
 
 namespace tavrix {
 
@@ -28,31 +28,6 @@ const auto kDeviceName = "deviceName"_L1;
 const auto kSuccess = "success"_L1;
 const auto kPresetName = "presetName"_L1;
 const auto kMap = "map"_L1;
-
-// The car's game-controller roles as the app names them, with the reply for one not there.
-struct NamedRole
-{
-    QLatin1String name;
-    DeviceRole role;
-    QLatin1String notConnected;
-};
-const std::array<NamedRole, 3> kRoles{{
-    {"wheelbase"_L1, DeviceRole::WheelBase, "Wheel base is not connected"_L1},
-    {"pedals"_L1, DeviceRole::Pedals, "Pedals are not connected"_L1},
-    {"shifter"_L1, DeviceRole::Shifter, "Shifter is not connected"_L1},
-}};
-
-const NamedRole *namedRole(const QString &name)
-{
-    const auto found =
-        std::find_if(kRoles.begin(), kRoles.end(), [&](const NamedRole &r) { return r.name == name; });
-    return found != kRoles.end() ? &*found : nullptr;
-}
-
-const NamedRole &namedRole(DeviceRole role)
-{
-    return *std::find_if(kRoles.begin(), kRoles.end(), [&](const NamedRole &r) { return r.role == role; });
-}
 
 QString gearName(int gearSlot)
 {
@@ -133,7 +108,7 @@ void WsAxisHandler::connectPushes()
     connect(detection, &InputDetection::shifterMappingChanged, this,
             [this] { push(u"shifter_mapping_changed"_s, shifterMappingJson()); });
     connect(detection, &InputDetection::buttonDetectionStarted, this, [this](DeviceRole role) {
-        push(u"button_detection_started"_s, {{kDeviceName, namedRole(role).name}});
+        push(u"button_detection_started"_s, {{kDeviceName, remoteCarRoleName(role)}});
     });
     connect(detection, &InputDetection::buttonDetectionResult, this, [this](int buttonIndex, bool success) {
         push(u"button_detection_result"_s, {{kButtonIndex, buttonIndex}, {kSuccess, success}});
@@ -266,7 +241,7 @@ QJsonObject WsAxisHandler::getEscModes(const RemoteRequest &request)
 QJsonObject WsAxisHandler::axisMapping(const RemoteRequest &request, DeviceRole role)
 {
     if (!controller()->devices()->isConnected(role))
-        return request.failed(namedRole(role).notConnected);
+        return request.failed(remoteCarRoleEntry(role)->notConnected);
     const AxisPreset &mapping = controller()->devices()->device(role)->preset();
     QJsonObject data = mapping.toJson();
     const QString preset = matchingPresetName(mapping);
@@ -277,7 +252,7 @@ QJsonObject WsAxisHandler::axisMapping(const RemoteRequest &request, DeviceRole 
 QJsonObject WsAxisHandler::setAxisMapping(const RemoteRequest &request, DeviceRole role)
 {
     if (!controller()->devices()->isConnected(role))
-        return request.failed(namedRole(role).notConnected);
+        return request.failed(remoteCarRoleEntry(role)->notConnected);
     // A mapping swapped under a running car could hand the throttle to another axis.
     if (controller()->isRunning())
         return request.failed(u"Stop transmission before changing the axis mapping"_s);
@@ -372,10 +347,10 @@ QJsonObject WsAxisHandler::startButtonDetection(const RemoteRequest &request)
     const QString name = request.text(kDeviceName);
     if (name.isEmpty())
         return request.failed(u"Missing 'deviceName' (e.g. 'wheelbase', 'pedals', 'shifter')"_s);
-    const NamedRole *role = namedRole(name);
+    const std::optional<DeviceRole> role = remoteCarRole(name);
     if (!role)
         return request.failed(u"Invalid deviceName: must be 'wheelbase', 'pedals', or 'shifter'"_s);
-    controller()->inputDetection()->startButtonDetection(role->role);
+    controller()->inputDetection()->startButtonDetection(*role);
     return request.succeeded();
 }
 
