@@ -69,7 +69,7 @@ private slots:
         QVERIFY(finished.wait(20000));
 
         QStringList expected = pageFiles(QStringLiteral("light"));
-        expected.append(QStringLiteral("light-dlg-msgbox.png"));
+        expected << QStringLiteral("light-dlg-web-status.png") << QStringLiteral("light-dlg-msgbox.png");
         QStringList written;
         for (const QString &path : mode.writtenFiles())
             written.append(QFileInfo(path).fileName());

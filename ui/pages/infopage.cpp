@@ -1,5 +1,6 @@
 #include "infopage.h"
 
+#include "appaddresslist.h"
 #include "card.h"
 #include "shellsettings.h"
 
@@ -33,6 +34,7 @@ InfoPage::InfoPage(QWidget *parent)
     row->addWidget(buildAboutCard(), 1);
     row->addWidget(buildPreferencesCard(), 1);
     content()->addLayout(row);
+    content()->addWidget(buildMobileAppCard());
     content()->addWidget(buildLicencesCard());
     content()->addStretch(1);
 }
@@ -86,6 +88,22 @@ QWidget *InfoPage::buildPreferencesCard()
     card->body()->addLayout(consoleRow);
     card->body()->addStretch(1);
     return card;
+}
+
+QWidget *InfoPage::buildMobileAppCard()
+{
+    auto *card = new hub::Card(tr("Mobile app"), this);
+    card->setSubtitle(tr("Enter one of these addresses in the mobile app on the same network."));
+    m_appAddresses = new AppAddressList(card);
+    card->body()->addWidget(m_appAddresses);
+    card->body()->addWidget(
+        mutedLabel(tr("The name works on most home networks; where it does not, use an IP address."), card));
+    return card;
+}
+
+void InfoPage::setAppAddresses(const QStringList &addresses)
+{
+    m_appAddresses->setAddresses(addresses);
 }
 
 QWidget *InfoPage::buildLicencesCard()
