@@ -59,4 +59,18 @@ QStringList appUrls(const QHostAddress &listen, quint16 port, const QStringList 
     return urls;
 }
 
+QString readablePeer(const QString &addressAndPort)
+{
+    const qsizetype colon = addressAndPort.lastIndexOf(QLatin1Char(':'));
+    QHostAddress address;
+    if (colon <= 0 || !address.setAddress(addressAndPort.left(colon)))
+        return addressAndPort;
+    const QString port = addressAndPort.mid(colon + 1);
+    bool mapped = false;
+    const quint32 ipv4 = address.toIPv4Address(&mapped);
+    if (mapped)
+        return QStringLiteral("%1:%2").arg(QHostAddress(ipv4).toString(), port);
+    return QStringLiteral("[%1]:%2").arg(address.toString(), port);
+}
+
 } // namespace tavrix::remoteaddresses

@@ -15,4 +15,9 @@ namespace tavrix::remoteaddresses {
 // the name is not answered there and no phone could use it. Port 0 (not listening) gives none.
 [[nodiscard]] QStringList appUrls(const QHostAddress &listen, quint16 port, const QStringList &machineIpv4);
 
+// A client's "address:port" as people write it: a server listening on every interface sees
+// IPv4 peers as IPv4-mapped IPv6 ("::ffff:192.168.1.7"), shown here as plain IPv4; other
+// IPv6 addresses get brackets. Anything unparsable comes back unchanged.
+[[nodiscard]] QString readablePeer(const QString &addressAndPort);
+
 } // namespace tavrix::remoteaddresses

@@ -25,9 +25,9 @@ RemoteServerBinder::RemoteServerBinder(WebSocketServer *server, QObject *parent)
 RemoteServerBinder::State RemoteServerBinder::state() const
 {
     if (!m_server->isListening())
-        return {hub::Tone::Neutral, tr("Off"), tr("The app server is not listening")};
+        return {hub::Tone::Neutral, tr("Off"), tr("Turned off, or its port is taken by another program")};
     const int clients = m_server->clientCount();
-    const QString detail = tr("Listening on port %1 of the local network").arg(m_server->port());
+    const QString detail = tr("Port %1 on the local network").arg(m_server->port());
     if (clients == 0)
         return {hub::Tone::Neutral, tr("Listening"), detail};
     return {hub::Tone::Good, clients == 1 ? tr("1 app connected") : tr("%1 apps connected").arg(clients),
@@ -62,7 +62,10 @@ void RemoteServerBinder::bindDialog(RemoteStatusDialog *dialog)
     const auto showClients = [this, dialog] {
         const State s = state();
         dialog->setServerState(s.tone, s.status, s.detail);
-        dialog->setClients(m_server->clientAddresses());
+        QStringList clients = m_server->clientAddresses();
+        for (QString &client : clients)
+            client = remoteaddresses::readablePeer(client);
+        dialog->setClients(clients);
     };
     connect(m_server, &WebSocketServer::clientCountChanged, dialog, showClients);
     dialog->setAddresses(appUrls());

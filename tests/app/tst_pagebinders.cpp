@@ -438,6 +438,22 @@ private slots:
         QCOMPARE(remoteaddresses::appUrls(listen, port, {u"192.168.1.20"_s, u"10.0.0.5"_s}), urls);
     }
 
+    void peersReadAsPeopleWriteThem_data()
+    {
+        QTest::addColumn<QString>("peer");
+        QTest::addColumn<QString>("readable");
+        QTest::newRow("IPv4-mapped") << u"::ffff:192.168.1.7:50123"_s << u"192.168.1.7:50123"_s;
+        QTest::newRow("IPv4") << u"10.0.0.5:50123"_s << u"10.0.0.5:50123"_s;
+        QTest::newRow("IPv6") << u"fe80::1:50123"_s << u"[fe80::1]:50123"_s;
+    }
+
+    void peersReadAsPeopleWriteThem()
+    {
+        QFETCH(QString, peer);
+        QFETCH(QString, readable);
+        QCOMPARE(remoteaddresses::readablePeer(peer), readable);
+    }
+
     void errorsAwayFromTheVehiclePagesBecomeAToast()
     {
         HubRig rig;

@@ -16,7 +16,7 @@ RemoteStatusDialog::RemoteStatusDialog(QWidget *parent)
     : QDialog(parent)
 {
     setWindowTitle(tr("Mobile app"));
-    setMinimumWidth(460);
+    setMinimumWidth(520);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(14);
@@ -25,7 +25,7 @@ RemoteStatusDialog::RemoteStatusDialog(QWidget *parent)
     column->addWidget(m_server);
 
     auto *addresses = new hub::Card(tr("Addresses"), this);
-    addresses->setSubtitle(tr("Enter one of these in the mobile app; it tries the name first."));
+    addresses->setSubtitle(tr("Enter one of these in the mobile app."));
     m_addresses = new AppAddressList(addresses);
     addresses->body()->addWidget(m_addresses);
     column->addWidget(addresses);
@@ -36,13 +36,15 @@ RemoteStatusDialog::RemoteStatusDialog(QWidget *parent)
     m_clients->setObjectName(QStringLiteral("appClients"));
     m_clients->setSelectionMode(QAbstractItemView::NoSelection);
     m_clients->setFocusPolicy(Qt::NoFocus);
-    m_clients->setMinimumHeight(96);
+    m_clients->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    m_clients->setMaximumHeight(240);
     m_noClients = new QLabel(tr("No app is connected."), clients);
     m_noClients->setObjectName(QStringLiteral("mutedText"));
     clients->body()->addWidget(m_clients);
     clients->body()->addWidget(m_noClients);
-    column->addWidget(clients, 1);
+    column->addWidget(clients);
 
+    column->addStretch(1);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     column->addWidget(buttons);

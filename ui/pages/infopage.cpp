@@ -27,7 +27,7 @@ QLabel *mutedLabel(const QString &text, QWidget *parent)
 } // namespace
 
 InfoPage::InfoPage(QWidget *parent)
-    : hub::Page(tr("About"), tr("Version, preferences and licences."), parent)
+    : hub::Page(tr("About"), tr("Version, preferences, the mobile app and licences."), parent)
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(kGap);
@@ -96,14 +96,16 @@ QWidget *InfoPage::buildMobileAppCard()
     card->setSubtitle(tr("Enter one of these addresses in the mobile app on the same network."));
     m_appAddresses = new AppAddressList(card);
     card->body()->addWidget(m_appAddresses);
-    card->body()->addWidget(
-        mutedLabel(tr("The name works on most home networks; where it does not, use an IP address."), card));
+    m_appAddressHint =
+        mutedLabel(tr("The name works on most home networks; where it does not, use an IP address."), card);
+    card->body()->addWidget(m_appAddressHint);
     return card;
 }
 
 void InfoPage::setAppAddresses(const QStringList &addresses)
 {
     m_appAddresses->setAddresses(addresses);
+    m_appAddressHint->setVisible(!addresses.isEmpty());
 }
 
 QWidget *InfoPage::buildLicencesCard()

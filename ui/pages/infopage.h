@@ -3,6 +3,7 @@
 #include "page.h"
 
 class QCheckBox;
+class QLabel;
 
 namespace tavrix {
 
@@ -36,6 +37,7 @@ private:
 
     QCheckBox *m_reduceMotion = nullptr;
     AppAddressList *m_appAddresses = nullptr;
+    QLabel *m_appAddressHint = nullptr;
 };
 
 } // namespace tavrix
