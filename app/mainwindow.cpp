@@ -12,6 +12,8 @@
 #include "motionchooserpage.h"
 #include "motionpanelpage.h"
 #include "pagestack.h"
+#include "remoteserverbinder.h"
+#include "remotestatusdialog.h"
 #include "shellsettings.h"
 #include "sidebar.h"
 #include "tavrixcontroller.h"
@@ -23,6 +25,12 @@
 #include <QMessageBox>
 
 using namespace tavrix;
+
+namespace {
+
+const QString kRemoteStatusDialog = QStringLiteral("web-status");
+
+} // namespace
 
 MainWindow::MainWindow(HubServices &services, const QString &activeTheme, LogRouter &log, QWidget *parent)
     : MainWindow(activeTheme, log, parent)
@@ -150,6 +158,32 @@ void MainWindow::bindPages()
     new CarPageBinder(m_car, controller, this);
     new HeliPageBinder(m_heli, controller, this);
     connect(controller, &TavrixController::errorOccurred, this, &MainWindow::showErrorElsewhere);
+
+    auto *remote = new RemoteServerBinder(m_services->remoteServer(), this);
+    remote->bindDashboard(m_dashboard);
+    remote->bindInfoPage(m_info);
+    m_dialogs.add(kRemoteStatusDialog, [remote](QWidget *parent) {
+        auto *dialog = new RemoteStatusDialog(parent);
+        remote->bindDialog(dialog);
+        return dialog;
+    });
+    connect(m_dashboard, &DashboardPage::remoteDetailsRequested, this,
+            [this] { openDialog(kRemoteStatusDialog); });
+}
+
+QWidget *MainWindow::openDialog(const QString &key)
+{
+    QPointer<QWidget> &dialog = m_openDialogs[key];
+    if (!dialog) {
+        dialog = m_dialogs.create(key, this);
+        if (!dialog)
+            return nullptr;
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+    return dialog;
 }
 
 void MainWindow::showErrorElsewhere(const QString &error)

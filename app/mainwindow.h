@@ -2,6 +2,7 @@
 
 #include "dialogregistry.h"
 
+#include <QHash>
 #include <QMainWindow>
 #include <QPointer>
 
@@ -51,6 +52,9 @@ public:
     hub::Toast *toast() const { return m_toast; }
     tavrix::ThemeSwitcher *themeSwitcher() const { return m_themeSwitcher; }
     tavrix::DialogRegistry &dialogs() { return m_dialogs; }
+    // Shows the registered dialog `key`, or brings it to the front when it is open already;
+    // null for a key nobody registered.
+    QWidget *openDialog(const QString &key);
 
     // Set when the user asked to restart (theme change); main starts the new process after
     // this window and everything it owns are gone.
@@ -81,5 +85,6 @@ private:
     tavrix::InfoPage *m_info = nullptr;
     QPointer<tavrix::DebugConsole> m_console;
     tavrix::DialogRegistry m_dialogs;
+    QHash<QString, QPointer<QWidget>> m_openDialogs;
     bool m_restartRequested = false;
 };

@@ -12,7 +12,8 @@ namespace hub {
 StatusRow::StatusRow(Glyph glyph, const QString &name, const QString &detail, QWidget *parent)
     : QWidget(parent)
 {
-    auto *row = new QHBoxLayout(this);
+    m_row = new QHBoxLayout(this);
+    QHBoxLayout *row = m_row;
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(12);
     auto *icon = new GlyphView(glyph, 36, this);
@@ -42,6 +43,12 @@ void StatusRow::setDetail(const QString &detail)
 QString StatusRow::detail() const
 {
     return m_detail->text();
+}
+
+void StatusRow::addAccessory(QWidget *widget)
+{
+    widget->setParent(this);
+    m_row->insertWidget(m_row->indexOf(m_pill), widget, 0, Qt::AlignVCenter);
 }
 
 void StatusRow::setStatus(Tone tone, const QString &text)

@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+class QHBoxLayout;
 class QLabel;
 
 namespace hub {
@@ -22,8 +23,12 @@ public:
     QString detail() const;
     void setStatus(Tone tone, const QString &text);
     StatusPill *pill() const { return m_pill; }
+    // Places a widget (a button that opens details) just before the pill, so the pills of
+    // a list of rows stay lined up at the right.
+    void addAccessory(QWidget *widget);
 
 private:
+    QHBoxLayout *m_row = nullptr;
     QLabel *m_detail = nullptr;
     StatusPill *m_pill = nullptr;
 };

@@ -65,6 +65,13 @@
     </message>
 </context>
 <context>
+    <name>tavrix::AppAddressList</name>
+    <message>
+        <source>The app server is not listening, so the mobile app cannot connect.</source>
+        <translation>Der App-Server lauscht nicht, die mobile App kann sich also nicht verbinden.</translation>
+    </message>
+</context>
+<context>
     <name>tavrix::CarPage</name>
     <message>
         <source>RC Car</source>
@@ -348,6 +355,10 @@
         <source>%1 of %2</source>
         <translation>%1 von %2</translation>
     </message>
+    <message>
+        <source>Details</source>
+        <translation>Details</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DebugConsole</name>
@@ -604,10 +615,6 @@
         <translation>Info</translation>
     </message>
     <message>
-        <source>Version, preferences and licences.</source>
-        <translation>Version, Einstellungen und Lizenzen.</translation>
-    </message>
-    <message>
         <source>OrvaneLabs HUB</source>
         <translation>OrvaneLabs HUB</translation>
     </message>
@@ -662,6 +669,22 @@
     <message>
         <source>SIL Open Font License 1.1</source>
         <translation>SIL Open Font License 1.1</translation>
+    </message>
+    <message>
+        <source>Version, preferences, the mobile app and licences.</source>
+        <translation>Version, Einstellungen, die mobile App und Lizenzen.</translation>
+    </message>
+    <message>
+        <source>Mobile app</source>
+        <translation>Mobile App</translation>
+    </message>
+    <message>
+        <source>Enter one of these addresses in the mobile app on the same network.</source>
+        <translation>Gib eine dieser Adressen in der mobilen App im selben Netzwerk ein.</translation>
+    </message>
+    <message>
+        <source>The name works on most home networks; where it does not, use an IP address.</source>
+        <translation>Der Name funktioniert in den meisten Heimnetzen; wo nicht, nimm eine IP-Adresse.</translation>
     </message>
 </context>
 <context>
@@ -826,6 +849,68 @@
     <message>
         <source>Profile not found: %1</source>
         <translation>Profil nicht gefunden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::RemoteServerBinder</name>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Turned off, or its port is taken by another program</source>
+        <translation>Ausgeschaltet, oder ein anderes Programm belegt seinen Port</translation>
+    </message>
+    <message>
+        <source>Port %1 on the local network</source>
+        <translation>Port %1 im lokalen Netzwerk</translation>
+    </message>
+    <message>
+        <source>Listening</source>
+        <translation>Bereit</translation>
+    </message>
+    <message>
+        <source>1 app connected</source>
+        <translation>1 App verbunden</translation>
+    </message>
+    <message>
+        <source>%1 apps connected</source>
+        <translation>%1 Apps verbunden</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::RemoteStatusDialog</name>
+    <message>
+        <source>Mobile app</source>
+        <translation>Mobile App</translation>
+    </message>
+    <message>
+        <source>App server</source>
+        <translation>App-Server</translation>
+    </message>
+    <message>
+        <source>Addresses</source>
+        <translation>Adressen</translation>
+    </message>
+    <message>
+        <source>Enter one of these in the mobile app.</source>
+        <translation>Gib eine davon in der mobilen App ein.</translation>
+    </message>
+    <message>
+        <source>Connected apps</source>
+        <translation>Verbundene Apps</translation>
+    </message>
+    <message>
+        <source>In the order they connected</source>
+        <translation>In der Reihenfolge ihrer Verbindung</translation>
+    </message>
+    <message>
+        <source>No app is connected.</source>
+        <translation>Keine App verbunden.</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
     </message>
 </context>
 <context>

@@ -65,6 +65,13 @@
     </message>
 </context>
 <context>
+    <name>tavrix::AppAddressList</name>
+    <message>
+        <source>The app server is not listening, so the mobile app cannot connect.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::CarPage</name>
     <message>
         <source>RC Car</source>
@@ -348,6 +355,10 @@
         <source>%1 of %2</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Details</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DebugConsole</name>
@@ -604,10 +615,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Version, preferences and licences.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>OrvaneLabs HUB</source>
         <translation type="unfinished"></translation>
     </message>
@@ -661,6 +668,22 @@
     </message>
     <message>
         <source>SIL Open Font License 1.1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Version, preferences, the mobile app and licences.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mobile app</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter one of these addresses in the mobile app on the same network.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The name works on most home networks; where it does not, use an IP address.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -825,6 +848,68 @@
     </message>
     <message>
         <source>Profile not found: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::RemoteServerBinder</name>
+    <message>
+        <source>Off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turned off, or its port is taken by another program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Port %1 on the local network</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Listening</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1 app connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 apps connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::RemoteStatusDialog</name>
+    <message>
+        <source>Mobile app</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>App server</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Addresses</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enter one of these in the mobile app.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected apps</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In the order they connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No app is connected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Off</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

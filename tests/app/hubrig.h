@@ -4,6 +4,7 @@
 #include "hubservices.h"
 #include "logrouter.h"
 #include "mainwindow.h"
+#include "websocketserver.h"
 
 #include <QStringList>
 
@@ -49,6 +50,14 @@ struct HubRig
         }
         return window->showPage(key) ? qobject_cast<Page *>(window->page(key)) : nullptr;
     }
+    // The mobile app's server on 127.0.0.1 and a port the system picks, as if started with
+    // --remote-port; call before showPage() so the window finds it listening.
+    bool startRemote()
+    {
+        services->remoteServer()->setListenAddress(QHostAddress(QHostAddress::LocalHost));
+        return services->remoteServer()->start(0);
+    }
+
     QString linkPath() const { return dir.filePath(QStringLiteral("ttyBRIDGE")); }
 
     bool startBridge()

@@ -157,7 +157,8 @@ struct DriveBench
         hub.start(kHub,
                   {QStringLiteral("--headless"), QStringLiteral("--transmitter"), link,
                    QStringLiteral("--wheel"), QStringLiteral("MOZA R9 Base"), QStringLiteral("--pedals"),
-                   QStringLiteral("1"), QStringLiteral("--start")},
+                   QStringLiteral("1"), QStringLiteral("--start"), QStringLiteral("--remote-port"),
+                   QStringLiteral("0")},
                   hubEnv);
         return QTest::qWaitFor([&] { return hub.out.contains("transmission started"); }, 15000);
     }
@@ -242,7 +243,10 @@ private slots:
         for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
             env.remove(QLatin1String(name));
         RunningProcess hub;
-        hub.start(kHub, {QStringLiteral("--headless"), QStringLiteral("--demo")}, env);
+        hub.start(kHub,
+                  {QStringLiteral("--headless"), QStringLiteral("--demo"), QStringLiteral("--remote-port"),
+                   QStringLiteral("0")},
+                  env);
         QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("transmission started"), qPrintable(hub.transcript()),
                                   15000);
         // Telemetry from the simulated car comes back.

@@ -1,5 +1,6 @@
 // The pages of the main window bound to the real controller: virtual game controllers, the
 // bridge simulator on a pty as the transmitter, profiles in a temporary folder.
+#include "appaddresslist.h"
 #include "carpage.h"
 #include "channelbar.h"
 #include "dashboardbinder.h"
@@ -9,11 +10,14 @@
 #include "emptystate.h"
 #include "helipage.h"
 #include "hubrig.h"
+#include "infopage.h"
 #include "inputdevice.h"
 #include "levelbar.h"
 #include "logrouter.h"
 #include "mainwindow.h"
 #include "notice.h"
+#include "remoteaddresses.h"
+#include "remotestatusdialog.h"
 #include "stattile.h"
 #include "statuspill.h"
 #include "statusrow.h"
@@ -23,8 +27,10 @@
 #include <QComboBox>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSettings>
+#include <QWebSocket>
 
 #include <algorithm>
 
@@ -42,6 +48,27 @@ void pick(QComboBox *box, int index)
         QTest::keyClick(box, Qt::Key_Down);
     while (box->currentIndex() > index)
         QTest::keyClick(box, Qt::Key_Up);
+}
+
+// A mobile app on this machine, connected once the server accepted it.
+bool connectApp(QWebSocket &app, quint16 port)
+{
+    QSignalSpy connected(&app, &QWebSocket::connected);
+    app.open(QUrl(QStringLiteral("ws://127.0.0.1:%1").arg(port)));
+    return connected.wait(10000);
+}
+
+QString appPeer(const QWebSocket &app)
+{
+    return QStringLiteral("127.0.0.1:%1").arg(app.localPort());
+}
+
+QStringList listed(const QListWidget *list)
+{
+    QStringList rows;
+    for (int i = 0; i < list->count(); ++i)
+        rows.append(list->item(i)->text());
+    return rows;
 }
 
 } // namespace
@@ -334,6 +361,85 @@ private slots:
         heli->startButton()->click();
         QVERIFY(!c->isRunning());
         QVERIFY(!heli->isArmed());
+    }
+
+    void mobileAppRowAndStatusDialogFollowTheClients()
+    {
+        HubRig rig;
+        QVERIFY(rig.startRemote());
+        const quint16 port = rig.services->remoteServer()->port();
+        auto *dash = rig.showPage<DashboardPage>(u"dashboard"_s);
+        QVERIFY(dash);
+        const hub::StatusPill *pill = dash->remoteRow()->pill();
+        QCOMPARE(pill->tone(), hub::Tone::Neutral);
+        QVERIFY(dash->remoteRow()->detail().contains(QString::number(port)));
+        const QStringList urls{u"ws://127.0.0.1:%1"_s.arg(port)};
+        auto *info = qobject_cast<InfoPage *>(rig.window->page(u"info"_s));
+        QCOMPARE(info->appAddressList()->addresses(), urls);
+
+        dash->remoteDetailsButton()->click();
+        auto *dialog = rig.window->findChild<RemoteStatusDialog *>();
+        QVERIFY(dialog && dialog->isVisible());
+        QCOMPARE(dialog->addressList()->addresses(), urls);
+        QVERIFY(listed(dialog->clientList()).isEmpty());
+
+        QWebSocket first;
+        QWebSocket second;
+        QVERIFY(connectApp(first, port));
+        QVERIFY(connectApp(second, port));
+        QTRY_COMPARE_WITH_TIMEOUT(listed(dialog->clientList()),
+                                  (QStringList{appPeer(first), appPeer(second)}), 10000);
+        QCOMPARE(pill->tone(), hub::Tone::Good);
+        QVERIFY(pill->text().contains(u'2'));
+
+        first.close();
+        QTRY_COMPARE_WITH_TIMEOUT(listed(dialog->clientList()), QStringList{appPeer(second)}, 10000);
+        QVERIFY(pill->text().contains(u'1'));
+        second.close();
+        QTRY_VERIFY_WITH_TIMEOUT(listed(dialog->clientList()).isEmpty(), 10000);
+        QCOMPARE(pill->tone(), hub::Tone::Neutral);
+    }
+
+    void appUrlsFollowWhereTheServerListens_data()
+    {
+        QTest::addColumn<QHostAddress>("listen");
+        QTest::addColumn<quint16>("port");
+        QTest::addColumn<QStringList>("urls");
+        const QString name = u"ws://orvanelabs-transmitter.local:12345"_s;
+        QTest::newRow("every interface")
+            << QHostAddress(QHostAddress::Any) << quint16(12345)
+            << QStringList{name, u"ws://192.168.1.20:12345"_s, u"ws://10.0.0.5:12345"_s};
+        QTest::newRow("one interface")
+            << QHostAddress(u"10.0.0.5"_s) << quint16(12345) << QStringList{name, u"ws://10.0.0.5:12345"_s};
+        QTest::newRow("loopback, no name") << QHostAddress(QHostAddress::LocalHost) << quint16(12345)
+                                           << QStringList{u"ws://127.0.0.1:12345"_s};
+        QTest::newRow("IPv6 loopback") << QHostAddress(QHostAddress::LocalHostIPv6) << quint16(12345)
+                                       << QStringList{u"ws://[::1]:12345"_s};
+        QTest::newRow("not listening") << QHostAddress(QHostAddress::Any) << quint16(0) << QStringList();
+    }
+
+    void appUrlsFollowWhereTheServerListens()
+    {
+        QFETCH(QHostAddress, listen);
+        QFETCH(quint16, port);
+        QFETCH(QStringList, urls);
+        QCOMPARE(remoteaddresses::appUrls(listen, port, {u"192.168.1.20"_s, u"10.0.0.5"_s}), urls);
+    }
+
+    void peersReadAsPeopleWriteThem_data()
+    {
+        QTest::addColumn<QString>("peer");
+        QTest::addColumn<QString>("readable");
+        QTest::newRow("IPv4-mapped") << u"::ffff:192.168.1.7:50123"_s << u"192.168.1.7:50123"_s;
+        QTest::newRow("IPv4") << u"10.0.0.5:50123"_s << u"10.0.0.5:50123"_s;
+        QTest::newRow("IPv6") << u"fe80::1:50123"_s << u"[fe80::1]:50123"_s;
+    }
+
+    void peersReadAsPeopleWriteThem()
+    {
+        QFETCH(QString, peer);
+        QFETCH(QString, readable);
+        QCOMPARE(remoteaddresses::readablePeer(peer), readable);
     }
 };
 

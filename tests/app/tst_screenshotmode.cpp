@@ -52,7 +52,9 @@ private slots:
         env.insert(QStringLiteral("ORVANEHUB_SNAPSHOT_DIALOGS"), QStringLiteral("1"));
         hub.setProcessEnvironment(env);
         hub.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        hub.start(QStringLiteral(ORVANEHUB_EXECUTABLE), {});
+        // No app server: a test never listens on the real network.
+        hub.start(QStringLiteral(ORVANEHUB_EXECUTABLE),
+                  {QStringLiteral("--remote-port"), QStringLiteral("0")});
         QVERIFY2(hub.waitForStarted(10000), qPrintable(hub.errorString()));
         QVERIFY2(hub.waitForFinished(90000), "the hub did not quit after its screenshots");
         QCOMPARE(hub.exitStatus(), QProcess::NormalExit);
@@ -60,6 +62,7 @@ private slots:
 
         // Every page, the collapsed sidebar and every dialog, in the stored theme.
         QStringList expected{QStringLiteral("dark-sidebar-collapsed.png"),
+                             QStringLiteral("dark-dlg-web-status.png"),
                              QStringLiteral("dark-dlg-msgbox.png")};
         for (const char *page :
              {"dashboard", "vehicles", "rc-car", "rc-heli", "motion-chooser", "motion-panel", "info"})

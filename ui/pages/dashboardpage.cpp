@@ -40,6 +40,9 @@ QWidget *DashboardPage::buildConnectionsCard()
     m_remote = new hub::StatusRow(hub::Glyph::Phone, tr("Mobile app"), QString(), card);
     for (hub::StatusRow *r : {m_transmitter, m_devices, m_carLink, m_remote})
         card->body()->addWidget(r);
+    m_remoteDetails = new QPushButton(tr("Details"), m_remote);
+    m_remote->addAccessory(m_remoteDetails);
+    connect(m_remoteDetails, &QAbstractButton::clicked, this, &DashboardPage::remoteDetailsRequested);
     return card;
 }
 

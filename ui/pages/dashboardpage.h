@@ -4,6 +4,8 @@
 #include "telemetrygrid.h"
 #include "tone.h"
 
+class QAbstractButton;
+
 namespace hub {
 class EmptyState;
 class StatTile;
@@ -27,6 +29,7 @@ public:
     TelemetryGrid *telemetryGrid() const { return m_telemetry; }
     hub::StatTile *frameRateTile() const { return m_frameRate; }
     hub::StatusRow *remoteRow() const { return m_remote; }
+    QAbstractButton *remoteDetailsButton() const { return m_remoteDetails; }
     hub::EmptyState *telemetryEmptyState() const { return m_telemetryEmpty; }
 
 public slots:
@@ -44,6 +47,8 @@ public slots:
 
 signals:
     void pageRequested(const QString &pageKey);
+    // The mobile app server's details, from the button beside its row.
+    void remoteDetailsRequested();
 
 private:
     QWidget *buildConnectionsCard();
@@ -54,6 +59,7 @@ private:
     hub::StatusRow *m_devices = nullptr;
     hub::StatusRow *m_carLink = nullptr;
     hub::StatusRow *m_remote = nullptr;
+    QAbstractButton *m_remoteDetails = nullptr;
     hub::StatusPill *m_transmissionPill = nullptr;
     hub::StatTile *m_vehicle = nullptr;
     hub::StatTile *m_frameRate = nullptr;

@@ -1,5 +1,6 @@
 #include "infopage.h"
 
+#include "appaddresslist.h"
 #include "card.h"
 #include "shellsettings.h"
 
@@ -26,13 +27,14 @@ QLabel *mutedLabel(const QString &text, QWidget *parent)
 } // namespace
 
 InfoPage::InfoPage(QWidget *parent)
-    : hub::Page(tr("About"), tr("Version, preferences and licences."), parent)
+    : hub::Page(tr("About"), tr("Version, preferences, the mobile app and licences."), parent)
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(kGap);
     row->addWidget(buildAboutCard(), 1);
     row->addWidget(buildPreferencesCard(), 1);
     content()->addLayout(row);
+    content()->addWidget(buildMobileAppCard());
     content()->addWidget(buildLicencesCard());
     content()->addStretch(1);
 }
@@ -86,6 +88,24 @@ QWidget *InfoPage::buildPreferencesCard()
     card->body()->addLayout(consoleRow);
     card->body()->addStretch(1);
     return card;
+}
+
+QWidget *InfoPage::buildMobileAppCard()
+{
+    auto *card = new hub::Card(tr("Mobile app"), this);
+    card->setSubtitle(tr("Enter one of these addresses in the mobile app on the same network."));
+    m_appAddresses = new AppAddressList(card);
+    card->body()->addWidget(m_appAddresses);
+    m_appAddressHint =
+        mutedLabel(tr("The name works on most home networks; where it does not, use an IP address."), card);
+    card->body()->addWidget(m_appAddressHint);
+    return card;
+}
+
+void InfoPage::setAppAddresses(const QStringList &addresses)
+{
+    m_appAddresses->setAddresses(addresses);
+    m_appAddressHint->setVisible(!addresses.isEmpty());
 }
 
 QWidget *InfoPage::buildLicencesCard()

@@ -3,11 +3,14 @@
 #include "page.h"
 
 class QCheckBox;
+class QLabel;
 
 namespace tavrix {
 
-// The "info" page: version, preferences, diagnostics and the licences of what the hub
-// is built with (Qt under the LGPL, the Geist fonts under the OFL).
+class AppAddressList;
+
+// The "info" page: version, preferences, diagnostics, where the mobile app finds the hub and the licences of
+// what the hub is built with (Qt under the LGPL, the Geist fonts under the OFL).
 class InfoPage : public hub::Page
 {
     Q_OBJECT
@@ -16,6 +19,11 @@ public:
 
     static QString version();
     QCheckBox *reduceMotionBox() const { return m_reduceMotion; }
+    AppAddressList *appAddressList() const { return m_appAddresses; }
+
+public slots:
+    // The ws:// addresses to enter in the mobile app; empty when its server is off.
+    void setAppAddresses(const QStringList &addresses);
 
 signals:
     void reduceMotionChanged(bool reduce);
@@ -24,9 +32,12 @@ signals:
 private:
     QWidget *buildAboutCard();
     QWidget *buildPreferencesCard();
+    QWidget *buildMobileAppCard();
     QWidget *buildLicencesCard();
 
     QCheckBox *m_reduceMotion = nullptr;
+    AppAddressList *m_appAddresses = nullptr;
+    QLabel *m_appAddressHint = nullptr;
 };
 
 } // namespace tavrix
