@@ -46,13 +46,16 @@ QStringList machineIpv4Addresses()
     return addresses;
 }
 
-QStringList appUrls(const QHostAddress &listen, quint16 port, const QStringList &machineIpv4)
+QStringList appUrls(const QHostAddress &listen, quint16 port, bool nameAnswered,
+                    const QStringList &machineIpv4)
 {
     if (port == 0)
         return {};
     if (listen.isLoopback())
         return {wsUrl(listen.toString(), port)};
-    QStringList urls{wsUrl(QString(MdnsResponder::kHubInstanceName) + QLatin1String(".local"), port)};
+    QStringList urls;
+    if (nameAnswered)
+        urls.append(wsUrl(QString(MdnsResponder::kHubInstanceName) + QLatin1String(".local"), port));
     const QStringList hosts = isWildcard(listen) ? machineIpv4 : QStringList{listen.toString()};
     for (const QString &host : hosts)
         urls.append(wsUrl(host, port));

@@ -36,7 +36,7 @@ RemoteServerBinder::State RemoteServerBinder::state() const
 
 QStringList RemoteServerBinder::appUrls() const
 {
-    return remoteaddresses::appUrls(m_server->listenAddress(), m_server->port(),
+    return remoteaddresses::appUrls(m_server->listenAddress(), m_server->port(), m_server->isNameAnswered(),
                                     remoteaddresses::machineIpv4Addresses());
 }
 

@@ -65,9 +65,12 @@ bool WebSocketServer::start(quint16 port)
         return false;
     }
     qCInfo(lcRemote).noquote() << "WebSocketServer: listening on port" << m_listener->serverPort();
-    if (!m_listenAddress.isLoopback() && !m_mdns) {
-        m_mdns = new MdnsResponder(MdnsResponder::kHubInstanceName, this);
-        if (!m_mdns->start())
+    if (!m_listenAddress.isLoopback()) {
+        // Made once; a start after a stop answers again.
+        if (!m_mdns)
+            m_mdns = new MdnsResponder(MdnsResponder::kHubInstanceName, this);
+        m_nameAnswered = m_mdns->start();
+        if (!m_nameAnswered)
             qCWarning(lcRemote).noquote() << "WebSocketServer: mDNS advertisement failed (non-fatal)";
     }
     return true;
@@ -90,6 +93,7 @@ void WebSocketServer::stop()
     emit clientCountChanged(0);
     if (m_mdns)
         m_mdns->stop();
+    m_nameAnswered = false;
     if (m_listener->isListening())
         m_listener->close();
 }

@@ -60,6 +60,8 @@ public:
     // tests must not talk to the machine's real network.
     void setListenAddress(const QHostAddress &address);
     [[nodiscard]] QHostAddress listenAddress() const { return m_listenAddress; }
+    // Whether mDNS queries for the hub's name are being answered (the port may be taken).
+    [[nodiscard]] bool isNameAnswered() const { return m_nameAnswered; }
     // Closes every client (1000) and stops listening and answering mDNS queries.
     void stop();
 
@@ -100,6 +102,7 @@ private:
     QHostAddress m_listenAddress{QHostAddress::Any};
     RequestRouter m_router;
     MdnsResponder *m_mdns = nullptr;
+    bool m_nameAnswered = false;
 };
 
 } // namespace tavrix

@@ -418,12 +418,18 @@ private slots:
         QTest::newRow("not listening") << QHostAddress(QHostAddress::Any) << quint16(0) << QStringList();
     }
 
+    void appUrlsLeaveOutANameNotAnswered()
+    {
+        QCOMPARE(remoteaddresses::appUrls(QHostAddress(QHostAddress::Any), 12345, false, {u"10.0.0.5"_s}),
+                 QStringList{u"ws://10.0.0.5:12345"_s});
+    }
+
     void appUrlsFollowWhereTheServerListens()
     {
         QFETCH(QHostAddress, listen);
         QFETCH(quint16, port);
         QFETCH(QStringList, urls);
-        QCOMPARE(remoteaddresses::appUrls(listen, port, {u"192.168.1.20"_s, u"10.0.0.5"_s}), urls);
+        QCOMPARE(remoteaddresses::appUrls(listen, port, true, {u"192.168.1.20"_s, u"10.0.0.5"_s}), urls);
     }
 
     void peersReadAsPeopleWriteThem_data()
