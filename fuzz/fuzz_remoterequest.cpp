@@ -75,7 +75,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         return 0;
     QSet<QString> subscriptions;
     const QJsonObject reply = hub.server->router().dispatch(QString::fromUtf8(bytes), subscriptions);
-    if (!reply.value(QLatin1String("event")).isString() || reply.value(QLatin1String("event")).toString().isEmpty())
+    if (!reply.value(QLatin1String("event")).isString() ||
+        reply.value(QLatin1String("event")).toString().isEmpty())
         fail("a reply without an event name");
     if (subscriptions.size() > RequestRouter::kMaxSubscriptions)
         fail("a client's subscriptions grew past their bound");
