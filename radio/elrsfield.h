@@ -47,6 +47,7 @@ struct Parameter
     QString units;
     // Nothing this client can write (folders, info, commands, unknown kinds).
     bool readOnly = true;
+    friend bool operator==(const Parameter &, const Parameter &) = default;
 };
 
 // One "FIELD <id>: <hex bytes>" line of the bridge's walk, taken apart.

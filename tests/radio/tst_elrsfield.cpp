@@ -42,7 +42,6 @@ void TestElrsField::walkLine_data()
     QTest::newRow("no colon") << "FIELD 7 00 09" << Kind::MissingColon << -1 << QByteArray();
     QTest::newRow("id not a number") << "FIELD x7: 00 09" << Kind::MalformedId << -1 << QByteArray();
     QTest::newRow("id signed") << "FIELD -7: 00 09" << Kind::MalformedId << -1 << QByteArray();
-    QTest::newRow("id empty") << "FIELD : 00 09" << Kind::MalformedId << -1 << QByteArray();
     QTest::newRow("not hex") << "FIELD 2: 00 ZZ 41" << Kind::UnparseableHex << 2 << QByteArray();
     QTest::newRow("above a byte") << "FIELD 2: 00 100 41" << Kind::UnparseableHex << 2 << QByteArray();
     QTest::newRow("no field") << "WALK: done" << Kind::NotAField << -1 << QByteArray();
@@ -104,8 +103,6 @@ void TestElrsField::settingsEntry_data()
                                         "3.4.1\0",
                                         16)
                           << "Version" << unset << QStringList() << "3.4.1" << true;
-    QTest::newRow("folder") << int(Folder) << QByteArray("TX Power\0\0\0\0", 12) << "TX Power" << unset
-                            << QStringList() << QString() << true;
     QTest::newRow("unknown type") << 0x2A << QByteArray("Odd\0\x01\x02\x03\x04", 8) << "Odd" << unset
                                   << QStringList() << QString() << true;
 }
