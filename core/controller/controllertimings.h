@@ -1,5 +1,6 @@
 #pragma once
 
+#include "elrstimings.h"
 #include "transmitterlink.h"
 
 #include <chrono>
@@ -27,6 +28,8 @@ struct ControllerTimings
     std::chrono::milliseconds autoStartCheckInterval{2000};
     // Keepalive, reconnect and port timings of the transmitter link.
     TransmitterLink::Timings link;
+    // Request, walk and write-repeat waits of the ELRS parameter client.
+    ElrsTimings elrs;
 };
 
 } // namespace tavrix

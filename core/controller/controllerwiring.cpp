@@ -1,6 +1,7 @@
 #include "tavrixcontroller.h"
 
 #include "activeprofilefollower.h"
+#include "elrsparametermanager.h"
 #include "transmitterlink.h"
 
 namespace tavrix {
@@ -55,6 +56,17 @@ void TavrixController::wireLinkAndTelemetry()
                 emit heliAttitudeReceived(invert.invertPitch ? -pitch : pitch,
                                           invert.invertRoll ? -roll : roll, invert.invertYaw ? -yaw : yaw);
             });
+}
+
+// The ELRS parameter client is the controller's child: the controller is its way to the
+// wire (serialWrite). It is told of every mode change before anyone else hears of it, so
+// leaving configuration mode aborts a walk before the interface reacts.
+void TavrixController::wireElrsParameters()
+{
+    m_elrs = new ElrsParameterManager(m_crsf, m_timings.elrs, this);
+    connect(m_link, &TransmitterLink::transmitterLineReceived, m_elrs,
+            &ElrsParameterManager::onTransmitterLine);
+    connect(this, &TavrixController::configModeChanged, m_elrs, &ElrsParameterManager::setConfigModeActive);
 }
 
 } // namespace tavrix

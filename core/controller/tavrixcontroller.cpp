@@ -67,6 +67,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     connect(m_idleInputTimer, &QTimer::timeout, this, &TavrixController::onIdleInputPoll);
 
     wireLinkAndTelemetry();
+    wireElrsParameters();
 
     connect(m_devices, &DeviceRoleSet::connectedChanged, this, &TavrixController::onDeviceConnectedChanged);
     connect(m_devices, &DeviceRoleSet::deviceLost, this, &TavrixController::onDeviceLost);
@@ -290,8 +291,6 @@ bool TavrixController::enterConfigMode()
     }
     m_link->serialWrite(bridge::kConfigOnCommand);
     m_configMode = true;
-    // The ELRS parameter client is not part of the hub yet; when it is, the controller
-    // creates it as a child and tells it here (and in exitConfigMode) before announcing.
     emit configModeChanged(true);
     return true;
 }

@@ -27,6 +27,7 @@ namespace tavrix {
 
 class ButtonMappingEngine;
 class CarTick;
+class ElrsParameterManager;
 class HelicopterTick;
 class InputBackend;
 class TelemetrySensorBook;
@@ -131,6 +132,8 @@ public:
     [[nodiscard]] SteeringTrim &steeringTrim() const { return *m_steeringTrim; }
     // Where the transmitter's ports are listed (and reconnects look).
     [[nodiscard]] const SerialPortDirectory &portDirectory() const { return *m_ports; }
+    // The transmitter module's RF parameters; it works only in configuration mode.
+    [[nodiscard]] ElrsParameterManager *elrsParameters() const { return m_elrs; }
 
 public slots:
     // Each refusal emits errorOccurred once and changes nothing. True once running.
@@ -200,6 +203,8 @@ signals:
 private:
     // Connects the link, the codec and the telemetry monitor (controllerwiring.cpp).
     void wireLinkAndTelemetry();
+    // Creates the ELRS parameter client and feeds it lines and mode (controllerwiring.cpp).
+    void wireElrsParameters();
     void onTransmitTimer();
     void onIdleInputPoll();
     void onDeviceConnectedChanged(DeviceRole role, bool connected);
@@ -231,6 +236,7 @@ private:
     DeviceRoleSet *m_devices = nullptr;
     TelemetryMonitor *m_telemetry = nullptr;
     TelemetrySensorBook *m_sensorBook = nullptr;
+    ElrsParameterManager *m_elrs = nullptr;
     QTimer *m_transmitTimer = nullptr;
     QTimer *m_idleInputTimer = nullptr;
     // The active profile's settings and the vehicle they drive, kept in step with the store.
