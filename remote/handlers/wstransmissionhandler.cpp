@@ -3,12 +3,15 @@
 #include "channeljson.h"
 #include "controllerrefusal.h"
 #include "crsfchannels.h"
+#include "elrsparametermanager.h"
+#include "elrsremotestate.h"
 #include "tavrixcontroller.h"
 
 namespace tavrix {
 
 WsTransmissionHandler::WsTransmissionHandler(TavrixController *controller, QObject *parent)
     : WsTableHandler(controller, QStringLiteral("Unhandled event in transmission handler"), parent)
+    , m_elrs(new ElrsRemoteState(controller, this))
 {
     addRequests<WsTransmissionHandler>({
         {"get_transmission_status", &WsTransmissionHandler::transmissionStatus},
@@ -19,6 +22,11 @@ WsTransmissionHandler::WsTransmissionHandler(TavrixController *controller, QObje
         {"get_frame_count", &WsTransmissionHandler::frameCount},
         {"set_auto_start", &WsTransmissionHandler::setAutoStart},
         {"get_auto_start", &WsTransmissionHandler::autoStart},
+        {"action_elrs_start_config", &WsTransmissionHandler::elrsStartConfig},
+        {"action_elrs_stop_config", &WsTransmissionHandler::elrsStopConfig},
+        {"get_elrs_state", &WsTransmissionHandler::elrsState},
+        {"get_elrs_params", &WsTransmissionHandler::elrsParams},
+        {"set_elrs_param", &WsTransmissionHandler::setElrsParam},
     });
 
     // Queued: both can fire from the transmit tick, which must never wait on the network.
@@ -36,6 +44,13 @@ WsTransmissionHandler::WsTransmissionHandler(TavrixController *controller, QObje
         Qt::QueuedConnection);
     connect(controller, &TavrixController::autoStartEnabledChanged, this,
             [this] { push(QStringLiteral("event_auto_start_changed"), autoStartData()); });
+    connect(m_elrs, &ElrsRemoteState::stateChanged, this,
+            [this](const QJsonObject &state) { push(QStringLiteral("event_elrs_state"), state); });
+    connect(m_elrs, &ElrsRemoteState::paramsChanged, this, [this](const QJsonArray &params) {
+        push(QStringLiteral("event_elrs_params"), {{QStringLiteral("params"), params}});
+    });
+    connect(m_elrs, &ElrsRemoteState::paramUpdated, this,
+            [this](const QJsonObject &update) { push(QStringLiteral("event_elrs_param_updated"), update); });
 }
 
 QJsonObject WsTransmissionHandler::transmissionStatus(const RemoteRequest &request)
@@ -110,6 +125,52 @@ QJsonObject WsTransmissionHandler::setAutoStart(const RemoteRequest &request)
 QJsonObject WsTransmissionHandler::autoStart(const RemoteRequest &request)
 {
     return request.answer(autoStartData());
+}
+
+QJsonObject WsTransmissionHandler::elrsStartConfig(const RemoteRequest &request)
+{
+    return request.outcome(
+        m_elrs->startConfig(),
+        QStringLiteral("Could not enter config mode. Stop transmission and ensure the bridge is connected."));
+}
+
+QJsonObject WsTransmissionHandler::elrsStopConfig(const RemoteRequest &request)
+{
+    controller()->exitConfigMode();
+    return request.succeeded();
+}
+
+QJsonObject WsTransmissionHandler::elrsState(const RemoteRequest &request)
+{
+    return request.answer(m_elrs->state());
+}
+
+QJsonObject WsTransmissionHandler::elrsParams(const RemoteRequest &request)
+{
+    return request.answer({{QStringLiteral("params"), m_elrs->params()}});
+}
+
+QJsonObject WsTransmissionHandler::setElrsParam(const RemoteRequest &request)
+{
+    if (!controller()->isConfigMode())
+        return request.failed(QStringLiteral("Not in config mode."));
+    ElrsParameterManager *parameters = m_elrs->parameters();
+    if (!parameters)
+        return request.failed(QStringLiteral("ELRS parameter manager unavailable."));
+    const int valueIndex = request.integer(QLatin1String("valueIndex"));
+    if (valueIndex < 0)
+        return request.failed(QStringLiteral("Missing or invalid valueIndex."));
+    // A name wins over an id when both are given.
+    const QString name = request.text(QLatin1String("name"));
+    bool written = false;
+    if (!name.isEmpty())
+        written = parameters->setParameterByIndex(name, valueIndex);
+    else if (request.has(QLatin1String("id")))
+        written = parameters->writeParamRaw(request.integer(QLatin1String("id")), valueIndex);
+    else
+        return request.failed(QStringLiteral("Missing param id/name."));
+    return request.outcome(
+        written, QStringLiteral("Write rejected (unknown param, value out of range, or not ready)."));
 }
 
 QJsonObject WsTransmissionHandler::autoStartData() const

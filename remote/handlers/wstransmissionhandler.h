@@ -5,7 +5,10 @@
 namespace tavrix {
 
 // The remote app's transmission controls: start and stop, the channels and hand-set
-// overrides of them, the frame count and the auto-start setting, with their push events.
+// overrides of them, the frame count and the auto-start setting, and the transmitter
+// module's ELRS parameters in configuration mode, with their push events.
+class ElrsRemoteState;
+
 class WsTransmissionHandler : public WsTableHandler
 {
     Q_OBJECT
@@ -22,8 +25,15 @@ private:
     QJsonObject frameCount(const RemoteRequest &request);
     QJsonObject setAutoStart(const RemoteRequest &request);
     QJsonObject autoStart(const RemoteRequest &request);
+    QJsonObject elrsStartConfig(const RemoteRequest &request);
+    QJsonObject elrsStopConfig(const RemoteRequest &request);
+    QJsonObject elrsState(const RemoteRequest &request);
+    QJsonObject elrsParams(const RemoteRequest &request);
+    QJsonObject setElrsParam(const RemoteRequest &request);
 
     [[nodiscard]] QJsonObject autoStartData() const;
+
+    ElrsRemoteState *m_elrs;
 };
 
 } // namespace tavrix

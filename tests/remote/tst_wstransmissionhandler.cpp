@@ -1,3 +1,4 @@
+#include "elrsparametermanager.h"
 #include "handlerrig.h"
 #include "wstransmissionhandler.h"
 
@@ -37,6 +38,7 @@ private slots:
     void overrideRidesOnFramesUntilStop();
     void autoStartStartsOnceWhenReady();
     void autoStartStoredOnIsArmedAtLaunch();
+    void elrsParameterChangesThroughTheApp();
 };
 
 void TestWsTransmissionHandler::refusals_data()
@@ -69,6 +71,12 @@ void TestWsTransmissionHandler::refusals_data()
     QTest::newRow("car not ready")
         << car << false << false << start << QJsonObject()
         << u"Not ready to transmit. Ensure serial port and wheel base are connected."_s;
+    const QString setElrs = u"set_elrs_param"_s;
+    QTest::newRow("elrs: config mode checked first")
+        << car << true << false << setElrs << QJsonObject{{u"valueIndex"_s, -1}} << u"Not in config mode."_s;
+    QTest::newRow("elrs: config mode refused while running")
+        << car << true << true << u"action_elrs_start_config"_s << QJsonObject()
+        << u"Could not enter config mode. Stop transmission and ensure the bridge is connected."_s;
     QTest::newRow("helicopter not ready")
         << u"rc_helicopter"_s << false << false << start << QJsonObject()
         << u"Not ready to transmit. Ensure serial port and joystick are connected."_s;
@@ -162,6 +170,43 @@ void TestWsTransmissionHandler::autoStartStoredOnIsArmedAtLaunch()
     QVERIFY(rig.profiles.setAutoStartEnabled(true));
     SET_UP_RIG(rig);
     QTRY_VERIFY(rig.controller->isRunning());
+}
+
+void TestWsTransmissionHandler::elrsParameterChangesThroughTheApp()
+{
+    Rig rig;
+    SET_UP_RIG(rig);
+    QVERIFY(succeeded(rig.ask(u"action_elrs_start_config"_s)));
+    QVERIFY(rig.ask(u"get_elrs_state"_s)[u"data"_s][u"configMode"_s].toBool());
+    const auto refusal = [&rig](const QJsonObject &data) {
+        return rig.ask(u"set_elrs_param"_s, data).value(u"message"_s).toString();
+    };
+    QCOMPARE(refusal({{u"name"_s, u"Packet Rate"_s}}), u"Missing or invalid valueIndex."_s);
+    QCOMPARE(refusal({{u"valueIndex"_s, 1}}), u"Missing param id/name."_s);
+
+    // The walk starts by itself a few seconds into configuration mode.
+    QTRY_VERIFY_WITH_TIMEOUT(!rig.pushed(u"event_elrs_params"_s).isEmpty(), 30000);
+    const auto packetRate = [&rig] {
+        for (const QJsonValue &param : rig.ask(u"get_elrs_params"_s)[u"data"_s][u"params"_s].toArray()) {
+            if (param[u"name"_s] == u"Packet Rate"_s)
+                return param.toObject();
+        }
+        return QJsonObject();
+    };
+    QCOMPARE(packetRate()[u"kind"_s].toString(), u"enum"_s);
+    QCOMPARE(packetRate()[u"currentValue"_s].toInt(), 3);
+    QVERIFY(rig.ask(u"get_elrs_state"_s)[u"data"_s][u"ready"_s].toBool());
+
+    // The name wins over an id that names another field.
+    QVERIFY(succeeded(
+        rig.ask(u"set_elrs_param"_s, {{u"name"_s, u"Packet Rate"_s}, {u"id"_s, 2}, {u"valueIndex"_s, 5}})));
+    const qsizetype walks = rig.pushed(u"event_elrs_params"_s).size();
+    rig.controller->elrsParameters()->startDiscovery();
+    QTRY_VERIFY_WITH_TIMEOUT(rig.pushed(u"event_elrs_params"_s).size() > walks, 30000);
+    QCOMPARE(packetRate()[u"currentValue"_s].toInt(), 5);
+
+    QVERIFY(succeeded(rig.ask(u"action_elrs_stop_config"_s)));
+    QCOMPARE(refusal({{u"name"_s, u"Packet Rate"_s}, {u"valueIndex"_s, 1}}), u"Not in config mode."_s);
 }
 
 QTEST_GUILESS_MAIN(TestWsTransmissionHandler)
