@@ -75,6 +75,40 @@ QString parseRemoteOptions(const QCommandLineParser &parser, CommandLineOptions 
     return {};
 }
 
+QString parseBaudRate(const QCommandLineParser &parser, CommandLineOptions &options)
+{
+    const QString baud = QStringLiteral("baud");
+    if (parser.isSet(baud)) {
+        bool ok = false;
+        const qint32 rate = parser.value(baud).trimmed().toInt(&ok);
+        if (!ok || rate < kLowestBaudRate || rate > kHighestBaudRate) {
+            return QStringLiteral("--baud: \"%1\" is not a baud rate (a whole number from %2 to %3)")
+                .arg(parser.value(baud))
+                .arg(kLowestBaudRate)
+                .arg(kHighestBaudRate);
+        }
+        options.baudRate = rate;
+    }
+    return {};
+}
+
+// --elrs-list and --elrs-set talk to the transmitter module and exit: they need its port.
+QString parseElrsOptions(const QCommandLineParser &parser, CommandLineOptions &options)
+{
+    options.action = CommandLineOptions::Action::ElrsList;
+    for (const QString &setting : parser.values(QStringLiteral("elrs-set"))) {
+        const qsizetype equals = setting.indexOf(QLatin1Char('='));
+        if (equals <= 0 || equals == setting.size() - 1)
+            return QStringLiteral("--elrs-set: \"%1\" is not NAME=OPTION, such as \"Packet Rate=250Hz\"")
+                .arg(setting);
+        options.elrsSettings.append(setting);
+    }
+    options.transmitterPort = parser.value(QStringLiteral("transmitter")).trimmed();
+    if (options.transmitterPort.isEmpty())
+        return QStringLiteral("--elrs-list needs --transmitter, the transmitter's serial port");
+    return {};
+}
+
 QString parseInto(QCommandLineParser &parser, const QStringList &arguments, CommandLineOptions &options)
 {
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("?")},
@@ -90,8 +124,10 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     const QCommandLineOption remotePort(QStringLiteral("remote-port"), QString(), QStringLiteral("port"));
     const QCommandLineOption remoteAddress(QStringLiteral("remote-address"), QString(),
                                            QStringLiteral("address"));
+    const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
+    const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
     parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, vehicle,
-                       remotePort, remoteAddress});
+                       remotePort, remoteAddress, elrsList, elrsSet});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
@@ -113,6 +149,11 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
         return {};
     }
 
+    if (parser.isSet(elrsList) || parser.isSet(elrsSet)) {
+        if (const QString error = parseElrsOptions(parser, options); !error.isEmpty())
+            return error;
+        return parseBaudRate(parser, options);
+    }
     options.demo = parser.isSet(demo);
     if (const QString error = parseRemoteOptions(parser, options); !error.isEmpty())
         return error;
@@ -137,17 +178,8 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
         if (options.transmitterPort.isEmpty())
             return QStringLiteral("--transmitter needs a serial port, such as /dev/ttyACM0 or COM3");
     }
-    if (parser.isSet(baud)) {
-        bool ok = false;
-        const qint32 rate = parser.value(baud).trimmed().toInt(&ok);
-        if (!ok || rate < kLowestBaudRate || rate > kHighestBaudRate) {
-            return QStringLiteral("--baud: \"%1\" is not a baud rate (a whole number from %2 to %3)")
-                .arg(parser.value(baud))
-                .arg(kLowestBaudRate)
-                .arg(kHighestBaudRate);
-        }
-        options.baudRate = rate;
-    }
+    if (const QString error = parseBaudRate(parser, options); !error.isEmpty())
+        return error;
     if (parser.isSet(vehicle)) {
         const QString type = parser.value(vehicle).trimmed().toLower();
         if (type == QLatin1String("car"))
@@ -215,6 +247,10 @@ QString commandLineHelp()
         "  --list-devices         Print the game controllers (index, label, preset, GUID) and exit.\n"
         "  -h, --help             Print this help and exit.\n"
         "  -v, --version          Print the version and exit.\n"
+        "\n"
+        "  --elrs-list            With --transmitter: walk the transmitter module's ELRS\n"
+        "                         parameters, print them as a tree and exit (1 when the walk fails).\n"
+        "  --elrs-set NAME=OPTION Write a selection by name first (repeatable; implies --elrs-list).\n"
         "\n"
         "Window and headless options:\n"
         "  --remote-port <port>   The mobile app's WebSocket port (default 12345; 0 turns the\n"

@@ -43,6 +43,7 @@ struct CommandLineOptions
         Window,      // the normal windowed hub
         Headless,    // no window: log lines only, stopped by SIGINT/SIGTERM
         ListDevices, // print the game-controller report and exit
+        ElrsList,    // walk the transmitter module's ELRS parameters, write any asked, print them, exit
         Help,
         Version,
     };
@@ -63,6 +64,8 @@ struct CommandLineOptions
     // The mobile app's WebSocket server: its port (0: no server) and the address it listens
     // on (every interface unless told otherwise).
     quint16 remotePort = 12345;
+    // ELRS selections to write by name before the parameters are printed ("NAME=OPTION").
+    QStringList elrsSettings;
     QHostAddress remoteAddress{QHostAddress::Any};
 };
 

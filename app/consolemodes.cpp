@@ -4,11 +4,13 @@
 
 #include "demorig.h"
 #include "devicereport.h"
+#include "elrssession.h"
 #include "headlessrunner.h"
 #include "hubservices.h"
 #include "inputbackendfactory.h"
 #include "serialportdirectory.h"
 #include "startup.h"
+#include "tavrixcontroller.h"
 #include "unixsignalwatcher.h"
 
 #include <QCoreApplication>
@@ -79,9 +81,33 @@ int runInformationMode(int &argc, char **argv, const CommandLineParse &parsed)
     }
     case CommandLineOptions::Action::Window:
     case CommandLineOptions::Action::Headless:
+    case CommandLineOptions::Action::ElrsList:
         break;
     }
     return kBadUsageExitCode;
+}
+
+int runElrsList(int &argc, char **argv, const CommandLineOptions &options)
+{
+    QCoreApplication app(argc, argv);
+    applyCoreIdentity();
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false\n*.info=false"));
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+
+    HubServices::Options serviceOptions;
+    serviceOptions.ports = portsWith(options.transmitterPort);
+    HubServices services(std::move(serviceOptions));
+    TavrixController *controller = services.controller();
+    if (!controller->connectTransmitter(options.transmitterPort,
+                                        options.baudRate.value_or(TransmitterLink::kDefaultBaudRate))) {
+        err << "orvanehub: cannot open the transmitter on " << options.transmitterPort << '\n';
+        return kCannotRunExitCode;
+    }
+    ElrsSession session(controller, options.elrsSettings, out, err);
+    QObject::connect(&session, &ElrsSession::finished, &app, &QCoreApplication::exit, Qt::QueuedConnection);
+    session.begin();
+    return app.exec();
 }
 
 int runHeadless(int &argc, char **argv, const CommandLineOptions &options)

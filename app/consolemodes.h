@@ -14,6 +14,9 @@ int runInformationMode(int &argc, char **argv, const CommandLineParse &parsed);
 // and returns 0; returns 1 when the run cannot start.
 int runHeadless(int &argc, char **argv, const CommandLineOptions &options);
 
+// `--elrs-list` / `--elrs-set`: the transmitter module's ELRS parameters, printed; the exit status.
+int runElrsList(int &argc, char **argv, const CommandLineOptions &options);
+
 // The program's arguments as the command-line parser takes them, before any application exists.
 [[nodiscard]] QStringList argumentsOf(int argc, char **argv);
 

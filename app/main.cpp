@@ -103,6 +103,8 @@ int main(int argc, char *argv[])
         return runWindow(argc, argv, parsed.options);
     case tavrix::CommandLineOptions::Action::Headless:
         return tavrix::runHeadless(argc, argv, parsed.options);
+    case tavrix::CommandLineOptions::Action::ElrsList:
+        return tavrix::runElrsList(argc, argv, parsed.options);
     default:
         return tavrix::runInformationMode(argc, argv, parsed);
     }

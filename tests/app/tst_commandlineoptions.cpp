@@ -36,6 +36,8 @@ private slots:
             << words("--headless --demo --start") << Action::Headless << true << true;
         QTest::newRow("headless start") << words("--headless --start") << Action::Headless << false << true;
         QTest::newRow("list devices") << words("--list-devices") << Action::ListDevices << false << false;
+        QTest::newRow("elrs set implies the list")
+            << words("--elrs-set Telem=Off --transmitter P") << Action::ElrsList << false << false;
         QTest::newRow("help wins") << words("--headless --help") << Action::Help << false << false;
         QTest::newRow("-h") << words("-h") << Action::Help << false << false;
         QTest::newRow("version") << words("--version") << Action::Version << false << false;
@@ -136,6 +138,11 @@ private slots:
             "--transmitter cannot be used with --demo");
         row("demo brings its own devices", "--headless --demo --pedals 1",
             "--pedals cannot be used with --demo");
+        row("elrs list without transmitter", "--elrs-list", "--elrs-list needs --transmitter");
+        row("elrs setting without option", "--elrs-set Rate= --transmitter P", "is not NAME=OPTION");
+        row("elrs setting without name", "--elrs-set =250Hz --transmitter P", "is not NAME=OPTION");
+        row("remote port too high", "--remote-port 70000", "is not a port");
+        row("remote address not one", "--remote-address phone", "is not an IP address");
     }
 
     void badCommandLinesAreRefused()

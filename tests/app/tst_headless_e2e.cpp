@@ -261,6 +261,38 @@ private slots:
         QVERIFY(QDir(home.path()).entryList({QStringLiteral("orvanehub-demo-*")}, QDir::Dirs).isEmpty());
     }
 
+    void elrsParametersAreListedAndWrittenByName()
+    {
+        DriveBench bench;
+        RunningProcess sim;
+        const QString log = bench.home.filePath(QStringLiteral("bridge.jsonl"));
+        QVERIFY(bench.startBridge(sim, log));
+        const auto run = [&bench](const QStringList &arguments, QByteArray *out) {
+            QProcess hub;
+            hub.setProcessEnvironment(bench.env);
+            hub.start(kHub, arguments + QStringList{QStringLiteral("--transmitter"), bench.link});
+            if (!hub.waitForFinished(60000))
+                return -1;
+            *out = hub.readAllStandardOutput() + hub.readAllStandardError();
+            return hub.exitCode();
+        };
+        QByteArray out;
+        QCOMPARE(run({QStringLiteral("--elrs-list")}, &out), 0);
+        QVERIFY2(out.contains("Packet Rate: 250Hz [50Hz |"), out.constData());
+        QVERIFY2(out.contains("TX Power/\n  Max Power: "), out.constData());
+        QCOMPARE(run({QStringLiteral("--elrs-set"), QStringLiteral("packet rate=500HZ")}, &out), 0);
+        QCOMPARE(run({QStringLiteral("--elrs-list")}, &out), 0);
+        QVERIFY2(out.contains("Packet Rate: 500Hz"), out.constData());
+        QCOMPARE(run({QStringLiteral("--elrs-set"), QStringLiteral("Packet Rate=9000Hz")}, &out), 1);
+        QVERIFY2(out.contains("has no option \"9000Hz\""), out.constData());
+        // Configuration mode is left every time, also after the refused write.
+        QFile bridgeLog(log);
+        QVERIFY(bridgeLog.open(QIODevice::ReadOnly));
+        const QByteArray commands = bridgeLog.readAll();
+        QCOMPARE(commands.count("\"CFGMODE ON\""), 4);
+        QCOMPARE(commands.count("\"CFGMODE OFF\""), 4);
+    }
+
     void badCommandLineExitsWithStatusTwo()
     {
         // Every refusal is the parser's own test; here only that it ends the program with 2.
