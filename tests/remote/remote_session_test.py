@@ -166,6 +166,30 @@ async def session(hub, port):
         check((await app.ask("action_stop"))["success"] is True, "final action_stop")
         await hub.wait_for("demo bridge: STOP", stops + 1)
 
+        # The transmitter module's parameters: configuration mode, the walk the hub starts a
+        # few seconds into it, a selection written by name and read back from the next walk.
+        check((await app.ask("action_subscribe", {"events": ["event_elrs_params"]}))["success"], "subscribe")
+
+        async def walked_packet_rate():
+            app.pushes.clear()
+            check((await app.ask("action_elrs_start_config"))["success"] is True, "action_elrs_start_config")
+
+            async def params_pushed():
+                await app.ask("get_elrs_state")
+                return any(p["event"] == "event_elrs_params" for p in app.pushes)
+            await app.until(params_pushed, "event_elrs_params")
+            params = next(p for p in app.pushes if p["event"] == "event_elrs_params")["data"]["params"]
+            return next(p for p in params if p["name"] == "Packet Rate")
+
+        rate = await walked_packet_rate()
+        check(rate["kind"] == "enum" and rate["currentValue"] != 5, rate)
+        reply = await app.ask("set_elrs_param", {"name": "Packet Rate", "valueIndex": 5})
+        check(reply["success"] is True, reply)
+        check((await app.ask("action_elrs_stop_config"))["success"] is True, "action_elrs_stop_config")
+        await hub.wait_for("demo bridge: CFGMODE OFF")
+        check((await walked_packet_rate())["currentValue"] == 5, "Packet Rate not changed by the write")
+        check((await app.ask("action_elrs_stop_config"))["success"] is True, "second action_elrs_stop_config")
+
 
 def main():
     program = sys.argv[1]
