@@ -1,6 +1,7 @@
 #pragma once
 
 #include "elrstimings.h"
+#include "receiverlinktimings.h"
 #include "transmitterlink.h"
 
 #include <chrono>
@@ -30,6 +31,8 @@ struct ControllerTimings
     TransmitterLink::Timings link;
     // Request, walk and write-repeat waits of the ELRS parameter client.
     ElrsTimings elrs;
+    // Search, read and silence waits of the receiver link over the radio.
+    ReceiverLinkTimings receiverLink;
 };
 
 } // namespace tavrix

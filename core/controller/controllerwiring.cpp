@@ -2,6 +2,7 @@
 
 #include "activeprofilefollower.h"
 #include "elrsparametermanager.h"
+#include "receiverelrslink.h"
 #include "transmitterlink.h"
 
 namespace tavrix {
@@ -67,6 +68,18 @@ void TavrixController::wireElrsParameters()
     connect(m_link, &TransmitterLink::transmitterLineReceived, m_elrs,
             &ElrsParameterManager::onTransmitterLine);
     connect(this, &TavrixController::configModeChanged, m_elrs, &ElrsParameterManager::setConfigModeActive);
+
+    // The car's receiver is reached over the radio only while the bridge streams: not
+    // without a bridge, and not in configuration mode, where the module talks to us.
+    m_receiverLink = new ReceiverElrsLink(m_crsf, m_timings.receiverLink, this);
+    const auto updateReceiverLink = [this] {
+        m_receiverLink->setEnabled(isSerialConnected() && !isConfigMode());
+    };
+    connect(this, &TavrixController::serialConnectedChanged, m_receiverLink, updateReceiverLink);
+    connect(this, &TavrixController::configModeChanged, m_receiverLink, updateReceiverLink);
+    connect(this, &TavrixController::runningChanged, m_receiverLink,
+            &ReceiverElrsLink::setTransmitterRunning);
+    updateReceiverLink();
 }
 
 } // namespace tavrix

@@ -28,6 +28,7 @@ namespace tavrix {
 class ButtonMappingEngine;
 class CarTick;
 class ElrsParameterManager;
+class ReceiverElrsLink;
 class HelicopterTick;
 class InputBackend;
 class TelemetrySensorBook;
@@ -134,6 +135,7 @@ public:
     [[nodiscard]] const SerialPortDirectory &portDirectory() const { return *m_ports; }
     // The transmitter module's RF parameters; it works only in configuration mode.
     [[nodiscard]] ElrsParameterManager *elrsParameters() const { return m_elrs; }
+    [[nodiscard]] ReceiverElrsLink *receiverLink() const { return m_receiverLink; }
 
 public slots:
     // Each refusal emits errorOccurred once and changes nothing. True once running.
@@ -237,6 +239,7 @@ private:
     TelemetryMonitor *m_telemetry = nullptr;
     TelemetrySensorBook *m_sensorBook = nullptr;
     ElrsParameterManager *m_elrs = nullptr;
+    ReceiverElrsLink *m_receiverLink = nullptr;
     QTimer *m_transmitTimer = nullptr;
     QTimer *m_idleInputTimer = nullptr;
     // The active profile's settings and the vehicle they drive, kept in step with the store.

@@ -35,7 +35,7 @@ BridgeSimulator::BridgeSimulator(const BridgeSimulatorSettings &settings, QObjec
     , m_pty(new PseudoTerminal(this))
     , m_telemetry(new BridgeTelemetry(settings.telemetry, SimulatedCar(settings.car), this))
     , m_module(SimulatedParameterDevice::transmitterModule())
-    , m_receiver(SimulatedParameterDevice::orvaneReceiver())
+    , m_receiver(SimulatedParameterDevice::orvaneReceiver(settings.receiverSerial))
     , m_partialFrameTimer(new QTimer(this))
     , m_hostSilenceTimer(new QTimer(this))
     , m_walkTimer(new QTimer(this))

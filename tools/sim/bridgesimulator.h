@@ -26,6 +26,9 @@ struct BridgeSimulatorSettings
     SimulatedCar::Settings car;
     // The car is switched on (its receiver linked) from the start.
     bool linkUp = true;
+    // The serial-number field of the car's receiver device info: "ORV4" on current
+    // firmware, anything else for a foreign receiver.
+    std::array<char, 4> receiverSerial{{'O', 'R', 'V', '4'}};
     // The radio link needs a host that talks: after this long without a byte from
     // the host the module stops transmitting and telemetry pauses. The hub's
     // keepalive comes every 2 to 3 s. 0 never pauses.

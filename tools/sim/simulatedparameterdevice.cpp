@@ -53,12 +53,12 @@ SimulatedParameterDevice SimulatedParameterDevice::transmitterModule()
     return SimulatedParameterDevice(id, fields);
 }
 
-SimulatedParameterDevice SimulatedParameterDevice::orvaneReceiver()
+SimulatedParameterDevice SimulatedParameterDevice::orvaneReceiver(std::array<char, 4> serial)
 {
     Identity id;
     id.address = crsfwire::kAddressFlightController;
     id.name = QStringLiteral("Orvane RX V4");
-    id.serial = {{'O', 'R', 'V', '4'}};
+    id.serial = serial;
     id.softwareId = 0x00040301; // 4.3.1
     const QStringList offOn{QStringLiteral("Off"), QStringLiteral("On")};
     QList<Field> fields = {

@@ -56,7 +56,8 @@ public:
 
     // The transmitter module and the car's receiver as the simulators present them.
     [[nodiscard]] static SimulatedParameterDevice transmitterModule();
-    [[nodiscard]] static SimulatedParameterDevice orvaneReceiver();
+    [[nodiscard]] static SimulatedParameterDevice orvaneReceiver(std::array<char, 4> serial = {
+                                                                     {'O', 'R', 'V', '4'}});
 
     [[nodiscard]] uint8_t address() const { return m_identity.address; }
     [[nodiscard]] const QList<Field> &fields() const { return m_fields; }
