@@ -12,8 +12,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QMap>
+#include <QObject>
+#include <QTemporaryDir>
 
 #include <csignal>
+#include <memory>
 #include <optional>
 #include <sys/resource.h>
 
@@ -98,5 +101,28 @@ QStringList names(const ProfileManager &manager)
 }
 
 constexpr QLatin1String kOldDate{"2020-01-01T00:00:00Z"};
+
+// Base of the profile store's test classes: a fresh temporary folder per test function
+// (freshFolder() from init()) and stores loaded from it.
+class ProfileStoreTest : public QObject
+{
+protected:
+    bool freshFolder()
+    {
+        m_base = std::make_unique<QTemporaryDir>();
+        return m_base->isValid();
+    }
+
+    std::unique_ptr<ProfileManager> loadedStore() const
+    {
+        auto manager = std::make_unique<ProfileManager>(m_base->path());
+        manager->loadProfiles();
+        return manager;
+    }
+
+    QString profileDir() const { return m_base->filePath(u"profiles"_s); }
+
+    std::unique_ptr<QTemporaryDir> m_base;
+};
 
 } // namespace tavrix::testing

@@ -18,16 +18,12 @@ using namespace tavrix::testing;
 
 namespace keys = tavrix::profilekeys;
 
-class TestProfileFaults : public QObject
+class TestProfileFaults : public ProfileStoreTest
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_base = std::make_unique<QTemporaryDir>();
-        QVERIFY(m_base->isValid());
-    }
+    void init() { QVERIFY(freshFolder()); }
 
     void refusalsChangeNothing_data()
     {
@@ -210,18 +206,6 @@ private slots:
         QCOMPARE(names(*manager), QStringList{u"First"_s});
         QVERIFY(manager->autoStartEnabled());
     }
-
-private:
-    std::unique_ptr<ProfileManager> loadedStore()
-    {
-        auto manager = std::make_unique<ProfileManager>(m_base->path());
-        manager->loadProfiles();
-        return manager;
-    }
-
-    QString profileDir() const { return m_base->filePath(u"profiles"_s); }
-
-    std::unique_ptr<QTemporaryDir> m_base;
 };
 
 QTEST_GUILESS_MAIN(TestProfileFaults)

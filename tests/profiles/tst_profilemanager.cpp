@@ -26,16 +26,12 @@ using namespace tavrix::testing;
 
 namespace keys = tavrix::profilekeys;
 
-class TestProfileManager : public QObject
+class TestProfileManager : public ProfileStoreTest
 {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_base = std::make_unique<QTemporaryDir>();
-        QVERIFY(m_base->isValid());
-    }
+    void init() { QVERIFY(freshFolder()); }
 
     void emptyStoreYieldsOneDefaultProfile_data()
     {
@@ -435,18 +431,6 @@ private slots:
                  active);
         QVERIFY(QFile::exists(profileDir() + u'/' + active + u".json"_s));
     }
-
-private:
-    std::unique_ptr<ProfileManager> loadedStore()
-    {
-        auto manager = std::make_unique<ProfileManager>(m_base->path());
-        manager->loadProfiles();
-        return manager;
-    }
-
-    QString profileDir() const { return m_base->filePath(u"profiles"_s); }
-
-    std::unique_ptr<QTemporaryDir> m_base;
 };
 
 QTEST_GUILESS_MAIN(TestProfileManager)
