@@ -89,6 +89,15 @@ struct Enumeration
     std::vector<DeviceProblem> problems;
 };
 
+// What a device can tell about its force feedback when asked for the compatibility check.
+struct ForceFeedbackProbe
+{
+    int actuatorAxes = 0;       // axes that carry a force-feedback actuator
+    bool constantForce = false; // the constant-force effect exists or was made just now
+    uint32_t errorCode = 0;     // why it could not be made (HRESULT, errno)
+    std::string diagnostic;     // the attempts that led there
+};
+
 enum class PollResult
 {
     Ok,
@@ -113,8 +122,16 @@ public:
     virtual bool setGain(double /*gain*/) { return false; }
     virtual bool playConstantForce(double /*level*/) { return false; }
     virtual bool playSpring(double /*coefficient*/) { return false; }
+    virtual void stopConstantForce() {}
+    virtual void stopSpring() {}
+    // Both effects, as when the device is closed.
     virtual void stopEffects() {}
     virtual std::string lastEffectError() const { return {}; }
+    // Tries for exclusive access again (another program may have let go of the wheel);
+    // falls back to shared access when refused.
+    virtual void reacquireExclusive() {}
+    // Creates the constant-force effect if it does not exist yet and reports what it found.
+    virtual ForceFeedbackProbe probeForceFeedback() { return {}; }
 };
 
 // Enumerates and opens game controllers of one platform API.

@@ -132,6 +132,64 @@ void InputDevice::close()
     emit deviceNameChanged(QString());
 }
 
+bool InputDevice::setConstantForce(float level)
+{
+    if (!m_device || !hasForceFeedback())
+        return false;
+    return m_device->playConstantForce(std::clamp(double(level), -1.0, 1.0));
+}
+
+bool InputDevice::setCentering(float strength)
+{
+    if (!m_device || !hasForceFeedback())
+        return false;
+    return m_device->playSpring(std::clamp(double(strength), 0.0, 1.0));
+}
+
+void InputDevice::setAutocenter(bool on)
+{
+    if (m_device && hasForceFeedback())
+        m_device->setAutocenter(on ? 1.0 : 0.0);
+}
+
+void InputDevice::stopConstantForce()
+{
+    if (m_device)
+        m_device->stopConstantForce();
+}
+
+void InputDevice::stopCentering()
+{
+    if (m_device)
+        m_device->stopSpring();
+}
+
+void InputDevice::reacquireExclusive()
+{
+    if (m_device)
+        m_device->reacquireExclusive();
+}
+
+ForceFeedbackCheck InputDevice::runCheck()
+{
+    ForceFeedbackCheck check;
+    check.detected = m_device && m_connected;
+    if (!check.detected)
+        return check;
+    check.capable = hasForceFeedback();
+    if (!check.capable)
+        return check;
+    if (!m_device->isExclusive())
+        m_device->reacquireExclusive();
+    check.exclusive = m_device->isExclusive();
+    const ForceFeedbackProbe probe = m_device->probeForceFeedback();
+    check.hasFfbAxis = probe.actuatorAxes > 0;
+    check.constantForce = probe.constantForce;
+    check.errorCode = probe.errorCode;
+    check.diagnostic = QString::fromStdString(probe.diagnostic);
+    return check;
+}
+
 void InputDevice::shutdown()
 {
     // The backend belongs to whoever created it; the device only lets go of what it opened.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "axispreset.h"
+#include "forcefeedbackcheck.h"
 #include "inputbackend.h"
 #include "inputdeviceinfo.h"
 
@@ -95,8 +96,19 @@ public:
     float brake() const { return logicalValue(LogicalBrake); }
     float clutch() const { return logicalValue(LogicalClutch); }
 
-    // For the force-feedback work: the opened device, or nullptr.
-    BackendDevice *backendDevice() const { return m_device.get(); }
+    // Force feedback on a wheel base. Each does nothing (false) without an open device that
+    // has force feedback. Levels are clamped here, the last place before the motor.
+    // Constant force -1..+1 (negative turns the wheel left).
+    bool setConstantForce(float level);
+    // The return-to-centre spring at that strength 0..1, started on first use.
+    bool setCentering(float strength);
+    // The wheel's own centering, which the spring replaces while force feedback is on.
+    void setAutocenter(bool on);
+    void stopConstantForce();
+    void stopCentering();
+    void reacquireExclusive();
+    // The five conditions and the verdict shown to the user; may create the effect.
+    [[nodiscard]] ForceFeedbackCheck runCheck();
 
 public slots:
     void poll();

@@ -60,20 +60,34 @@ public:
     {
         return record([&](VirtualFfbState &f) {
             f.constantForce = level;
-            f.playing = true;
+            f.constantPlaying = true;
+            ++f.constantSends;
         });
     }
     bool playSpring(double coefficient) override
     {
         return record([&](VirtualFfbState &f) {
             f.spring = coefficient;
-            f.playing = true;
+            f.springPlaying = true;
         });
     }
+    void stopConstantForce() override
+    {
+        m_record->ffb.constantPlaying = false;
+        m_record->ffb.constantForce = 0.0;
+    }
+    void stopSpring() override { m_record->ffb.springPlaying = false; }
     void stopEffects() override
     {
-        m_record->ffb.playing = false;
-        m_record->ffb.constantForce = 0.0;
+        stopConstantForce();
+        stopSpring();
+    }
+    ForceFeedbackProbe probeForceFeedback() override
+    {
+        ForceFeedbackProbe probe;
+        probe.actuatorAxes = m_record->info.hasForceFeedback ? 1 : 0;
+        probe.constantForce = probe.actuatorAxes > 0;
+        return probe;
     }
 
 private:

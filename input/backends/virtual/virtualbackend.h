@@ -27,7 +27,9 @@ struct VirtualFfbState
     double gain = 1.0;
     double constantForce = 0.0;
     double spring = 0.0;
-    bool playing = false;
+    bool constantPlaying = false;
+    bool springPlaying = false;
+    int constantSends = 0; // every playConstantForce, to see resends of an unchanged level
 };
 
 // Game controllers that live in memory: tests and replays add, move, unplug and lose them, and
