@@ -70,6 +70,8 @@ private slots:
     void unansweredSearchPausesThenSearchesAgain();
     void noSearchInConfigurationMode();
     void silentCarLosesTheReceiver();
+    void unansweredReadsGiveUp_data();
+    void unansweredReadsGiveUp();
     void directWriteReportsWhatTheReceiverKept_data();
     void directWriteReportsWhatTheReceiverKept();
 };
@@ -176,6 +178,51 @@ void TestReceiverElrsLink::silentCarLosesTheReceiver()
     rig.sim.setLinkUp(false);
     QVERIFY(idle.wait(20000));
     QVERIFY(link(rig)->parameters().isEmpty());
+}
+
+void TestReceiverElrsLink::unansweredReadsGiveUp_data()
+{
+    QTest::addColumn<bool>("directWrite");
+
+    QTest::newRow("reading all fields loses the receiver") << false;
+    QTest::newRow("a direct write reports failure, the link stays") << true;
+}
+
+// The bridge stops answering (the car's radio went quiet for parameter frames): each read
+// is tried a fixed number of times, then the link gives up in the way the caller can act on.
+void TestReceiverElrsLink::unansweredReadsGiveUp()
+{
+    QFETCH(bool, directWrite);
+
+    ControllerRig rig;
+    ControllerTimings t = linkTimings();
+    t.receiverLink.readTimeout = milliseconds(300);
+    t.receiverLink.silenceLimit = milliseconds(600000); // only the reads may end the link here
+    SET_UP_RIG(rig, QStringLiteral("rc_car"), t);
+    QVERIFY(startAndReachReady(rig));
+    QVERIFY(rig.flushToBridge());
+    const uint8_t rate = link(rig)->fieldId(QStringLiteral("Motion Rate")).value_or(0);
+    QSignalSpy frames(&rig.sim, &sim::BridgeSimulator::frameReceived);
+    QSignalSpy done(link(rig), &ReceiverElrsLink::directWriteDone);
+    QSignalSpy idle(link(rig), &ReceiverElrsLink::idle);
+    rig.sim.setStalled(true);
+
+    if (directWrite) {
+        QVERIFY(link(rig)->writeParameter(rate, 80));
+        QVERIFY(done.wait(20000));
+        QCOMPARE(done.at(0).at(1).toBool(), false);
+        QCOMPARE(done.at(0).at(2).toInt(), -1);
+        QCOMPARE(link(rig)->state(), State::Ready);
+        QVERIFY(idle.isEmpty());
+    } else {
+        QVERIFY(link(rig)->readAll());
+        QVERIFY(idle.wait(20000));
+        QVERIFY(link(rig)->parameters().isEmpty());
+    }
+    QVERIFY(rig.flushToBridge());
+    const int field = directWrite ? rate : ReceiverElrsLink::kReadOrder.front();
+    QCOMPARE(fieldsAtBridge(frames, crsf::kTypeParameterRead),
+             QList<int>(t.receiverLink.readAttempts, field));
 }
 
 void TestReceiverElrsLink::directWriteReportsWhatTheReceiverKept_data()
