@@ -5,6 +5,7 @@
 #include "deviceroleset.h"
 #include "inputdevice.h"
 #include "profilekeys.h"
+#include "receiverelrslink.h"
 #include "tavrixcontroller.h"
 
 #include <QDateTime>
@@ -36,6 +37,8 @@ DashboardBinder::DashboardBinder(DashboardPage *page, TavrixController *controll
           &TavrixController::heliThrottleConnectedChanged, &TavrixController::heliPedalsConnectedChanged})
         connect(controller, signal, this, &DashboardBinder::showDevices);
     connect(controller, &TavrixController::carLinkChanged, page, &DashboardPage::setCarLinked);
+    connect(controller->receiverLink(), &ReceiverElrsLink::stateChanged, this,
+            &DashboardBinder::showReceiver);
     connect(controller, &TavrixController::runningChanged, this, &DashboardBinder::showTransmission);
     connect(controller, &TavrixController::profileChanged, this, [this] {
         showDevices();
@@ -51,6 +54,7 @@ DashboardBinder::DashboardBinder(DashboardPage *page, TavrixController *controll
     showTransmitter();
     showDevices();
     page->setCarLinked(controller->telemetry()->isCarLinked());
+    showReceiver();
     showTransmission();
     showTelemetry();
 }
@@ -58,6 +62,29 @@ DashboardBinder::DashboardBinder(DashboardPage *page, TavrixController *controll
 void DashboardBinder::showTransmitter()
 {
     m_page->setTransmitterState(m_controller->isSerialConnected(), m_controller->serialPortName());
+}
+
+void DashboardBinder::showReceiver()
+{
+    const ReceiverElrsLink *link = m_controller->receiverLink();
+    switch (link->state()) {
+    case ReceiverElrsLink::State::Idle:
+        m_page->setReceiverState(hub::Tone::Neutral, tr("Not found"),
+                                 tr("Looked for over the radio while transmitting"));
+        return;
+    case ReceiverElrsLink::State::Searching:
+        m_page->setReceiverState(hub::Tone::Warning, tr("Searching"),
+                                 tr("Asking the car's receiver to answer"));
+        return;
+    case ReceiverElrsLink::State::Reading:
+        m_page->setReceiverState(hub::Tone::Accent, tr("Reading settings"),
+                                 tr("%1, firmware %2").arg(link->receiverName(), link->firmwareVersion()));
+        return;
+    case ReceiverElrsLink::State::Ready:
+        m_page->setReceiverState(hub::Tone::Good, link->receiverName(),
+                                 tr("Firmware %1, reached over the radio").arg(link->firmwareVersion()));
+        return;
+    }
 }
 
 void DashboardBinder::showDevices()

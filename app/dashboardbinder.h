@@ -45,6 +45,7 @@ public:
 
 private:
     void showTransmitter();
+    void showReceiver();
     void showDevices();
     void showTransmission();
     void sampleFrameRate();

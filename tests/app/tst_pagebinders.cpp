@@ -251,6 +251,8 @@ private slots:
         QVERIFY(dash->devicesRow()->detail().contains(QStringLiteral("Test Wheel")));
         QTRY_VERIFY_WITH_TIMEOUT(dash->frameRateTile()->hasValue(), 5000);
         QTRY_COMPARE_WITH_TIMEOUT(dash->carLinkRow()->pill()->text(), QStringLiteral("Linked"), 5000);
+        // The car's receiver, found over the radio, by the name it reports.
+        QTRY_COMPARE_WITH_TIMEOUT(dash->receiverRow()->pill()->text(), QStringLiteral("Orvane RX V4"), 20000);
         // No sensors chosen in the profile: every sensor seen is shown.
         QTRY_VERIFY_WITH_TIMEOUT(dash->telemetryGrid()->isVisible() && dash->telemetryGrid()->tileCount() > 5,
                                  5000);

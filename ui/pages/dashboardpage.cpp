@@ -37,8 +37,9 @@ QWidget *DashboardPage::buildConnectionsCard()
     m_transmitter = new hub::StatusRow(hub::Glyph::Antenna, tr("Transmitter"), QString(), card);
     m_devices = new hub::StatusRow(hub::Glyph::Wheel, tr("Game controllers"), QString(), card);
     m_carLink = new hub::StatusRow(hub::Glyph::Car, tr("Car link"), QString(), card);
+    m_receiver = new hub::StatusRow(hub::Glyph::Link, tr("Receiver"), QString(), card);
     m_remote = new hub::StatusRow(hub::Glyph::Phone, tr("Mobile app"), QString(), card);
-    for (hub::StatusRow *r : {m_transmitter, m_devices, m_carLink, m_remote})
+    for (hub::StatusRow *r : {m_transmitter, m_devices, m_carLink, m_receiver, m_remote})
         card->body()->addWidget(r);
     m_remoteDetails = new QPushButton(tr("Details"), m_remote);
     m_remote->addAccessory(m_remoteDetails);
@@ -115,6 +116,12 @@ void DashboardPage::showTelemetry(const QList<TelemetryGrid::Reading> &readings)
     m_telemetry->setReadings(readings);
     m_telemetry->setVisible(!readings.isEmpty());
     m_telemetryEmpty->setVisible(readings.isEmpty());
+}
+
+void DashboardPage::setReceiverState(hub::Tone tone, const QString &status, const QString &detail)
+{
+    m_receiver->setStatus(tone, status);
+    m_receiver->setDetail(detail);
 }
 
 void DashboardPage::setCarLinked(bool linked)

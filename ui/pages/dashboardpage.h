@@ -26,6 +26,7 @@ public:
     hub::StatusRow *transmitterRow() const { return m_transmitter; }
     hub::StatusRow *devicesRow() const { return m_devices; }
     hub::StatusRow *carLinkRow() const { return m_carLink; }
+    hub::StatusRow *receiverRow() const { return m_receiver; }
     TelemetryGrid *telemetryGrid() const { return m_telemetry; }
     hub::StatTile *frameRateTile() const { return m_frameRate; }
     hub::StatusRow *remoteRow() const { return m_remote; }
@@ -38,6 +39,8 @@ public slots:
     // needs is among them, and which ones.
     void setDevicesState(int connected, int roles, bool ready, const QString &detail);
     void setCarLinked(bool linked);
+    // The car's receiver as reached over the radio: searched for, being read, or found.
+    void setReceiverState(hub::Tone tone, const QString &status, const QString &detail);
     // The mobile app server: not listening, listening (with its address) or with clients.
     void setRemoteState(hub::Tone tone, const QString &status, const QString &detail = {});
     void setTransmission(bool running, const QString &vehicle = {});
@@ -58,6 +61,7 @@ private:
     hub::StatusRow *m_transmitter = nullptr;
     hub::StatusRow *m_devices = nullptr;
     hub::StatusRow *m_carLink = nullptr;
+    hub::StatusRow *m_receiver = nullptr;
     hub::StatusRow *m_remote = nullptr;
     QAbstractButton *m_remoteDetails = nullptr;
     hub::StatusPill *m_transmissionPill = nullptr;
