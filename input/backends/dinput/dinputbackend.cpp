@@ -67,11 +67,6 @@ GUID fromGuid(const DeviceGuid &bytes)
     return guid;
 }
 
-std::string hex(HRESULT hr)
-{
-    return dinput::hexResult(hr);
-}
-
 DIPROPDWORD dwordProperty()
 {
     DIPROPDWORD property{};
@@ -440,8 +435,9 @@ Enumeration DInputBackend::enumerate()
 {
     Enumeration result;
     if (!ensureInterface()) {
-        result.problems.push_back(
-            {{}, "DirectInput is not available (DirectInput8Create failed, 0x" + hex(m_lastResult) + ")"});
+        result.problems.push_back({{},
+                                   "DirectInput is not available (DirectInput8Create failed, 0x" +
+                                       dinput::hexResult(m_lastResult) + ")"});
         return result;
     }
     EnumerationContext context{static_cast<IDirectInput8W *>(m_directInput), &result.devices};
@@ -457,7 +453,7 @@ std::unique_ptr<BackendDevice> DInputBackend::open(int index, std::string *error
     auto fail = [&](const std::string &what, HRESULT hr) -> std::unique_ptr<BackendDevice> {
         m_lastResult = hr;
         if (error)
-            *error = what + " (0x" + hex(hr) + ")";
+            *error = what + " (0x" + dinput::hexResult(hr) + ")";
         return nullptr;
     };
 
