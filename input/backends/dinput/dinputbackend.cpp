@@ -389,7 +389,12 @@ public:
     {
         return m_info.hasForceFeedback ? m_ffb.lastError() : std::string("no force feedback");
     }
-    void reacquireExclusive() override { m_ffb.reacquireExclusive(); }
+    // Only a force-feedback device is ever taken exclusively, as on open.
+    void reacquireExclusive() override
+    {
+        if (m_info.hasForceFeedback)
+            m_ffb.reacquireExclusive();
+    }
     ForceFeedbackProbe probeForceFeedback() override
     {
         return m_info.hasForceFeedback ? m_ffb.probe() : ForceFeedbackProbe{};

@@ -319,10 +319,11 @@ void EvdevDevice::stopEffects()
 }
 
 // The kernel refuses a second EVIOCGRAB even from the holder, so let go first. Refused,
-// the device stays open without the grab and is read like any shared device.
+// the device stays open without the grab and is read like any shared device. Only a wheel
+// with force feedback is ever grabbed, as on open.
 void EvdevDevice::reacquireExclusive()
 {
-    if (m_lost || !m_dev)
+    if (m_lost || !m_dev || !m_layout.hasForceFeedback)
         return;
     if (m_exclusive)
         libevdev_grab(m_dev, LIBEVDEV_UNGRAB);
