@@ -1,4 +1,5 @@
 #include "dinputbackend.h"
+#include "dinputforcefeedback.h"
 
 #ifndef DIRECTINPUT_VERSION
 #define DIRECTINPUT_VERSION 0x0800
@@ -20,6 +21,9 @@ namespace {
 static_assert(sizeof(DIDEVCAPS) == 44, "DirectInput's capabilities structure");
 static_assert(sizeof(DIJOYSTATE2) == 272, "DirectInput's joystick state");
 static_assert(sizeof(DIDEVICEINSTANCEW) == 1100, "DirectInput 8 device instance");
+static_assert(DIJOFS_X == dinput::kXAxisOffset && DI_FFNOMINALMAX == dinput::kNominalMax &&
+                  E_FAIL == dinput::kGenericFailure && sizeof(HRESULT) == sizeof(dinput::Result),
+              "the force-feedback logic's view of DirectInput");
 
 HWND g_window = nullptr;
 
@@ -63,11 +67,14 @@ GUID fromGuid(const DeviceGuid &bytes)
     return guid;
 }
 
-std::string hex(HRESULT hr)
+DIPROPDWORD dwordProperty()
 {
-    char text[16];
-    std::snprintf(text, sizeof(text), "%08lX", static_cast<unsigned long>(hr));
-    return text;
+    DIPROPDWORD property{};
+    property.diph.dwSize = sizeof(DIPROPDWORD);
+    property.diph.dwHeaderSize = sizeof(DIPROPHEADER);
+    property.diph.dwHow = DIPH_DEVICE;
+    property.diph.dwObj = 0;
+    return property;
 }
 
 // DirectInput ties cooperative levels to a window. The hub's main window is the
@@ -133,12 +140,6 @@ BOOL CALLBACK addDevice(LPCDIDEVICEINSTANCEW instance, LPVOID context)
     return DIENUM_CONTINUE; // in every case
 }
 
-struct ActuatorAxis
-{
-    DWORD offset;
-    DWORD id;
-};
-
 struct ObjectCounts
 {
     IDirectInputDevice8W *device;
@@ -170,24 +171,25 @@ BOOL CALLBACK setAxisRange(LPCDIDEVICEOBJECTINSTANCEW object, LPVOID context)
 
 BOOL CALLBACK collectActuator(LPCDIDEVICEOBJECTINSTANCEW object, LPVOID context)
 {
-    auto *axes = static_cast<std::vector<ActuatorAxis> *>(context);
+    auto *axes = static_cast<std::vector<dinput::ActuatorAxis> *>(context);
     if (object->dwFlags & DIDOI_FFACTUATOR)
         axes->push_back({object->dwOfs, object->dwType});
     return axes->size() < 2 ? DIENUM_CONTINUE : DIENUM_STOP;
 }
 
-class DInputDevice final : public BackendDevice
+// The DirectInput calls behind the backend's force-feedback logic, and the two effects they make.
+class DirectInputEffects final : public dinput::EffectDevice
 {
 public:
-    DInputDevice(IDirectInputDevice8W *device, DeviceListEntry info, bool exclusive)
+    explicit DirectInputEffects(IDirectInputDevice8W *device)
         : m_device(device)
-        , m_info(std::move(info))
-        , m_exclusive(exclusive)
     {}
+    DirectInputEffects(const DirectInputEffects &) = delete;
+    DirectInputEffects &operator=(const DirectInputEffects &) = delete;
 
-    ~DInputDevice() override
+    // Before the device itself is released.
+    void release()
     {
-        stopEffects();
         for (IDirectInputEffect **effect : {&m_constant, &m_spring}) {
             if (*effect) {
                 (*effect)->Unload();
@@ -195,12 +197,151 @@ public:
                 *effect = nullptr;
             }
         }
+    }
+
+    void unacquire() override { m_device->Unacquire(); }
+
+    dinput::Result setCooperation(dinput::Cooperation level) override
+    {
+        switch (level) {
+        case dinput::Cooperation::ExclusiveBackground:
+            return m_device->SetCooperativeLevel(effectWindow(), DISCL_EXCLUSIVE | DISCL_BACKGROUND);
+        case dinput::Cooperation::ExclusiveForeground:
+            return m_device->SetCooperativeLevel(effectWindow(), DISCL_EXCLUSIVE | DISCL_FOREGROUND);
+        case dinput::Cooperation::SharedBackground:
+            break;
+        }
+        return m_device->SetCooperativeLevel(cooperativeWindow(), DISCL_NONEXCLUSIVE | DISCL_BACKGROUND);
+    }
+
+    dinput::Result acquire() override { return m_device->Acquire(); }
+
+    dinput::Result setAutocenter(bool on) override
+    {
+        DIPROPDWORD property = dwordProperty();
+        property.dwData = on ? DIPROPAUTOCENTER_ON : DIPROPAUTOCENTER_OFF;
+        return m_device->SetProperty(DIPROP_AUTOCENTER, &property.diph);
+    }
+
+    dinput::Result resetForceFeedback() override { return m_device->SendForceFeedbackCommand(DISFFC_RESET); }
+
+    std::vector<dinput::ActuatorAxis> actuatorAxes() override
+    {
+        std::vector<dinput::ActuatorAxis> axes;
+        m_device->EnumObjects(collectActuator, &axes, DIDFT_AXIS);
+        return axes;
+    }
+
+    dinput::Result createConstantForce(const dinput::EffectAxes &axes) override
+    {
+        std::vector<DWORD> objects(axes.objects.begin(), axes.objects.end());
+        std::vector<LONG> directions(objects.size(), 0);
+        DICONSTANTFORCE force{};
+        DIEFFECT effect =
+            endlessEffect(axes.byId ? DIEFF_OBJECTIDS : DIEFF_OBJECTOFFSETS, objects, directions);
+        effect.cbTypeSpecificParams = sizeof(DICONSTANTFORCE);
+        effect.lpvTypeSpecificParams = &force;
+        IDirectInputEffect *made = nullptr;
+        const HRESULT hr = m_device->CreateEffect(GUID_ConstantForce, &effect, &made, nullptr);
+        if (SUCCEEDED(hr))
+            m_constant = made;
+        return hr;
+    }
+
+    dinput::Result startConstantForce(int32_t magnitude) override
+    {
+        DICONSTANTFORCE force{};
+        force.lMagnitude = magnitude;
+        DIEFFECT effect{};
+        effect.dwSize = sizeof(DIEFFECT);
+        effect.cbTypeSpecificParams = sizeof(DICONSTANTFORCE);
+        effect.lpvTypeSpecificParams = &force;
+        return m_constant->SetParameters(&effect, DIEP_TYPESPECIFICPARAMS | DIEP_START);
+    }
+
+    void stopConstantForce() override { m_constant->Stop(); }
+
+    dinput::Result createSpring(uint32_t axisOffset) override
+    {
+        std::vector<DWORD> objects{axisOffset};
+        std::vector<LONG> directions{0};
+        DICONDITION condition{};
+        condition.lOffset = 0;
+        condition.lPositiveCoefficient = dinput::kNominalMax;
+        condition.lNegativeCoefficient = dinput::kNominalMax;
+        condition.dwPositiveSaturation = dinput::kNominalMax;
+        condition.dwNegativeSaturation = dinput::kNominalMax;
+        condition.lDeadBand = 0;
+        DIEFFECT effect = endlessEffect(DIEFF_OBJECTOFFSETS, objects, directions);
+        effect.cbTypeSpecificParams = sizeof(DICONDITION);
+        effect.lpvTypeSpecificParams = &condition;
+        IDirectInputEffect *made = nullptr;
+        const HRESULT hr = m_device->CreateEffect(GUID_Spring, &effect, &made, nullptr);
+        if (SUCCEEDED(hr))
+            m_spring = made;
+        return hr;
+    }
+
+    dinput::Result setSpringGain(uint32_t gain) override
+    {
+        DIEFFECT effect{};
+        effect.dwSize = sizeof(DIEFFECT);
+        effect.dwGain = gain;
+        return m_spring->SetParameters(&effect, DIEP_GAIN);
+    }
+
+    dinput::Result startSpring() override { return m_spring->Start(1, 0); }
+    void stopSpring() override { m_spring->Stop(); }
+
+private:
+    // Exclusive access is asked for the main window, else the desktop's.
+    static HWND effectWindow() { return g_window ? g_window : GetDesktopWindow(); }
+
+    // Cartesian, endless, full gain, no trigger, no envelope, no start delay; the vectors
+    // must live until the effect is made.
+    static DIEFFECT endlessEffect(DWORD objectFlag, std::vector<DWORD> &objects,
+                                  std::vector<LONG> &directions)
+    {
+        DIEFFECT effect{};
+        effect.dwSize = sizeof(DIEFFECT);
+        effect.dwFlags = DIEFF_CARTESIAN | objectFlag;
+        effect.dwDuration = INFINITE;
+        effect.dwGain = DI_FFNOMINALMAX;
+        effect.dwTriggerButton = DIEB_NOTRIGGER;
+        effect.cAxes = static_cast<DWORD>(objects.size());
+        effect.rgdwAxes = objects.data();
+        effect.rglDirection = directions.data();
+        effect.lpEnvelope = nullptr;
+        effect.dwStartDelay = 0;
+        return effect;
+    }
+
+    IDirectInputDevice8W *m_device;
+    IDirectInputEffect *m_constant = nullptr;
+    IDirectInputEffect *m_spring = nullptr;
+};
+
+class DInputDevice final : public BackendDevice
+{
+public:
+    DInputDevice(IDirectInputDevice8W *device, DeviceListEntry info, bool exclusive)
+        : m_device(device)
+        , m_info(std::move(info))
+        , m_effects(device)
+        , m_ffb(m_effects, exclusive,
+                [](const std::string &line) { std::fprintf(stderr, "%s\n", line.c_str()); })
+    {}
+
+    ~DInputDevice() override
+    {
+        m_ffb.stopEffects();
+        m_effects.release();
         m_device->Unacquire();
         m_device->Release();
     }
 
     const DeviceListEntry &info() const override { return m_info; }
-    bool isExclusive() const override { return m_exclusive; }
+    bool isExclusive() const override { return m_ffb.isExclusive(); }
 
     PollResult poll(RawInputState &state) override
     {
@@ -224,233 +365,46 @@ public:
         return PollResult::Ok;
     }
 
-    bool setAutocenter(double strength) override { return setAutocenterProperty(strength > 0.0); }
+    bool setAutocenter(double strength) override { return m_ffb.setAutocenter(strength > 0.0); }
 
     bool setGain(double gain) override
     {
         DIPROPDWORD property = dwordProperty();
         property.dwData = static_cast<DWORD>(std::clamp(gain, 0.0, 1.0) * DI_FFNOMINALMAX);
-        const HRESULT hr = m_device->SetProperty(DIPROP_FFGAIN, &property.diph);
-        if (FAILED(hr))
-            m_diagnostic = "DIPROP_FFGAIN=0x" + hex(hr);
-        return SUCCEEDED(hr);
+        return SUCCEEDED(m_device->SetProperty(DIPROP_FFGAIN, &property.diph));
     }
 
     bool playConstantForce(double level) override
     {
-        if (!m_info.hasForceFeedback) {
-            m_diagnostic = "no force feedback";
-            return false;
-        }
-        if (!m_constant && !createConstantForce())
-            return false;
-        DICONSTANTFORCE force{};
-        force.lMagnitude = static_cast<LONG>(std::clamp(level, -1.0, 1.0) * DI_FFNOMINALMAX);
-        DIEFFECT effect{};
-        effect.dwSize = sizeof(DIEFFECT);
-        effect.cbTypeSpecificParams = sizeof(DICONSTANTFORCE);
-        effect.lpvTypeSpecificParams = &force;
-        const HRESULT hr = m_constant->SetParameters(&effect, DIEP_TYPESPECIFICPARAMS | DIEP_START);
-        m_constantPlaying = SUCCEEDED(hr);
-        if (FAILED(hr))
-            m_diagnostic = "SetParameters=0x" + hex(hr);
-        return m_constantPlaying;
+        return m_info.hasForceFeedback && m_ffb.playConstantForce(level);
     }
-
-    bool playSpring(double coefficient) override
+    bool playSpring(double strength) override
     {
-        if (!m_info.hasForceFeedback) {
-            m_diagnostic = "no force feedback";
-            return false;
-        }
-        if (!m_spring && !createSpring())
-            return false;
-        DIEFFECT effect{};
-        effect.dwSize = sizeof(DIEFFECT);
-        effect.dwGain = static_cast<DWORD>(std::clamp(coefficient, 0.0, 1.0) * DI_FFNOMINALMAX);
-        HRESULT hr = m_spring->SetParameters(&effect, DIEP_GAIN);
-        if (SUCCEEDED(hr) && !m_springPlaying)
-            hr = m_spring->Start(1, 0);
-        m_springPlaying = SUCCEEDED(hr);
-        if (FAILED(hr))
-            m_diagnostic = "spring=0x" + hex(hr);
-        return m_springPlaying;
+        return m_info.hasForceFeedback && m_ffb.playSpring(strength);
     }
-
-    void stopEffects() override
-    {
-        if (m_constant && m_constantPlaying)
-            m_constant->Stop();
-        if (m_spring && m_springPlaying)
-            m_spring->Stop();
-        m_constantPlaying = false;
-        m_springPlaying = false;
-    }
-
+    void stopConstantForce() override { m_ffb.stopConstantForce(); }
+    void stopSpring() override { m_ffb.stopSpring(); }
+    void stopEffects() override { m_ffb.stopEffects(); }
     std::string lastEffectError() const override
     {
-        return m_diagnostic.empty() ? std::string()
-                                    : "[err 0x" + hex(m_lastEffectResult) + "] " + m_diagnostic;
+        return m_info.hasForceFeedback ? m_ffb.lastError() : std::string("no force feedback");
+    }
+    // Only a force-feedback device is ever taken exclusively, as on open.
+    void reacquireExclusive() override
+    {
+        if (m_info.hasForceFeedback)
+            m_ffb.reacquireExclusive();
+    }
+    ForceFeedbackProbe probeForceFeedback() override
+    {
+        return m_info.hasForceFeedback ? m_ffb.probe() : ForceFeedbackProbe{};
     }
 
 private:
-    static DIPROPDWORD dwordProperty()
-    {
-        DIPROPDWORD property{};
-        property.diph.dwSize = sizeof(DIPROPDWORD);
-        property.diph.dwHeaderSize = sizeof(DIPROPHEADER);
-        property.diph.dwHow = DIPH_DEVICE;
-        property.diph.dwObj = 0;
-        return property;
-    }
-
-    bool setAutocenterProperty(bool on)
-    {
-        DIPROPDWORD property = dwordProperty();
-        property.dwData = on ? DIPROPAUTOCENTER_ON : DIPROPAUTOCENTER_OFF;
-        return SUCCEEDED(m_device->SetProperty(DIPROP_AUTOCENTER, &property.diph));
-    }
-
-    std::vector<ActuatorAxis> actuatorAxes()
-    {
-        std::vector<ActuatorAxis> axes;
-        m_device->EnumObjects(collectActuator, &axes, DIDFT_AXIS);
-        return axes;
-    }
-
-    // Effects exist only on an exclusively acquired device: take it in the
-    // background mode first, then the foreground one, and try the axis
-    // configurations that different drivers accept, keeping a diagnostic of each.
-    bool createConstantForce()
-    {
-        HWND window = g_window ? g_window : GetDesktopWindow();
-        HRESULT last = E_FAIL;
-        std::vector<std::string> parts;
-        const struct
-        {
-            const char *name;
-            DWORD flags;
-        } modes[] = {{"bg", DISCL_EXCLUSIVE | DISCL_BACKGROUND}, {"fg", DISCL_EXCLUSIVE | DISCL_FOREGROUND}};
-
-        for (const auto &mode : modes) {
-            m_device->Unacquire();
-            if (FAILED(last = m_device->SetCooperativeLevel(window, mode.flags)) ||
-                FAILED(last = m_device->Acquire()))
-                continue;
-            m_exclusive = true;
-            setAutocenterProperty(false);
-            m_device->SendForceFeedbackCommand(DISFFC_RESET);
-
-            const std::vector<ActuatorAxis> axes = actuatorAxes();
-            if (axes.empty()) {
-                parts.push_back(std::string(mode.name) + ":noaxis");
-                continue;
-            }
-            parts.push_back(std::string(mode.name) + " axes=" + std::to_string(axes.size()) + " ofs=[" +
-                            std::to_string(axes[0].offset) + "," +
-                            (axes.size() > 1 ? std::to_string(axes[1].offset) : std::string("-")) + "]");
-
-            struct Configuration
-            {
-                const char *name;
-                DWORD flags;
-                std::vector<DWORD> objects;
-            };
-            std::vector<Configuration> configurations = {
-                {"X/offset", DIEFF_OBJECTOFFSETS, {DIJOFS_X}},
-                {"enum0/offset", DIEFF_OBJECTOFFSETS, {axes[0].offset}},
-                {"enum0/id", DIEFF_OBJECTIDS, {axes[0].id}},
-            };
-            if (axes.size() > 1) {
-                configurations.push_back(
-                    {"enum2/offset", DIEFF_OBJECTOFFSETS, {axes[0].offset, axes[1].offset}});
-                configurations.push_back({"enum2/id", DIEFF_OBJECTIDS, {axes[0].id, axes[1].id}});
-            }
-            for (Configuration &configuration : configurations) {
-                DICONSTANTFORCE force{};
-                LONG directions[2] = {0, 0};
-                DIEFFECT effect{};
-                effect.dwSize = sizeof(DIEFFECT);
-                effect.dwFlags = DIEFF_CARTESIAN | configuration.flags;
-                effect.dwDuration = INFINITE;
-                effect.dwGain = DI_FFNOMINALMAX;
-                effect.dwTriggerButton = DIEB_NOTRIGGER;
-                effect.cAxes = static_cast<DWORD>(configuration.objects.size());
-                effect.rgdwAxes = configuration.objects.data();
-                effect.rglDirection = directions;
-                effect.cbTypeSpecificParams = sizeof(DICONSTANTFORCE);
-                effect.lpvTypeSpecificParams = &force;
-                effect.dwStartDelay = 0;
-                last = m_device->CreateEffect(GUID_ConstantForce, &effect, &m_constant, nullptr);
-                if (SUCCEEDED(last)) {
-                    parts.push_back(std::string("OK via ") + mode.name + "/" + configuration.name);
-                    break;
-                }
-                m_constant = nullptr;
-                parts.push_back(std::string(configuration.name) + "=0x" + hex(last));
-            }
-            if (m_constant)
-                break;
-        }
-        if (!m_constant) {
-            m_exclusive = false;
-            m_device->Unacquire();
-            m_device->SetCooperativeLevel(cooperativeWindow(), DISCL_NONEXCLUSIVE | DISCL_BACKGROUND);
-            m_device->Acquire();
-        }
-        m_lastEffectResult = last;
-        m_diagnostic.clear();
-        for (const std::string &part : parts)
-            m_diagnostic += (m_diagnostic.empty() ? "" : "  ") + part;
-        return m_constant != nullptr;
-    }
-
-    bool createSpring()
-    {
-        setAutocenterProperty(false);
-        const std::vector<ActuatorAxis> axes = actuatorAxes();
-        if (axes.empty()) {
-            m_diagnostic = "spring:noaxis";
-            return false;
-        }
-        DWORD object = axes[0].offset;
-        LONG direction = 0;
-        DICONDITION condition{};
-        condition.lOffset = 0;
-        condition.lPositiveCoefficient = DI_FFNOMINALMAX;
-        condition.lNegativeCoefficient = DI_FFNOMINALMAX;
-        condition.dwPositiveSaturation = DI_FFNOMINALMAX;
-        condition.dwNegativeSaturation = DI_FFNOMINALMAX;
-        condition.lDeadBand = 0;
-        DIEFFECT effect{};
-        effect.dwSize = sizeof(DIEFFECT);
-        effect.dwFlags = DIEFF_CARTESIAN | DIEFF_OBJECTOFFSETS;
-        effect.dwDuration = INFINITE;
-        effect.dwGain = DI_FFNOMINALMAX;
-        effect.dwTriggerButton = DIEB_NOTRIGGER;
-        effect.cAxes = 1;
-        effect.rgdwAxes = &object;
-        effect.rglDirection = &direction;
-        effect.cbTypeSpecificParams = sizeof(DICONDITION);
-        effect.lpvTypeSpecificParams = &condition;
-        const HRESULT hr = m_device->CreateEffect(GUID_Spring, &effect, &m_spring, nullptr);
-        if (FAILED(hr)) {
-            m_spring = nullptr;
-            m_lastEffectResult = hr;
-            m_diagnostic = "spring=0x" + hex(hr);
-        }
-        return m_spring != nullptr;
-    }
-
     IDirectInputDevice8W *m_device;
     DeviceListEntry m_info;
-    bool m_exclusive;
-    IDirectInputEffect *m_constant = nullptr;
-    IDirectInputEffect *m_spring = nullptr;
-    bool m_constantPlaying = false;
-    bool m_springPlaying = false;
-    HRESULT m_lastEffectResult = E_FAIL;
-    std::string m_diagnostic;
+    DirectInputEffects m_effects;
+    dinput::ForceFeedback m_ffb;
 };
 
 } // namespace
@@ -486,8 +440,9 @@ Enumeration DInputBackend::enumerate()
 {
     Enumeration result;
     if (!ensureInterface()) {
-        result.problems.push_back(
-            {{}, "DirectInput is not available (DirectInput8Create failed, 0x" + hex(m_lastResult) + ")"});
+        result.problems.push_back({{},
+                                   "DirectInput is not available (DirectInput8Create failed, 0x" +
+                                       dinput::hexResult(m_lastResult) + ")"});
         return result;
     }
     EnumerationContext context{static_cast<IDirectInput8W *>(m_directInput), &result.devices};
@@ -503,7 +458,7 @@ std::unique_ptr<BackendDevice> DInputBackend::open(int index, std::string *error
     auto fail = [&](const std::string &what, HRESULT hr) -> std::unique_ptr<BackendDevice> {
         m_lastResult = hr;
         if (error)
-            *error = what + " (0x" + hex(hr) + ")";
+            *error = what + " (0x" + dinput::hexResult(hr) + ")";
         return nullptr;
     };
 

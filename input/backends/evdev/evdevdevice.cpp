@@ -185,24 +185,32 @@ bool EvdevDevice::writeEvent(int type, int code, int value)
     event.code = static_cast<uint16_t>(code);
     event.value = value;
     if (::write(m_fd, &event, sizeof(event)) != static_cast<ssize_t>(sizeof(event))) {
-        m_effectError = errorText("Writing a force-feedback event failed", errno);
+        setEffectError("Writing a force-feedback event failed", errno);
         return false;
     }
     return true;
 }
 
+void EvdevDevice::setEffectError(std::string what, int error)
+{
+    m_effectError = std::move(what);
+    if (error != 0)
+        m_effectError += std::string(": ") + std::strerror(error);
+    m_effectErrno = error;
+}
+
 bool EvdevDevice::canPlay(int effectType)
 {
     if (m_lost) {
-        m_effectError = "The device is gone";
+        setEffectError("The device is gone", ENODEV);
         return false;
     }
     if (!m_caps.events.test(EV_FF) || !m_caps.effects.test(static_cast<size_t>(effectType))) {
-        m_effectError = "The device has no such force-feedback effect";
+        setEffectError("The device has no such force-feedback effect", EOPNOTSUPP);
         return false;
     }
     if (!m_writable) {
-        m_effectError = "No write permission on " + m_path + ": force feedback needs the udev rule";
+        setEffectError("No write permission on " + m_path + ": force feedback needs the udev rule", EACCES);
         return false;
     }
     return true;
@@ -212,7 +220,7 @@ bool EvdevDevice::upload(ff_effect &effect, Effect &slot)
 {
     effect.id = static_cast<int16_t>(slot.id);
     if (::ioctl(m_fd, EVIOCSFF, &effect) < 0) {
-        m_effectError = errorText("Uploading the effect (EVIOCSFF) failed", errno);
+        setEffectError("Uploading the effect (EVIOCSFF) failed", errno);
         return false;
     }
     slot.id = effect.id;
@@ -248,7 +256,7 @@ bool EvdevDevice::setGain(double gain)
     return writeEvent(EV_FF, FF_GAIN, unsignedLevel(gain));
 }
 
-bool EvdevDevice::playConstantForce(double level)
+bool EvdevDevice::uploadConstantForce(double level)
 {
     if (!canPlay(FF_CONSTANT))
         return false;
@@ -257,10 +265,17 @@ bool EvdevDevice::playConstantForce(double level)
     effect.direction = kWheelAxisDirection;
     effect.replay.length = 0; // until stopped
     effect.u.constant.level = signedLevel(level);
-    return upload(effect, m_constant) && start(m_constant);
+    return upload(effect, m_constant);
 }
 
-bool EvdevDevice::playSpring(double coefficient)
+bool EvdevDevice::playConstantForce(double level)
+{
+    return uploadConstantForce(level) && start(m_constant);
+}
+
+// The strength scales the spring's coefficients. The kernel has no per-effect gain, and
+// FF_GAIN is the whole device's: it would weaken the constant force along with the spring.
+bool EvdevDevice::playSpring(double strength)
 {
     if (!canPlay(FF_SPRING))
         return false;
@@ -271,20 +286,67 @@ bool EvdevDevice::playSpring(double coefficient)
     ff_condition_effect &axis = effect.u.condition[0];
     axis.right_saturation = 0xffff;
     axis.left_saturation = 0xffff;
-    axis.right_coeff = signedLevel(std::clamp(coefficient, 0.0, 1.0));
+    axis.right_coeff = signedLevel(std::clamp(strength, 0.0, 1.0));
     axis.left_coeff = axis.right_coeff;
     axis.deadband = 0;
     axis.center = 0;
     return upload(effect, m_spring) && start(m_spring);
 }
 
+// An uploaded effect is stopped whether or not we think it plays: a start whose write
+// failed half-way must not leave a force on the wheel.
+void EvdevDevice::stop(Effect &effect)
+{
+    if (effect.id >= 0 && !m_lost)
+        writeEvent(EV_FF, effect.id, 0);
+    effect.playing = false;
+}
+
+void EvdevDevice::stopConstantForce()
+{
+    stop(m_constant);
+}
+
+void EvdevDevice::stopSpring()
+{
+    stop(m_spring);
+}
+
 void EvdevDevice::stopEffects()
 {
-    for (Effect *effect : {&m_constant, &m_spring}) {
-        if (effect->playing && !m_lost)
-            writeEvent(EV_FF, effect->id, 0);
-        effect->playing = false;
+    stop(m_constant);
+    stop(m_spring);
+}
+
+// The kernel refuses a second EVIOCGRAB even from the holder, so let go first. Refused,
+// the device stays open without the grab and is read like any shared device. Only a wheel
+// with force feedback is ever grabbed, as on open.
+void EvdevDevice::reacquireExclusive()
+{
+    if (m_lost || !m_dev || !m_layout.hasForceFeedback)
+        return;
+    if (m_exclusive)
+        libevdev_grab(m_dev, LIBEVDEV_UNGRAB);
+    m_exclusive = libevdev_grab(m_dev, LIBEVDEV_GRAB) == 0;
+}
+
+// Linux has no per-axis actuators: a wheel that takes a constant force turns its steering
+// axis, which makes one actuator axis.
+ForceFeedbackProbe EvdevDevice::probeForceFeedback()
+{
+    ForceFeedbackProbe probe;
+    const bool steersWithForce = m_layout.hasForceFeedback && m_layout.slotCode[SlotX] >= 0;
+    probe.actuatorAxes = steersWithForce ? 1 : 0;
+    probe.constantForce = m_constant.id >= 0 || (steersWithForce && uploadConstantForce(0.0));
+    if (probe.constantForce) {
+        probe.diagnostic = "constant force is effect " + std::to_string(m_constant.id);
+    } else {
+        if (!steersWithForce)
+            setEffectError("No steering axis that takes a constant force", EOPNOTSUPP);
+        probe.errorCode = static_cast<uint32_t>(m_effectErrno);
+        probe.diagnostic = m_effectError;
     }
+    return probe;
 }
 
 } // namespace tavrix::evdev

@@ -35,8 +35,12 @@ public:
     bool setAutocenter(double strength) override;
     bool setGain(double gain) override;
     bool playConstantForce(double level) override;
-    bool playSpring(double coefficient) override;
+    bool playSpring(double strength) override;
+    void stopConstantForce() override;
+    void stopSpring() override;
     void stopEffects() override;
+    void reacquireExclusive() override;
+    ForceFeedbackProbe probeForceFeedback() override;
     std::string lastEffectError() const override { return m_effectError; }
 
     const DeviceLayout &layout() const { return m_layout; }
@@ -52,9 +56,12 @@ private:
     EvdevDevice() = default;
     bool drainEvents();
     bool writeEvent(int type, int code, int value);
+    void setEffectError(std::string what, int error);
     bool canPlay(int effectType);
     bool upload(::ff_effect &effect, Effect &slot);
+    bool uploadConstantForce(double level);
     bool start(Effect &effect);
+    void stop(Effect &effect);
     void eraseEffect(Effect &effect);
 
     int m_fd = -1;
@@ -71,6 +78,7 @@ private:
     Effect m_constant;
     Effect m_spring;
     std::string m_effectError;
+    int m_effectErrno = 0;
 };
 
 } // namespace tavrix::evdev

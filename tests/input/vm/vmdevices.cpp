@@ -218,6 +218,13 @@ size_t UinputWheel::recordCount()
     return m_records.size();
 }
 
+std::vector<FfRecord> UinputWheel::records(size_t from)
+{
+    std::lock_guard lock(m_mutex);
+    return {m_records.begin() + static_cast<std::ptrdiff_t>(std::min(from, m_records.size())),
+            m_records.end()};
+}
+
 void UinputWheel::destroy()
 {
     if (m_fd < 0)

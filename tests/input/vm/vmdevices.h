@@ -68,6 +68,7 @@ public:
     bool waitFor(size_t from, const std::function<bool(const FfRecord &)> &match, int timeoutMs,
                  FfRecord *found = nullptr);
     size_t recordCount();
+    std::vector<FfRecord> records(size_t from);
 
 private:
     void serve();

@@ -7,8 +7,9 @@
 // axis DirectInput would show lands on the same slot scaled to 0..65535, every
 // button and the hat read back, and removal is reported as loss. Then: a node
 // nobody but root may read is reported with the udev advice, a keyboard stays out
-// of the list, and a force-feedback wheel sees our effects upload, play, stop,
-// erase, gain and autocentre while we hold it exclusively.
+// of the list, and a force-feedback wheel sees our effects upload, play, stop (each
+// alone), erase, gain and autocentre while we hold it exclusively, and the grab is
+// taken back once another program lets go.
 
 #include "devicelayouts.h"
 #include "evdevbackend.h"
@@ -212,6 +213,9 @@ void testDescriptor(const std::string &path, int number)
     check(!device->isExclusive(), "a controller without force feedback is not grabbed");
     check(!device->playConstantForce(0.5) && !device->lastEffectError().empty(),
           "no constant force on a device without force feedback, with a reason");
+    const ForceFeedbackProbe noForce = device->probeForceFeedback();
+    check(noForce.actuatorAxes == 0 && !noForce.constantForce && noForce.errorCode != 0,
+          "the check finds neither an actuator nor an effect");
 
     Rig rig{descriptor, uhid, *device};
     // Any element shows reports arriving: the first button, else the first axis at its maximum.
@@ -367,7 +371,8 @@ void testForceFeedback()
         return;
     check(device->isExclusive(), "a force-feedback wheel is taken exclusively");
     const auto *evdevDevice = dynamic_cast<const evdev::EvdevDevice *>(device.get());
-    const int other = evdevDevice ? ::open(evdevDevice->devicePath().c_str(), O_RDONLY | O_CLOEXEC) : -1;
+    const std::string path = evdevDevice ? evdevDevice->devicePath() : std::string();
+    const int other = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     check(other >= 0 && ::ioctl(other, EVIOCGRAB, 1) == -1 && errno == EBUSY, "a second grab gets EBUSY");
     if (other >= 0)
         ::close(other);
@@ -393,8 +398,11 @@ void testForceFeedback()
             },
             kWait, found);
     };
-    check(device->playConstantForce(0.5), "constant force plays: " + device->lastEffectError());
+    const ForceFeedbackProbe probe = device->probeForceFeedback();
+    check(probe.actuatorAxes == 1 && probe.constantForce, "the check finds the steering actuator");
     vm::FfRecord upload;
+    check(uploaded(FF_CONSTANT, 0, &upload), "the check uploads the constant force at rest");
+    check(device->playConstantForce(0.5), "constant force plays: " + device->lastEffectError());
     check(uploaded(FF_CONSTANT, 16383, &upload), "constant force uploaded at 0.5");
     check(upload.effect.direction == 0x4000 && upload.effect.replay.length == 0,
           "along the wheel, until stopped");
@@ -411,12 +419,29 @@ void testForceFeedback()
     check(uploaded(FF_SPRING, 26213, &upload), "spring uploaded at 0.8");
     const int springId = upload.effectId;
     check(springId != constantId, "spring is its own effect");
+    check(recorded(vm::FfRecord::Play, springId, 1), "spring started");
 
+    // Each stop reaches its own effect only. The wheel records in write order, so the
+    // gain written last shows that everything before it has arrived.
     mark = wheel.recordCount();
+    device->stopConstantForce();
+    check(device->setAutocenter(0.0), "autocentre off");
+    check(device->playConstantForce(0.3), "constant force plays again");
+    device->stopSpring();
     check(device->setGain(0.5) && recorded(vm::FfRecord::Gain, -1, 32767), "gain reaches the wheel");
-    check(device->setAutocenter(0.0) && recorded(vm::FfRecord::Autocenter, -1, 0),
-          "autocentre off reaches the wheel");
+    std::string sequence;
+    for (const vm::FfRecord &r : wheel.records(mark)) {
+        const char *effect = r.effectId == constantId ? "constant" : r.effectId == springId ? "spring" : "?";
+        if (r.kind == vm::FfRecord::Play)
+            sequence += std::string(r.value ? "play " : "stop ") + effect + "; ";
+        else if (r.kind != vm::FfRecord::Upload)
+            sequence +=
+                (r.kind == vm::FfRecord::Gain ? "gain " : "autocentre ") + std::to_string(r.value) + "; ";
+    }
+    check(sequence == "stop constant; autocentre 0; play constant; stop spring; gain 32767; ",
+          "each effect stops alone, autocentre and gain reach the wheel: " + sequence);
 
+    check(device->playSpring(0.8), "spring plays again");
     mark = wheel.recordCount();
     device->stopEffects();
     for (int id : {constantId, springId})
@@ -426,11 +451,22 @@ void testForceFeedback()
     device.reset();
     for (int id : {constantId, springId})
         check(recorded(vm::FfRecord::Erase, id, 0), "effect " + std::to_string(id) + " erased on close");
-    // Re-open, then pull the wheel out from under the backend.
+    // Another program takes the wheel, which closing must have let go: we open it shared
+    // and take it over once the other program lets go.
+    const int holder = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    check(holder >= 0 && ::ioctl(holder, EVIOCGRAB, 1) == 0, "closing released the grab");
     found = backend.enumerate();
     const int reopened = waitForDevice(backend, "vm ffb wheel", nullptr, &found);
     device = backend.open(reopened, &error);
-    check(device != nullptr && device->isExclusive(), "closing released the grab");
+    check(device != nullptr && !device->isExclusive(), "opened shared while another program holds it");
+    if (device)
+        device->reacquireExclusive();
+    check(device && !device->isExclusive(), "taking it back is refused while the other holds on");
+    if (holder >= 0)
+        ::close(holder);
+    if (device)
+        device->reacquireExclusive();
+    check(device && device->isExclusive(), "taken back once the other program let go");
     wheel.destroy();
     RawInputState state;
     check(device && device->poll(state) == PollResult::Lost, "a vanished wheel is lost");
