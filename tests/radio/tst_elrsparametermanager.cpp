@@ -5,6 +5,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <numeric>
+
 using namespace tavrix;
 using namespace tavrix::testing;
 using State = ElrsParameterManager::State;
@@ -22,12 +24,51 @@ ControllerTimings patientTimings()
     return t;
 }
 
-sim::BridgeSimulatorSettings bridgeWithWalkPace(int walkLineIntervalMs, int chunkSize = 56)
+sim::BridgeSimulatorSettings bridgeWithWalkPace(int walkLineIntervalMs)
 {
     sim::BridgeSimulatorSettings s = ControllerRig::quietBridge();
     s.walkLineIntervalMs = walkLineIntervalMs;
-    s.parameterChunkSize = chunkSize;
     return s;
+}
+
+QString describe(uint8_t id, const QString &name, int parent, int type, std::optional<int> value,
+                 const QStringList &labels)
+{
+    return QStringLiteral("%1 %2 in %3, type %4 = %5 [%6]")
+        .arg(id)
+        .arg(name)
+        .arg(parent)
+        .arg(type)
+        .arg(value ? QString::number(*value) : QStringLiteral("-"), labels.join(QLatin1Char(';')));
+}
+
+// One line per parameter with everything callers use, so a mismatch names the field.
+QStringList described(const QList<elrs::Parameter> &parameters)
+{
+    QStringList lines;
+    for (const elrs::Parameter &p : parameters) {
+        QStringList labels;
+        for (const elrs::Option &option : p.options)
+            labels.append(option.label);
+        lines.append(describe(p.id, p.name, p.parent, p.type, p.value, labels));
+    }
+    return lines;
+}
+
+// The same for the simulated module's own table, leaving out the fields not read.
+QStringList described(const sim::SimulatedParameterDevice &module, const QList<int> &unread)
+{
+    using Device = sim::SimulatedParameterDevice;
+    QStringList lines;
+    for (const Device::Field &f : module.fields()) {
+        if (unread.contains(f.id))
+            continue;
+        const bool hasValue =
+            f.type == Device::Uint8 || f.type == Device::Int8 || f.type == Device::TextSelection;
+        lines.append(describe(f.id, f.name, f.parent, f.type,
+                              hasValue ? std::optional<int>(f.value) : std::nullopt, f.options));
+    }
+    return lines;
 }
 
 ElrsParameterManager *manager(const ControllerRig &rig)
@@ -67,8 +108,8 @@ class TestElrsParameterManager : public QObject
     Q_OBJECT
 
 private slots:
-    void walkReadsModuleAndWriteShowsInNextWalk();
-    void framePathReadsTheSameAsTheWalk();
+    void discoveryReadsTheModuleAndItsWrites_data();
+    void discoveryReadsTheModuleAndItsWrites();
     void writeByNameRefused_data();
     void writeByNameRefused();
     void writeByIdGoesOutThreeTimes();
@@ -79,37 +120,58 @@ private slots:
     void walkLinesFromBridge();
 };
 
-void TestElrsParameterManager::walkReadsModuleAndWriteShowsInNextWalk()
+void TestElrsParameterManager::discoveryReadsTheModuleAndItsWrites_data()
 {
-    ControllerRig rig;
-    SET_UP_RIG(rig);
-    QVERIFY(discover(rig));
-    QCOMPARE(manager(rig)->parameters().size(), 8);
-    const std::optional<elrs::Parameter> rate = manager(rig)->parameter(QStringLiteral("Packet Rate"));
-    QVERIFY(rate);
-    QCOMPARE(rate->options.size(), 6);
-    QCOMPARE(rate->value, 3);
-    QCOMPARE(manager(rig)->parameter(QStringLiteral("Max Power"))->parent, uint8_t(3));
+    QTest::addColumn<bool>("overFrames");
+    QTest::addColumn<QList<int>>("readFailures");
+    QTest::addColumn<QList<int>>("repeatedHeaders");
 
-    QVERIFY(manager(rig)->setParameterByIndex(QStringLiteral("Packet Rate"), 5));
-    // The next walk reads the module afresh: the value comes from the bridge, not from memory.
-    QSignalSpy complete(manager(rig), &ElrsParameterManager::discoveryComplete);
-    manager(rig)->startDiscovery();
-    QVERIFY(complete.wait(10000));
-    QCOMPARE(manager(rig)->parameter(QStringLiteral("Packet Rate"))->value, 5);
+    // A folder unreadable (its children still name it); headers repeated on the long
+    // selection, inside a folder and on an info text.
+    QTest::newRow("walk with unreadable fields and repeated headers")
+        << false << QList<int>{3, 7} << QList<int>{1, 5, 8};
+    QTest::newRow("frames") << true << QList<int>{} << QList<int>{};
 }
 
-void TestElrsParameterManager::framePathReadsTheSameAsTheWalk()
+void TestElrsParameterManager::discoveryReadsTheModuleAndItsWrites()
 {
-    // Five bytes per entry frame: every field comes in several chunks.
-    ControllerRig rig(bridgeWithWalkPace(20, 5));
-    SET_UP_RIG(rig, QStringLiteral("rc_car"), patientTimings());
-    QVERIFY(discover(rig));
-    const QList<elrs::Parameter> walked = manager(rig)->parameters();
-    rig.controller->exitConfigMode();
-    QVERIFY(discover(rig, true));
+    QFETCH(bool, overFrames);
+    QFETCH(QList<int>, readFailures);
+    QFETCH(QList<int>, repeatedHeaders);
 
-    QVERIFY(manager(rig)->parameters() == walked);
+    sim::BridgeSimulatorSettings bridge = ControllerRig::quietBridge();
+    bridge.walkReadFailures = QSet<uint8_t>(readFailures.cbegin(), readFailures.cend());
+    bridge.walkRepeatedHeaders = QSet<uint8_t>(repeatedHeaders.cbegin(), repeatedHeaders.cend());
+    ControllerRig rig(bridge);
+    SET_UP_RIG(rig, QStringLiteral("rc_car"), patientTimings());
+    QSignalSpy frames(&rig.sim, &sim::BridgeSimulator::frameReceived);
+    QVERIFY(discover(rig, overFrames));
+    QCOMPARE(described(manager(rig)->parameters()), described(rig.sim.module(), readFailures));
+
+    if (overFrames) {
+        // The long selection came in as many entries as the most a frame holds makes it,
+        // each asked for once and in turn.
+        const uint8_t rate = manager(rig)->parameter(QStringLiteral("Packet Rate"))->id;
+        QList<int> chunksRead;
+        for (const QList<QVariant> &args : std::as_const(frames)) {
+            const QByteArray f = args.at(0).toByteArray();
+            if (uint8_t(f[2]) == crsf::kTypeParameterRead && uint8_t(f[5]) == rate)
+                chunksRead.append(uint8_t(f[6]));
+        }
+        const int chunkSize = sim::crsfwire::kParameterChunkSize;
+        const qsizetype size = rig.sim.module().fieldData(rate).size();
+        QVERIFY(size > 2 * chunkSize); // a middle chunk too
+        QList<int> expected((size + chunkSize - 1) / chunkSize);
+        std::iota(expected.begin(), expected.end(), 0);
+        QCOMPARE(chunksRead, expected);
+    }
+
+    // A write reaches the module, and the next discovery reads it back from there.
+    QVERIFY(manager(rig)->setParameterByIndex(QStringLiteral("Packet Rate"), 5));
+    rig.controller->exitConfigMode();
+    QVERIFY(discover(rig, overFrames));
+    QCOMPARE(manager(rig)->parameter(QStringLiteral("Packet Rate"))->value, 5);
+    QCOMPARE(described(manager(rig)->parameters()), described(rig.sim.module(), readFailures));
 }
 
 void TestElrsParameterManager::writeByNameRefused_data()

@@ -26,10 +26,12 @@ ControllerTimings linkTimings()
     return t;
 }
 
-sim::BridgeSimulatorSettings bridgeWithReceiver(const QByteArray &serial)
+using ReceiverModel = sim::SimulatedParameterDevice::ReceiverModel;
+
+sim::BridgeSimulatorSettings bridgeWithReceiver(ReceiverModel model)
 {
     sim::BridgeSimulatorSettings s = ControllerRig::quietBridge();
-    std::copy_n(serial.constData(), 4, s.receiverSerial.begin());
+    s.receiver = model;
     return s;
 }
 
@@ -78,23 +80,25 @@ private slots:
 
 void TestReceiverElrsLink::identityDecidesWhetherTheReceiverIsRead_data()
 {
-    QTest::addColumn<QByteArray>("serial");
+    QTest::addColumn<ReceiverModel>("model");
+    QTest::addColumn<QString>("name");
     QTest::addColumn<QList<int>>("readOrder"); // empty: refused
 
     QTest::newRow("V4 receiver: every field, fixed order")
-        << QByteArray("ORV4") << QList<int>{14, 1, 3, 4, 7, 8, 9, 10, 12, 5};
+        << ReceiverModel::OrvaneV4 << "Orvane RX V4" << QList<int>{14, 1, 3, 4, 7, 8, 9, 10, 12, 5};
     // The earlier receiver counts its fields from 1: nothing above its count is asked for.
     QTest::newRow("earlier receiver: fields within its count")
-        << QByteArray("ORV1") << QList<int>{1, 3, 4, 7, 8, 9, 10, 5};
-    QTest::newRow("foreign receiver") << QByteArray("ELRS") << QList<int>{};
+        << ReceiverModel::OrvaneV1 << "Orvane RX V1" << QList<int>{1, 3, 4, 7, 8, 9, 10, 5};
+    QTest::newRow("foreign receiver") << ReceiverModel::Foreign << QString() << QList<int>{};
 }
 
 void TestReceiverElrsLink::identityDecidesWhetherTheReceiverIsRead()
 {
-    QFETCH(QByteArray, serial);
+    QFETCH(ReceiverModel, model);
+    QFETCH(QString, name);
     QFETCH(QList<int>, readOrder);
 
-    ControllerRig rig(bridgeWithReceiver(serial));
+    ControllerRig rig(bridgeWithReceiver(model));
     SET_UP_RIG(rig, QStringLiteral("rc_car"), linkTimings());
     QSignalSpy frames(&rig.sim, &sim::BridgeSimulator::frameReceived);
 
@@ -110,7 +114,7 @@ void TestReceiverElrsLink::identityDecidesWhetherTheReceiverIsRead()
         return;
     }
     QVERIFY(startAndReachReady(rig));
-    QCOMPARE(link(rig)->receiverName(), QStringLiteral("Orvane RX V4"));
+    QCOMPARE(link(rig)->receiverName(), name);
     QCOMPARE(link(rig)->firmwareVersion(), QStringLiteral("4.3.1"));
     QCOMPARE(fieldsAtBridge(frames, crsf::kTypeParameterRead), readOrder);
     QCOMPARE(link(rig)->parameters().size(), readOrder.size());

@@ -66,12 +66,51 @@ private slots:
         QVERIFY(text.contains("\"keepalive\""));
     }
 
+    void radioOptionsShapeTheReceiverAndTheWalk()
+    {
+        QTemporaryDir dir;
+        const QString link = dir.filePath(QStringLiteral("ttyORVANE"));
+        QProcess sim;
+        sim.start(QStringLiteral(ORVANE_SIM_EXECUTABLE),
+                  {QStringLiteral("bridge"), QStringLiteral("--link"), link, QStringLiteral("--receiver"),
+                   QStringLiteral("foreign"), QStringLiteral("--walk-read-failure"), QStringLiteral("2"),
+                   QStringLiteral("--walk-read-failure"), QStringLiteral("6"),
+                   QStringLiteral("--walk-repeat-header"), QStringLiteral("8")});
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(link), 10000);
+        BridgeClient client;
+        QVERIFY2(client.open(link), qPrintable(client.port.errorString()));
+
+        client.send(crsftest::frame(0x28, QByteArray::fromHex("c8ea")));
+        QTRY_COMPARE_WITH_TIMEOUT(client.parser.countOfType(0x29), 1, 5000);
+        const QByteArray info = client.parser.frames.last();
+        QVERIFY(info.mid(info.indexOf('\0', 5) + 1, 4) == "ELRS"); // the serial after the name
+
+        client.send("CFGMODE ON\nWALKRF\n");
+        QVERIFY(client.waitForLine(QStringLiteral("WALK: done"), 10000));
+        const QStringList fields = client.parser.lines.filter(QStringLiteral("FIELD "));
+        QCOMPARE(fields.filter(QStringLiteral("(read failed)")),
+                 (QStringList{QStringLiteral("FIELD 2: (read failed)"),
+                              QStringLiteral("FIELD 6: (read failed)")}));
+        // Field 8, the info text "Version" at the top: its header twice, then its data.
+        const QString header = QStringLiteral("00 0C 56 65 72 73 69 6F 6E 00");
+        QVERIFY(fields.filter(QStringLiteral("FIELD 8: "))
+                    .value(0)
+                    .startsWith(QStringLiteral("FIELD 8: %1 %1 00 00").arg(header)));
+
+        sim.terminate();
+        QVERIFY(sim.waitForFinished(10000));
+    }
+
     void badOptionsAreRefused_data()
     {
         QTest::addColumn<QStringList>("arguments");
         QTest::newRow("no device") << QStringList{};
         QTest::newRow("negative motion rate")
             << QStringList{QStringLiteral("bridge"), QStringLiteral("--motion-hz"), QStringLiteral("-3")};
+        QTest::newRow("unknown receiver")
+            << QStringList{QStringLiteral("bridge"), QStringLiteral("--receiver"), QStringLiteral("orv9")};
+        QTest::newRow("walk field id out of range") << QStringList{
+            QStringLiteral("bridge"), QStringLiteral("--walk-repeat-header"), QStringLiteral("256")};
     }
 
     void badOptionsAreRefused()

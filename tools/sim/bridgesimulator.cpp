@@ -35,7 +35,7 @@ BridgeSimulator::BridgeSimulator(const BridgeSimulatorSettings &settings, QObjec
     , m_pty(new PseudoTerminal(this))
     , m_telemetry(new BridgeTelemetry(settings.telemetry, SimulatedCar(settings.car), this))
     , m_module(SimulatedParameterDevice::transmitterModule())
-    , m_receiver(SimulatedParameterDevice::orvaneReceiver(settings.receiverSerial))
+    , m_receiver(SimulatedParameterDevice::receiver(settings.receiver))
     , m_partialFrameTimer(new QTimer(this))
     , m_hostSilenceTimer(new QTimer(this))
     , m_walkTimer(new QTimer(this))
@@ -296,9 +296,22 @@ void BridgeSimulator::answerCommand(const QByteArray &command)
 void BridgeSimulator::startWalk()
 {
     sendLine(QStringLiteral("WALK: starting"));
-    m_walkQueue = m_module.walkLines();
+    // The lines are taken now: a write during the walk shows in the next one.
+    m_walkQueue.clear();
+    for (const SimulatedParameterDevice::Field &field : m_module.fields())
+        m_walkQueue.append(walkLine(field.id));
     m_walkQueue.append(QStringLiteral("WALK: done"));
     m_walkTimer->start();
+}
+
+QString BridgeSimulator::walkLine(uint8_t fieldId) const
+{
+    if (m_settings.walkReadFailures.contains(fieldId))
+        return QStringLiteral("FIELD %1: (read failed)").arg(fieldId);
+    QByteArray bytes = m_module.fieldData(fieldId);
+    if (m_settings.walkRepeatedHeaders.contains(fieldId))
+        bytes.prepend(m_module.fieldHeader(fieldId));
+    return QStringLiteral("FIELD %1: %2").arg(fieldId).arg(QString::fromLatin1(bytes.toHex(' ').toUpper()));
 }
 
 void BridgeSimulator::sendNextWalkLine()

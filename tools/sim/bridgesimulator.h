@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QRandomGenerator>
+#include <QSet>
 #include <QStringList>
 
 #include <deque>
@@ -26,9 +27,8 @@ struct BridgeSimulatorSettings
     SimulatedCar::Settings car;
     // The car is switched on (its receiver linked) from the start.
     bool linkUp = true;
-    // The serial-number field of the car's receiver device info: "ORV4" on current
-    // firmware, anything else for a foreign receiver.
-    std::array<char, 4> receiverSerial{{'O', 'R', 'V', '4'}};
+    // Who answers as the car's receiver over the radio link.
+    SimulatedParameterDevice::ReceiverModel receiver = SimulatedParameterDevice::ReceiverModel::OrvaneV4;
     // The radio link needs a host that talks: after this long without a byte from
     // the host the module stops transmitting and telemetry pauses. The hub's
     // keepalive comes every 2 to 3 s. 0 never pauses.
@@ -38,8 +38,14 @@ struct BridgeSimulatorSettings
     int partialFrameTimeoutMs = 50;
     // Pace of the text parameter walk, one FIELD line per interval.
     int walkLineIntervalMs = 20;
-    // Field data per 0x2B parameter entry frame.
-    int parameterChunkSize = 56;
+    // Faults of the walk as the bridge firmware shows them, by module field id: a field
+    // the bridge could not read from the module ("FIELD n: (read failed)"), and a field
+    // whose header (parent, type, name and NUL) it sends twice before the data.
+    QSet<uint8_t> walkReadFailures;
+    QSet<uint8_t> walkRepeatedHeaders;
+    // Field data per 0x2B parameter entry frame; less than the most a frame holds
+    // only to exercise reassembly.
+    int parameterChunkSize = crsfwire::kParameterChunkSize;
     // Bounds of what is kept for inspection.
     int maxRecordedTimestamps = 4096;
     int maxRecordedCommands = 1024;
@@ -79,6 +85,9 @@ public:
     [[nodiscard]] bool isPluggedIn() const;
 
     [[nodiscard]] Mode mode() const { return m_mode; }
+    // The parameter tables as they stand, writes included.
+    [[nodiscard]] const SimulatedParameterDevice &module() const { return m_module; }
+    [[nodiscard]] const SimulatedParameterDevice &receiver() const { return m_receiver; }
     [[nodiscard]] bool isTelemetryFlowing() const { return m_telemetry->isActive(); }
 
     // What the host has sent so far.
@@ -133,6 +142,7 @@ private:
     void answerCommand(const QByteArray &command);
     void answerExtendedFrame(uint8_t type, QByteArrayView payload);
     void startWalk();
+    [[nodiscard]] QString walkLine(uint8_t fieldId) const;
     void sendNextWalkLine();
     void setMode(Mode mode);
     void updateTelemetry();

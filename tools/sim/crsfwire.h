@@ -39,6 +39,14 @@ inline constexpr uint8_t kWrapperInnerMarker = 0xCA; // second wrapper byte: a v
 // A CRSF frame is at most 64 bytes on the wire, so its length byte is at most 62.
 inline constexpr int kMaxFrameSize = 64;
 inline constexpr int kMaxLengthByte = kMaxFrameSize - 2;
+// The length byte counts the type byte and the CRC besides the payload.
+inline constexpr int kMaxPayloadSize = kMaxLengthByte - 2;
+// An extended frame's payload opens with its destination and origin addresses.
+inline constexpr int kExtendedHeaderSize = 2;
+// A parameter settings entry (0x2B) then names its field and the chunks still to come.
+inline constexpr int kParameterEntryHeaderSize = kExtendedHeaderSize + 2;
+// So this much field data fits in one entry; longer fields are sent in chunks.
+inline constexpr int kParameterChunkSize = kMaxPayloadSize - kParameterEntryHeaderSize;
 inline constexpr int kChannelPayloadSize = 22;
 
 // CRC-8/DVB-S2 (polynomial 0xD5, initial 0, no reflection, no final XOR), bit by bit.

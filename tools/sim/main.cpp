@@ -8,6 +8,7 @@
 #include <QTextStream>
 
 #include <csignal>
+#include <optional>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -37,6 +38,41 @@ bool installSignalForwarding()
     return true;
 }
 
+using ReceiverModel = tavrix::sim::SimulatedParameterDevice::ReceiverModel;
+
+struct ReceiverChoice
+{
+    const char *name;
+    ReceiverModel model;
+};
+
+constexpr ReceiverChoice kReceiverChoices[] = {
+    {"orv4", ReceiverModel::OrvaneV4},
+    {"orv1", ReceiverModel::OrvaneV1},
+    {"foreign", ReceiverModel::Foreign},
+};
+
+std::optional<ReceiverModel> receiverModel(const QString &name)
+{
+    for (const ReceiverChoice &choice : kReceiverChoices)
+        if (name == QLatin1String(choice.name))
+            return choice.model;
+    return std::nullopt;
+}
+
+// Field ids given as repeated options; false when one is not a number from 1 to 255.
+bool parseFieldIds(const QStringList &values, QSet<uint8_t> &ids)
+{
+    for (const QString &value : values) {
+        bool ok = false;
+        const int id = value.toInt(&ok);
+        if (!ok || id < 1 || id > 255)
+            return false;
+        ids.insert(uint8_t(id));
+    }
+    return true;
+}
+
 int runBridge(QCoreApplication &app, const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -63,8 +99,20 @@ int runBridge(QCoreApplication &app, const QStringList &arguments)
                                           QStringLiteral("Start with the car switched off (no radio link)."));
     const QCommandLineOption garbleOption(QStringLiteral("garble"),
                                           QStringLiteral("Put random bytes before everything sent."));
-    parser.addOptions(
-        {logOption, linkOption, motionOption, wrapOption, linkStatsOption, carOffOption, garbleOption});
+    const QCommandLineOption receiverOption(
+        QStringLiteral("receiver"),
+        QStringLiteral("Who answers as the car's receiver: orv4 (default), orv1 or foreign."),
+        QStringLiteral("model"));
+    const QCommandLineOption walkReadFailureOption(
+        QStringLiteral("walk-read-failure"),
+        QStringLiteral("The parameter walk reports module field <id> as unreadable (repeatable)."),
+        QStringLiteral("id"));
+    const QCommandLineOption walkRepeatHeaderOption(
+        QStringLiteral("walk-repeat-header"),
+        QStringLiteral("The parameter walk sends the header of module field <id> twice (repeatable)."),
+        QStringLiteral("id"));
+    parser.addOptions({logOption, linkOption, motionOption, wrapOption, linkStatsOption, carOffOption,
+                       garbleOption, receiverOption, walkReadFailureOption, walkRepeatHeaderOption});
     parser.process(arguments);
 
     QTextStream err(stderr);
@@ -84,6 +132,22 @@ int runBridge(QCoreApplication &app, const QStringList &arguments)
             err << "orvane-sim: --link-stats-ms must be a whole number of milliseconds\n";
             return 2;
         }
+    }
+    if (parser.isSet(receiverOption)) {
+        const std::optional<ReceiverModel> model = receiverModel(parser.value(receiverOption));
+        if (!model) {
+            QStringList names;
+            for (const ReceiverChoice &choice : kReceiverChoices)
+                names.append(QLatin1String(choice.name));
+            err << "orvane-sim: --receiver must be one of " << names.join(QStringLiteral(", ")) << '\n';
+            return 2;
+        }
+        settings.receiver = *model;
+    }
+    if (!parseFieldIds(parser.values(walkReadFailureOption), settings.walkReadFailures) ||
+        !parseFieldIds(parser.values(walkRepeatHeaderOption), settings.walkRepeatedHeaders)) {
+        err << "orvane-sim: a walk field id must be a number from 1 to 255\n";
+        return 2;
     }
     settings.telemetry.wrapMotion = parser.isSet(wrapOption);
     settings.linkUp = !parser.isSet(carOffOption);

@@ -28,10 +28,13 @@ SimulatedParameterDevice SimulatedParameterDevice::transmitterModule()
     id.name = QStringLiteral("Orvane TX 2.4GHz");
     id.softwareId = 0x00030401; // 3.4.1
     QList<Field> fields = {
+        // ExpressLRS labels each rate with its receive sensitivity, which makes this the
+        // field whose data needs several settings entry frames.
         {1, 0, TextSelection, QStringLiteral("Packet Rate"),
-         QStringList{QStringLiteral("50Hz"), QStringLiteral("100Hz Full"), QStringLiteral("150Hz"),
-                     QStringLiteral("250Hz"), QStringLiteral("333Hz Full"), QStringLiteral("500Hz")},
-         3, 0, 5, 3, QStringLiteral("Hz")},
+         QStringList{QStringLiteral("50Hz(-115dBm)"), QStringLiteral("100Hz Full(-112dBm)"),
+                     QStringLiteral("150Hz(-112dBm)"), QStringLiteral("250Hz(-108dBm)"),
+                     QStringLiteral("333Hz Full(-105dBm)"), QStringLiteral("500Hz(-105dBm)")},
+         3, 0, 5, 3, QString()},
         {2, 0, TextSelection, QStringLiteral("Telem Ratio"),
          QStringList{QStringLiteral("Std"), QStringLiteral("Off"), QStringLiteral("1:128"),
                      QStringLiteral("1:64"), QStringLiteral("1:32"), QStringLiteral("1:16"),
@@ -53,14 +56,28 @@ SimulatedParameterDevice SimulatedParameterDevice::transmitterModule()
     return SimulatedParameterDevice(id, fields);
 }
 
-SimulatedParameterDevice SimulatedParameterDevice::orvaneReceiver(std::array<char, 4> serial)
+SimulatedParameterDevice SimulatedParameterDevice::receiver(ReceiverModel model)
 {
     Identity id;
     id.address = crsfwire::kAddressFlightController;
-    id.name = QStringLiteral("Orvane RX V4");
-    id.serial = serial;
     id.softwareId = 0x00040301; // 4.3.1
     const QStringList offOn{QStringLiteral("Off"), QStringLiteral("On")};
+    if (model == ReceiverModel::Foreign) {
+        // Keeps the default serial "ELRS": a stock receiver that happens to sit at the same address.
+        id.name = QStringLiteral("ExpressLRS RX");
+        id.softwareId = 0x00030401; // 3.4.1
+        return SimulatedParameterDevice(
+            id,
+            {{1, 0, TextSelection, QStringLiteral("Protocol"),
+              QStringList{QStringLiteral("CRSF"), QStringLiteral("Inverted CRSF"), QStringLiteral("SBUS")}, 0,
+              0, 2, 0, QString()},
+             {2, 0, Info, QStringLiteral("Version"), {}, 0, 0, 0, 0, QStringLiteral("3.4.1")}});
+    }
+    // The earlier hardware runs the same firmware with the same settings; its name and
+    // serial are what tell it apart.
+    const bool v4 = model == ReceiverModel::OrvaneV4;
+    id.name = v4 ? QStringLiteral("Orvane RX V4") : QStringLiteral("Orvane RX V1");
+    id.serial = v4 ? std::array<char, 4>{{'O', 'R', 'V', '4'}} : std::array<char, 4>{{'O', 'R', 'V', '1'}};
     QList<Field> fields = {
         {1, 0, TextSelection, QStringLiteral("Protocol"),
          QStringList{QStringLiteral("CRSF"), QStringLiteral("Inverted CRSF"), QStringLiteral("SBUS")}, 0, 0,
@@ -81,17 +98,32 @@ SimulatedParameterDevice SimulatedParameterDevice::orvaneReceiver(std::array<cha
     return SimulatedParameterDevice(id, fields);
 }
 
-QByteArray SimulatedParameterDevice::fieldData(uint8_t id) const
+const SimulatedParameterDevice::Field *SimulatedParameterDevice::field(uint8_t id) const
 {
     const auto it =
         std::find_if(m_fields.cbegin(), m_fields.cend(), [id](const Field &f) { return f.id == id; });
-    if (it == m_fields.cend())
+    return it == m_fields.cend() ? nullptr : &*it;
+}
+
+QByteArray SimulatedParameterDevice::fieldHeader(uint8_t id) const
+{
+    const Field *f = field(id);
+    if (!f)
         return {};
-    const Field &f = *it;
-    QByteArray data;
-    data.append(char(f.parent));
-    data.append(char(f.type));
-    appendText(data, f.name);
+    QByteArray header;
+    header.append(char(f->parent));
+    header.append(char(f->type));
+    appendText(header, f->name);
+    return header;
+}
+
+QByteArray SimulatedParameterDevice::fieldData(uint8_t id) const
+{
+    const Field *found = field(id);
+    if (!found)
+        return {};
+    const Field &f = *found;
+    QByteArray data = fieldHeader(id);
     switch (f.type) {
     case Uint8:
     case Int8:
@@ -144,16 +176,6 @@ QList<QByteArray> SimulatedParameterDevice::handleExtendedFrame(uint8_t type, QB
     }
 }
 
-QStringList SimulatedParameterDevice::walkLines() const
-{
-    QStringList lines;
-    for (const Field &f : m_fields) {
-        const QByteArray hex = fieldData(f.id).toHex(' ').toUpper();
-        lines.append(QStringLiteral("FIELD %1: %2").arg(f.id).arg(QString::fromLatin1(hex)));
-    }
-    return lines;
-}
-
 bool SimulatedParameterDevice::write(uint8_t id, uint8_t value)
 {
     for (Field &f : m_fields) {
@@ -188,7 +210,7 @@ QByteArray SimulatedParameterDevice::entryFrame(uint8_t destination, uint8_t id,
     const QByteArray data = fieldData(id);
     if (data.isEmpty())
         return {};
-    chunkSize = std::clamp(chunkSize, 1, crsfwire::kMaxLengthByte - 6);
+    chunkSize = std::clamp(chunkSize, 1, crsfwire::kParameterChunkSize);
     const int chunks = int((data.size() + chunkSize - 1) / chunkSize);
     if (chunk >= chunks)
         return {};

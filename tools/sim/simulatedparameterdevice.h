@@ -1,5 +1,7 @@
 #pragma once
 
+#include "crsfwire.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -52,12 +54,20 @@ public:
         uint8_t protocolVersion = 0;
     };
 
+    // Who answers as the car's receiver: the serial-number field of its device info
+    // is what tells an Orvane receiver from any other device.
+    enum class ReceiverModel
+    {
+        OrvaneV4, // "ORV4", current hardware
+        OrvaneV1, // "ORV1", the earlier hardware on the same firmware
+        Foreign,  // "ELRS", a stock ExpressLRS receiver
+    };
+
     SimulatedParameterDevice(Identity identity, QList<Field> fields);
 
     // The transmitter module and the car's receiver as the simulators present them.
     [[nodiscard]] static SimulatedParameterDevice transmitterModule();
-    [[nodiscard]] static SimulatedParameterDevice orvaneReceiver(std::array<char, 4> serial = {
-                                                                     {'O', 'R', 'V', '4'}});
+    [[nodiscard]] static SimulatedParameterDevice receiver(ReceiverModel model = ReceiverModel::OrvaneV4);
 
     [[nodiscard]] uint8_t address() const { return m_identity.address; }
     [[nodiscard]] const QList<Field> &fields() const { return m_fields; }
@@ -65,21 +75,22 @@ public:
     // The field's description as the parameter protocol carries it: parent, type,
     // name and NUL, then the type's data. Empty for an unknown id.
     [[nodiscard]] QByteArray fieldData(uint8_t id) const;
+    // The opening of fieldData(): parent, type, name and its NUL.
+    [[nodiscard]] QByteArray fieldHeader(uint8_t id) const;
 
     // Answers to one extended frame meant for this device (type and payload with the
     // destination and origin bytes first); each answer is a whole frame.
-    // `chunkSize` is the field data carried per 0x2B frame.
+    // `chunkSize` is the field data carried per 0x2B frame; smaller than the most a
+    // frame holds only to exercise reassembly.
     [[nodiscard]] QList<QByteArray> handleExtendedFrame(uint8_t type, QByteArrayView payload,
-                                                        int chunkSize = 56);
-
-    // The bridge's text walk of the parameter table, one line per field.
-    [[nodiscard]] QStringList walkLines() const;
+                                                        int chunkSize = crsfwire::kParameterChunkSize);
 
     // Applies a write; false (and no change) for an unknown field, a field without
     // a value, or a value out of range.
     bool write(uint8_t id, uint8_t value);
 
 private:
+    [[nodiscard]] const Field *field(uint8_t id) const;
     [[nodiscard]] QByteArray deviceInfoFrame(uint8_t destination) const;
     [[nodiscard]] QByteArray entryFrame(uint8_t destination, uint8_t id, uint8_t chunk, int chunkSize) const;
 
