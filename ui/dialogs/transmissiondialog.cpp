@@ -32,7 +32,8 @@ TransmissionDialog::TransmissionDialog(QWidget *parent)
 
     m_autoStart = new QCheckBox(tr("Auto-start transmission"), this);
     m_autoStart->setToolTip(tr("Starts transmission once, as soon as the transmitter and the vehicle's "
-                               "controls are connected and the pedals are released."));
+                               "controls are connected. A refused start (a pedal pressed) is not retried, "
+                               "and nothing starts again by itself after a stop."));
     connect(m_autoStart, &QCheckBox::clicked, this, &TransmissionDialog::autoStartChanged);
     column->addWidget(m_autoStart);
 
