@@ -19,6 +19,9 @@
 #include "tavrixcontroller.h"
 #include "themeswitcher.h"
 #include "toast.h"
+#include "transmissiondialog.h"
+#include "transmissiondialogbinder.h"
+#include "transmittercard.h"
 #include "vehiclespage.h"
 
 #include <QHBoxLayout>
@@ -29,6 +32,7 @@ using namespace tavrix;
 namespace {
 
 const QString kRemoteStatusDialog = QStringLiteral("web-status");
+const QString kTransmissionDialog = QStringLiteral("transmission");
 
 } // namespace
 
@@ -158,6 +162,15 @@ void MainWindow::bindPages()
     new CarPageBinder(m_car, controller, this);
     new HeliPageBinder(m_heli, controller, this);
     connect(controller, &TavrixController::errorOccurred, this, &MainWindow::showErrorElsewhere);
+
+    m_dialogs.add(kTransmissionDialog, [controller](QWidget *parent) {
+        auto *dialog = new TransmissionDialog(parent);
+        new TransmissionDialogBinder(dialog, controller, dialog);
+        return dialog;
+    });
+    for (VehiclePage *page : std::initializer_list<VehiclePage *>{m_car, m_heli})
+        connect(page->transmitterCard(), &TransmitterCard::settingsRequested, this,
+                [this] { openDialog(kTransmissionDialog); });
 
     auto *remote = new RemoteServerBinder(m_services->remoteServer(), this);
     remote->bindDashboard(m_dashboard);

@@ -11,8 +11,9 @@ TransmitterCardBinder::TransmitterCardBinder(TransmitterCard *card, TavrixContro
     , m_card(card)
     , m_controller(controller)
 {
-    connect(card, &TransmitterCard::connectRequested, controller,
-            [controller](const QString &port) { controller->connectTransmitter(port); });
+    connect(card, &TransmitterCard::connectRequested, controller, [card, controller](const QString &port) {
+        controller->connectTransmitter(port, card->baudRate().value_or(TransmitterLink::kDefaultBaudRate));
+    });
     connect(card, &TransmitterCard::disconnectRequested, controller,
             &TavrixController::disconnectTransmitter);
     connect(controller, &TavrixController::serialConnectedChanged, this,

@@ -6,9 +6,21 @@
 #include "mainwindow.h"
 #include "websocketserver.h"
 
+#include <QComboBox>
 #include <QStringList>
 
 namespace tavrix::testing {
+
+// Picks a list entry the way a keyboard user does, so the widget sees a real activation
+// (one for every step on the way).
+inline void pick(QComboBox *box, int index)
+{
+    box->setFocus();
+    while (box->currentIndex() < index)
+        QTest::keyClick(box, Qt::Key_Down);
+    while (box->currentIndex() > index)
+        QTest::keyClick(box, Qt::Key_Up);
+}
 
 // The services a main window presents, on real parts: profiles in a temporary folder,
 // virtual game controllers and, once startBridge() ran, the bridge simulator on a pty

@@ -40,16 +40,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Picks a list entry the way a keyboard user does, so the card sees a real activation.
-void pick(QComboBox *box, int index)
-{
-    box->setFocus();
-    while (box->currentIndex() < index)
-        QTest::keyClick(box, Qt::Key_Down);
-    while (box->currentIndex() > index)
-        QTest::keyClick(box, Qt::Key_Up);
-}
-
 // A mobile app on this machine, connected once the server accepted it.
 bool connectApp(QWebSocket &app, quint16 port)
 {
