@@ -100,13 +100,13 @@ private slots:
         QCOMPARE(view->field(QString(), u"Version"_s)->findChild<QLabel *>()->text(), u"3.4.1 ORV"_s);
 
         QComboBox *packetRate = view->choiceBox(u"Packet Rate"_s);
-        QCOMPARE(packetRate->currentText(), u"250Hz"_s);
+        QCOMPARE(packetRate->currentText(), u"250Hz(-108dBm)"_s);
         packetRate->setFocus();
-        QTest::keyClick(packetRate, Qt::Key_End); // one activation: the last option, "500Hz"
+        QTest::keyClick(packetRate, Qt::Key_End); // one activation: the last option, "500Hz(-105dBm)"
 
         // The module holds it when read again, and the echo and the new list wrote nothing more.
         QVERIFY(readSettings(dialog.get(), rig.controller()));
-        QCOMPARE(view->choiceBox(u"Packet Rate"_s)->currentText(), u"500Hz"_s);
+        QCOMPARE(view->choiceBox(u"Packet Rate"_s)->currentText(), u"500Hz(-105dBm)"_s);
         QCOMPARE(parameterWrites(frames), QStringList{u"1=5"_s});
     }
 
