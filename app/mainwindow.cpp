@@ -10,6 +10,8 @@
 #include "hubservices.h"
 #include "infopage.h"
 #include "motionchooserpage.h"
+#include "motionoutputbinder.h"
+#include "motionoutputdialog.h"
 #include "motionpanelpage.h"
 #include "pagestack.h"
 #include "remoteserverbinder.h"
@@ -29,6 +31,7 @@ using namespace tavrix;
 namespace {
 
 const QString kRemoteStatusDialog = QStringLiteral("web-status");
+const QString kMotionOutputDialog = QStringLiteral("motion-output");
 
 } // namespace
 
@@ -169,6 +172,14 @@ void MainWindow::bindPages()
     });
     connect(m_dashboard, &DashboardPage::remoteDetailsRequested, this,
             [this] { openDialog(kRemoteStatusDialog); });
+
+    auto *motionOutput = new MotionOutputBinder(m_services->motionOutput(), this);
+    m_dialogs.add(kMotionOutputDialog, [motionOutput](QWidget *parent) {
+        auto *dialog = new MotionOutputDialog(parent);
+        motionOutput->bindDialog(dialog);
+        return dialog;
+    });
+    connect(m_car, &CarPage::motionOutputRequested, this, [this] { openDialog(kMotionOutputDialog); });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)
