@@ -75,7 +75,7 @@ QString parseRemoteOptions(const QCommandLineParser &parser, CommandLineOptions 
     return {};
 }
 
-// HOST:PORT, HOST an IP address ("[::1]:20777" for IPv6): a name would need a lookup the
+// IP:PORT ("[::1]:20777" for IPv6): a name would need a lookup the
 // sender never makes, so it is refused here rather than silently sent to this machine.
 QString parseMotionOutput(const QCommandLineParser &parser, CommandLineOptions &options)
 {
@@ -84,7 +84,7 @@ QString parseMotionOutput(const QCommandLineParser &parser, CommandLineOptions &
         return {};
     const QString text = parser.value(option).trimmed();
     const QString problem =
-        QStringLiteral("--motion-output: \"%1\" is not HOST:PORT, such as 127.0.0.1:20777").arg(text);
+        QStringLiteral("--motion-output: \"%1\" is not IP:PORT, such as 127.0.0.1:20777").arg(text);
     const qsizetype colon = text.lastIndexOf(QLatin1Char(':'));
     if (colon <= 0)
         return problem;
