@@ -75,6 +75,31 @@ QString parseRemoteOptions(const QCommandLineParser &parser, CommandLineOptions 
     return {};
 }
 
+// IP:PORT ("[::1]:20777" for IPv6): a name would need a lookup the
+// sender never makes, so it is refused here rather than silently sent to this machine.
+QString parseMotionOutput(const QCommandLineParser &parser, CommandLineOptions &options)
+{
+    const QString option = QStringLiteral("motion-output");
+    if (!parser.isSet(option))
+        return {};
+    const QString text = parser.value(option).trimmed();
+    const QString problem =
+        QStringLiteral("--motion-output: \"%1\" is not IP:PORT, such as 127.0.0.1:20777").arg(text);
+    const qsizetype colon = text.lastIndexOf(QLatin1Char(':'));
+    if (colon <= 0)
+        return problem;
+    QString host = text.left(colon);
+    if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']')))
+        host = host.mid(1, host.size() - 2);
+    bool ok = false;
+    const uint port = text.mid(colon + 1).toUInt(&ok);
+    if (!ok || port == 0 || port > 65535 || QHostAddress(host).isNull())
+        return problem;
+    options.motionOutputHost = host;
+    options.motionOutputPort = quint16(port);
+    return {};
+}
+
 QString parseBaudRate(const QCommandLineParser &parser, CommandLineOptions &options)
 {
     const QString baud = QStringLiteral("baud");
@@ -124,10 +149,12 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     const QCommandLineOption remotePort(QStringLiteral("remote-port"), QString(), QStringLiteral("port"));
     const QCommandLineOption remoteAddress(QStringLiteral("remote-address"), QString(),
                                            QStringLiteral("address"));
+    const QCommandLineOption motionOutput(QStringLiteral("motion-output"), QString(),
+                                          QStringLiteral("host:port"));
     const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
     const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
     parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, vehicle,
-                       remotePort, remoteAddress, elrsList, elrsSet});
+                       remotePort, remoteAddress, motionOutput, elrsList, elrsSet});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
@@ -156,6 +183,8 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     }
     options.demo = parser.isSet(demo);
     if (const QString error = parseRemoteOptions(parser, options); !error.isEmpty())
+        return error;
+    if (const QString error = parseMotionOutput(parser, options); !error.isEmpty())
         return error;
     options.action =
         parser.isSet(headless) ? CommandLineOptions::Action::Headless : CommandLineOptions::Action::Window;
@@ -257,6 +286,10 @@ QString commandLineHelp()
         "                         remote server off).\n"
         "  --remote-address <ip>  Listen only on this address (default: every interface). The\n"
         "                         hub's mDNS name is answered unless this is a loopback address.\n"
+        "  --motion-output <ip:port>\n"
+        "                         Stream the car's motion as DiRT Rally telemetry to motion\n"
+        "                         software (SimHub, FlyPT Mover, SimTools) at this address for\n"
+        "                         this run, such as 127.0.0.1:20777. The saved setting is kept.\n"
         "\n"
         "Headless options:\n"
         "  --transmitter <port>   The transmitter's serial port (default: the port remembered in\n"

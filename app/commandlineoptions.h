@@ -67,6 +67,10 @@ struct CommandLineOptions
     // ELRS selections to write by name before the parameters are printed ("NAME=OPTION").
     QStringList elrsSettings;
     QHostAddress remoteAddress{QHostAddress::Any};
+    // Stream the car's motion to motion software at this address for this run (port 0: the
+    // saved motion output settings decide).
+    QString motionOutputHost;
+    quint16 motionOutputPort = 0;
 };
 
 struct CommandLineParse

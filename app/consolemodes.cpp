@@ -150,6 +150,8 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
 
     serviceOptions.remotePort = options.remotePort;
     serviceOptions.remoteAddress = options.remoteAddress;
+    serviceOptions.motionOutputHost = options.motionOutputHost;
+    serviceOptions.motionOutputPort = options.motionOutputPort;
     HubServices services(std::move(serviceOptions));
     if (options.vehicle) {
         QString error;

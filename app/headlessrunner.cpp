@@ -2,6 +2,7 @@
 
 #include "hubservices.h"
 #include "inputdevice.h"
+#include "motiontelemetrysender.h"
 #include "tavrixcontroller.h"
 #include "websocketserver.h"
 
@@ -93,6 +94,10 @@ bool HeadlessRunner::begin()
                           .arg(controller->devices()->device(info.role)->deviceName()));
     }
     printRemoteState();
+    const MotionTelemetrySender *motion = m_services.motionOutput();
+    if (motion->isEnabled())
+        printLine(
+            QStringLiteral("motion output: streaming to %1:%2").arg(motion->host()).arg(motion->port()));
     return m_starter->begin();
 }
 

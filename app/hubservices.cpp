@@ -1,9 +1,11 @@
 #include "hubservices.h"
 
+#include "controlsreading.h"
 #include "devicechangenotifier.h"
 #include "inputbackend.h"
 #include "inputbackendfactory.h"
 #include "lostdevicereopener.h"
+#include "motiontelemetrysender.h"
 #include "profilemanager.h"
 #include "remotehandlers.h"
 #include "tavrixcontroller.h"
@@ -41,13 +43,38 @@ HubServices::HubServices(Options options, QObject *parent)
     m_remote->setListenAddress(options.remoteAddress);
     if (options.remotePort != 0)
         m_remote->start(options.remotePort);
+
+    createMotionOutput(options);
+}
+
+void HubServices::createMotionOutput(const Options &options)
+{
+    m_motionOutput = new MotionTelemetrySender(this);
+    // The car's readings arrive with its telemetry frames, outside the transmit tick; the
+    // setters only store them, and the sender's own timer does the sending.
+    connect(m_controller, &TavrixController::carMotionReceived, m_motionOutput,
+            &MotionTelemetrySender::setAcceleration);
+    connect(m_controller, &TavrixController::carAttitudeReceived, m_motionOutput,
+            &MotionTelemetrySender::setAttitude);
+    // Read on the sender's tick: the controls as the devices report them now, through the
+    // active profile's axis settings, the same reading the mobile app shows.
+    TavrixController *controller = m_controller;
+    m_motionOutput->setDriveStateProvider([controller] {
+        const ControlsReading reading = ControlsReading::read(*controller->devices(), controller->settings());
+        return MotionDriveState{reading.drive.steering, reading.drive.throttle, reading.drive.brake,
+                                reading.clutch, reading.drive.gear};
+    });
+    if (options.motionOutputPort != 0)
+        m_motionOutput->streamForThisRun(options.motionOutputHost, options.motionOutputPort);
 }
 
 HubServices::~HubServices()
 {
     // The controller stops transmission ("STOP\n") and releases the devices before the
     // profile store writes its files and the backend goes away; the backend's listeners
-    // go first, and before them the remote clients, which reach the controller.
+    // go first, and before them the remote clients and the motion output, which reach the controller.
+    delete m_motionOutput;
+    m_motionOutput = nullptr;
     delete m_remote;
     m_remote = nullptr;
     delete m_reopener;

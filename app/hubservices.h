@@ -13,6 +13,7 @@ namespace tavrix {
 
 class DeviceChangeNotifier;
 class LostDeviceReopener;
+class MotionTelemetrySender;
 class ProfileManager;
 class SerialPortDirectory;
 class TavrixController;
@@ -20,7 +21,7 @@ class WebSocketServer;
 
 // Owns the hub's long-lived services for one run: the profile store, the game-controller
 // backend with its hot-plug news, the transmission controller and the reopening of lost
-// controllers, and the mobile app's remote server (later also the motion services). The main window and the
+// controllers, the mobile app's remote server and the motion telemetry output. The main window and the
 // headless runner both present one HubServices; neither owns a service directly, so the two modes run exactly
 // the same code.
 class HubServices : public QObject
@@ -45,6 +46,10 @@ public:
         // so tests open no port unless they ask) leaves it stopped.
         quint16 remotePort = 0;
         QHostAddress remoteAddress{QHostAddress::Any};
+        // A port here streams the car's motion to this target for this run, whatever the
+        // saved motion output settings say; 0 leaves them in charge.
+        QString motionOutputHost;
+        quint16 motionOutputPort = 0;
     };
 
     explicit HubServices(Options options, QObject *parent = nullptr);
@@ -57,10 +62,14 @@ public:
     [[nodiscard]] DeviceChangeNotifier *deviceChanges() const { return m_deviceChanges; }
     // The mobile app's way in; not listening when the port was 0 or could not be bound.
     [[nodiscard]] WebSocketServer *remoteServer() const { return m_remote; }
+    // The car's motion as telemetry for motion-rig software.
+    [[nodiscard]] MotionTelemetrySender *motionOutput() const { return m_motionOutput; }
     // Why the requested input source could not be used (empty when it could).
     [[nodiscard]] QString inputProblem() const { return m_inputProblem; }
 
 private:
+    void createMotionOutput(const Options &options);
+
     // Declared first so it is destroyed last: the controller's devices read through it.
     std::unique_ptr<InputBackend> m_inputBackend;
     QString m_inputProblem;
@@ -69,6 +78,7 @@ private:
     DeviceChangeNotifier *m_deviceChanges = nullptr;
     LostDeviceReopener *m_reopener = nullptr;
     WebSocketServer *m_remote = nullptr;
+    MotionTelemetrySender *m_motionOutput = nullptr;
 };
 
 } // namespace tavrix

@@ -66,6 +66,8 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
         serviceOptions.nativeWindow = quintptr(window.winId());
         serviceOptions.remotePort = options.remotePort;
         serviceOptions.remoteAddress = options.remoteAddress;
+        serviceOptions.motionOutputHost = options.motionOutputHost;
+        serviceOptions.motionOutputPort = options.motionOutputPort;
         services.emplace(std::move(serviceOptions));
         std::unique_ptr<tavrix::SessionStarter> demoStarter;
         if (demo) {

@@ -10,6 +10,8 @@
 #include "hubservices.h"
 #include "infopage.h"
 #include "motionchooserpage.h"
+#include "motionoutputbinder.h"
+#include "motionoutputdialog.h"
 #include "motionpanelpage.h"
 #include "pagestack.h"
 #include "remoteserverbinder.h"
@@ -33,6 +35,7 @@ namespace {
 
 const QString kRemoteStatusDialog = QStringLiteral("web-status");
 const QString kTransmissionDialog = QStringLiteral("transmission");
+const QString kMotionOutputDialog = QStringLiteral("motion-output");
 
 } // namespace
 
@@ -182,6 +185,14 @@ void MainWindow::bindPages()
     });
     connect(m_dashboard, &DashboardPage::remoteDetailsRequested, this,
             [this] { openDialog(kRemoteStatusDialog); });
+
+    auto *motionOutput = new MotionOutputBinder(m_services->motionOutput(), this);
+    m_dialogs.add(kMotionOutputDialog, [motionOutput](QWidget *parent) {
+        auto *dialog = new MotionOutputDialog(parent);
+        motionOutput->bindDialog(dialog);
+        return dialog;
+    });
+    connect(m_car, &CarPage::motionOutputRequested, this, [this] { openDialog(kMotionOutputDialog); });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)

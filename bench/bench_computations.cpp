@@ -1,11 +1,13 @@
 // One car tick and one helicopter tick of the channel computations, in ns per tick,
 // next to a trivial baseline (touching the sixteen channels) from the same run. The
 // budget is the 7 ms transmit tick; these figures should stay a tiny fraction of it.
+// The motion output's 16 ms tick (smoothing and one datagram) is measured beside them.
 
 #include "buttonmappingengine.h"
 #include "drivecomputation.h"
 #include "helicoptercomputation.h"
 #include "inputsource.h"
+#include "motiontelemetrysender.h"
 
 #include <QLoggingCategory>
 
@@ -147,5 +149,34 @@ void BM_HelicopterTick(benchmark::State &state)
     }
 }
 BENCHMARK(BM_HelicopterTick);
+
+// The sender's smoothing step (with the output off, so no socket is involved) and the datagram
+// it would send, with the car's readings changing every tick.
+void BM_MotionTick(benchmark::State &state)
+{
+    qint64 now = 0;
+    MotionTelemetrySender sender([&now] { return now; });
+    const MotionDriveState drive{0.1f, 0.6f, 0.0f, 0.0f, 3};
+    uint32_t tick = 0;
+    for (auto _ : state) {
+        ++tick;
+        now += 16;
+        const float phase = float(tick % 1000) / 500.0f - 1.0f;
+        sender.setAcceleration(phase * 0.3f, -phase * 0.4f, phase * 0.05f);
+        sender.setAttitude(phase * 3.0f, -phase * 5.0f, phase * 179.0f);
+        sender.tick();
+        const MotionTelemetrySender::Snapshot s = sender.snapshot();
+        const MotionState motion{s.longitudinalG,
+                                 s.lateralG,
+                                 s.verticalG,
+                                 s.heaveVelocity,
+                                 s.pitchDeg * 0.0174533f,
+                                 s.rollDeg * 0.0174533f,
+                                 s.yawDeg * 0.0174533f};
+        const QByteArray packet = dirtrally::buildPacket(double(now) / 1000.0, motion, drive);
+        benchmark::DoNotOptimize(packet.constData());
+    }
+}
+BENCHMARK(BM_MotionTick);
 
 } // namespace

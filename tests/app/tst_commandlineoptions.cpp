@@ -143,6 +143,9 @@ private slots:
         row("elrs setting without name", "--elrs-set =250Hz --transmitter P", "is not NAME=OPTION");
         row("remote port too high", "--remote-port 70000", "is not a port");
         row("remote address not one", "--remote-address phone", "is not an IP address");
+        row("motion output without port", "--motion-output 127.0.0.1", "is not IP:PORT");
+        row("motion output to port 0", "--headless --motion-output 127.0.0.1:0", "is not IP:PORT");
+        row("motion output to a name", "--motion-output rig:20777", "is not IP:PORT");
     }
 
     void badCommandLinesAreRefused()

@@ -1,3 +1,4 @@
+#include "carpage.h"
 #include "choicetile.h"
 #include "devicechangenotifier.h"
 #include "hubrig.h"
@@ -6,7 +7,9 @@
 #include "logrouter.h"
 #include "mainwindow.h"
 #include "motionchooserpage.h"
+#include "motionoutputdialog.h"
 #include "motionpanelpage.h"
+#include "motiontelemetrysender.h"
 #include "shellsettings.h"
 #include "sidebar.h"
 #include "sidebarbutton.h"
@@ -15,10 +18,12 @@
 #include "vehiclespage.h"
 
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTest>
 
 class TestMainWindow : public QObject
@@ -169,6 +174,33 @@ private slots:
         QCOMPARE(c->devices()->device(DeviceRole::WheelBase)->deviceName(), QStringLiteral("Test Wheel"));
         QCOMPARE(changes.size(), 4);
         QVERIFY(!c->isRunning());
+    }
+
+    // The car page's button opens the motion output dialog on the hub's own sender: the target
+    // typed there is where the stream goes, and the button follows the output both ways.
+    void motionOutputDialogFromTheCarPageSwitchesTheSender()
+    {
+        tavrix::testing::HubRig rig;
+        auto *car = rig.showPage<tavrix::CarPage>(QStringLiteral("rc-car"));
+        QVERIFY(car);
+        tavrix::MotionTelemetrySender *sender = rig.services->motionOutput();
+        car->motionOutputButton()->click();
+        auto *dialog = rig.window->findChild<tavrix::MotionOutputDialog *>();
+        QVERIFY(dialog && dialog->isVisible());
+
+        dialog->hostEdit()->setText(QStringLiteral("127.0.0.1"));
+        dialog->portBox()->setValue(30777);
+        dialog->startButton()->click();
+        QVERIFY(sender->isEnabled());
+        QCOMPARE(sender->port(), quint16(30777));
+        QVERIFY(dialog->startButton()->isChecked());
+
+        sender->setEnabled(false); // e.g. from elsewhere: the dialog follows
+        QVERIFY(!dialog->startButton()->isChecked());
+        dialog->startButton()->click();
+        QVERIFY(sender->isEnabled());
+        dialog->startButton()->click();
+        QVERIFY(!sender->isEnabled());
     }
 };
 

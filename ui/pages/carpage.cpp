@@ -8,7 +8,9 @@
 #include "statuspill.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace tavrix {
@@ -111,6 +113,14 @@ QWidget *CarPage::buildCarLinkCard()
     hint->setObjectName(QStringLiteral("mutedText"));
     hint->setWordWrap(true);
     card->body()->addWidget(hint);
+    // The same telemetry, streamed on to motion-rig software.
+    auto *actions = new QHBoxLayout;
+    m_motionOutput = new QPushButton(tr("Motion output"), card);
+    m_motionOutput->setObjectName(QStringLiteral("motionOutputButton"));
+    connect(m_motionOutput, &QPushButton::clicked, this, &CarPage::motionOutputRequested);
+    actions->addWidget(m_motionOutput);
+    actions->addStretch(1);
+    card->body()->addLayout(actions);
     return card;
 }
 

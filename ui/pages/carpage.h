@@ -3,6 +3,7 @@
 #include "vehiclepage.h"
 
 class QLabel;
+class QPushButton;
 
 namespace hub {
 class Card;
@@ -33,6 +34,7 @@ public:
     hub::StatTile *batteryTile() const { return m_battery; }
     hub::StatTile *gpsTile() const { return m_gps; }
     QString configureText() const;
+    QPushButton *motionOutputButton() const { return m_motionOutput; }
 
     // The settings of a car profile the Configure card names, in its order.
     static QStringList configureTopics();
@@ -48,6 +50,9 @@ public slots:
     // Names the profile whose settings the Configure card describes.
     void setProfileName(const QString &name);
 
+signals:
+    void motionOutputRequested();
+
 private:
     QWidget *buildLiveInputCard();
     QWidget *buildCarLinkCard();
@@ -56,6 +61,7 @@ private:
     DevicePickerCard *m_devices = nullptr;
     hub::Card *m_configure = nullptr;
     QLabel *m_configureText = nullptr;
+    QPushButton *m_motionOutput = nullptr;
     hub::LevelBar *m_steering = nullptr;
     hub::LevelBar *m_throttle = nullptr;
     hub::LevelBar *m_brake = nullptr;
