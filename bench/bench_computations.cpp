@@ -1,9 +1,11 @@
-// One car tick and one helicopter tick of the channel computations, in ns per tick,
-// next to a trivial baseline (touching the sixteen channels) from the same run. The
-// budget is the 7 ms transmit tick; these figures should stay a tiny fraction of it.
+// One car tick and one helicopter tick of the channel computations, and one tick of the
+// wheel's force computation, in ns per tick, next to a trivial baseline (touching the
+// sixteen channels) from the same run. The budgets are the 7 ms transmit tick and the
+// 20 ms force tick; these figures should stay a tiny fraction of them.
 
 #include "buttonmappingengine.h"
 #include "drivecomputation.h"
+#include "forcefeedbackcomputation.h"
 #include "helicoptercomputation.h"
 #include "inputsource.h"
 
@@ -147,5 +149,23 @@ void BM_HelicopterTick(benchmark::State &state)
     }
 }
 BENCHMARK(BM_HelicopterTick);
+
+void BM_ForceFeedbackTick(benchmark::State &state)
+{
+    ForceFeedbackComputation ffb;
+    qint64 nowMs = 0;
+    uint32_t tick = 0;
+    for (auto _ : state) {
+        ++tick;
+        nowMs += ForceFeedbackComputation::kTickMs;
+        const float phase = float(tick % 100) / 50.0f - 1.0f;
+        // Motion on most ticks, with gaps long enough to go stale and idle now and then.
+        if (tick % 400 < 300)
+            ffb.addMotion({phase * 0.3f, -phase, tick % 7 == 0 ? 1.2f : 1.0f}, nowMs);
+        const ForceFeedbackTick result = ffb.tick(nowMs, phase, WheelDrive{0.7f});
+        benchmark::DoNotOptimize(result);
+    }
+}
+BENCHMARK(BM_ForceFeedbackTick);
 
 } // namespace
