@@ -1,10 +1,12 @@
-// One car tick and one helicopter tick of the channel computations, in ns per tick,
-// next to a trivial baseline (touching the sixteen channels) from the same run. The
-// budget is the 7 ms transmit tick; these figures should stay a tiny fraction of it.
-// The motion output's 16 ms tick (smoothing and one datagram) is measured beside them.
+// One car tick and one helicopter tick of the channel computations, one tick of the wheel's
+// force computation and one of the motion output (smoothing and one datagram), in ns per
+// tick, next to a trivial baseline (touching the sixteen channels) from the same run. The
+// budgets are the 7 ms transmit tick, the 20 ms force tick and the 16 ms motion tick; these
+// figures should stay a tiny fraction of them.
 
 #include "buttonmappingengine.h"
 #include "drivecomputation.h"
+#include "forcefeedbackcomputation.h"
 #include "helicoptercomputation.h"
 #include "inputsource.h"
 #include "motiontelemetrysender.h"
@@ -178,5 +180,23 @@ void BM_MotionTick(benchmark::State &state)
     }
 }
 BENCHMARK(BM_MotionTick);
+
+void BM_ForceFeedbackTick(benchmark::State &state)
+{
+    ForceFeedbackComputation ffb;
+    qint64 nowMs = 0;
+    uint32_t tick = 0;
+    for (auto _ : state) {
+        ++tick;
+        nowMs += ForceFeedbackComputation::kTickMs;
+        const float phase = float(tick % 100) / 50.0f - 1.0f;
+        // Motion on most ticks, with gaps long enough to go stale and idle now and then.
+        if (tick % 400 < 300)
+            ffb.addMotion({phase * 0.3f, -phase, tick % 7 == 0 ? 1.2f : 1.0f}, nowMs);
+        const ForceFeedbackTick result = ffb.tick(nowMs, phase, WheelDrive{0.7f});
+        benchmark::DoNotOptimize(result);
+    }
+}
+BENCHMARK(BM_ForceFeedbackTick);
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "elrsparametermanager.h"
 #include "receiverelrslink.h"
 #include "transmitterlink.h"
+#include "wheelforcefeedback.h"
 
 namespace tavrix {
 
@@ -80,6 +81,19 @@ void TavrixController::wireElrsParameters()
     connect(this, &TavrixController::runningChanged, m_receiverLink,
             &ReceiverElrsLink::setTransmitterRunning);
     updateReceiverLink();
+}
+
+// Every stop switches the wheel's force feedback off; a start switches it on again only
+// when the user asked for that (autoEngage).
+void TavrixController::wireForceFeedback()
+{
+    m_forceFeedback = new WheelForceFeedback(
+        m_devices, [this] { return m_steering; }, this);
+    connect(m_telemetry, &TelemetryMonitor::carMotionReceived, m_forceFeedback,
+            &WheelForceFeedback::onCarMotion);
+    connect(this, &TavrixController::runningChanged, m_forceFeedback,
+            &WheelForceFeedback::onTransmissionChanged);
+    connect(m_forceFeedback, &WheelForceFeedback::levelChanged, this, &TavrixController::ffbLevelReceived);
 }
 
 } // namespace tavrix

@@ -97,6 +97,8 @@ bool DeviceRoleSet::openSaved(DeviceRole role)
 
 void DeviceRoleSet::close(DeviceRole role)
 {
+    if (device(role)->isOpen())
+        emit aboutToClose(role);
     device(role)->close();
     updateConnected(role);
 }

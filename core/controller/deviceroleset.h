@@ -57,6 +57,8 @@ public:
 
 signals:
     void connectedChanged(tavrix::DeviceRole role, bool connected);
+    // The role's open device is about to be closed on purpose: the last moment to talk to it.
+    void aboutToClose(tavrix::DeviceRole role);
     // A connected device stopped answering (once per loss, not once per failing poll).
     void deviceLost(tavrix::DeviceRole role);
     void errorOccurred(const QString &error);

@@ -13,6 +13,7 @@
 #include "telemetrymonitor.h"
 #include "telemetrysensorbook.h"
 #include "transmitterlink.h"
+#include "wheelforcefeedback.h"
 
 #include <QDebug>
 #include <QTimer>
@@ -68,6 +69,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
 
     wireLinkAndTelemetry();
     wireElrsParameters();
+    wireForceFeedback();
 
     connect(m_devices, &DeviceRoleSet::connectedChanged, this, &TavrixController::onDeviceConnectedChanged);
     connect(m_devices, &DeviceRoleSet::deviceLost, this, &TavrixController::onDeviceLost);
@@ -96,6 +98,8 @@ TavrixController::~TavrixController()
     m_profile->discardDeferredSwitch();
     const QSignalBlocker quiet(this);
     stopTransmission();
+    // Told directly: the stop's announcement is silenced, and the wheel closes after this.
+    m_forceFeedback->disable();
 }
 
 // --- state ---

@@ -33,6 +33,7 @@ class HelicopterTick;
 class InputBackend;
 class TelemetrySensorBook;
 class TransmitterLink;
+class WheelForceFeedback;
 struct DriveInputs;
 
 // The spine of the hub: owns the transmitter link, the CRSF codec, one input device
@@ -136,6 +137,8 @@ public:
     // The transmitter module's RF parameters; it works only in configuration mode.
     [[nodiscard]] ElrsParameterManager *elrsParameters() const { return m_elrs; }
     [[nodiscard]] ReceiverElrsLink *receiverLink() const { return m_receiverLink; }
+    // The car's motion felt on the wheel base; switched off by every stop.
+    [[nodiscard]] WheelForceFeedback *forceFeedback() const { return m_forceFeedback; }
 
 public slots:
     // Each refusal emits errorOccurred once and changes nothing. True once running.
@@ -191,6 +194,8 @@ signals:
     void telemetrySensorListChanged();
     // The number of stale sensors changed.
     void telemetryDashboardChanged();
+    // The force the car's motion puts on the wheel, -1..+1, on its 20 ms tick when it moved.
+    void ffbLevelReceived(float level);
     void receiverFfbStateChanged(tavrix::ReceiverFfbState state);
     void heliAttitudeReceived(float pitchDeg, float rollDeg, float yawDeg);
     void carMotionReceived(float lonG, float latG, float vertG);
@@ -207,6 +212,8 @@ private:
     void wireLinkAndTelemetry();
     // Creates the ELRS parameter client and feeds it lines and mode (controllerwiring.cpp).
     void wireElrsParameters();
+    // Creates the wheel's force feedback and feeds it the car's motion (controllerwiring.cpp).
+    void wireForceFeedback();
     void onTransmitTimer();
     void onIdleInputPoll();
     void onDeviceConnectedChanged(DeviceRole role, bool connected);
@@ -240,6 +247,7 @@ private:
     TelemetrySensorBook *m_sensorBook = nullptr;
     ElrsParameterManager *m_elrs = nullptr;
     ReceiverElrsLink *m_receiverLink = nullptr;
+    WheelForceFeedback *m_forceFeedback = nullptr;
     QTimer *m_transmitTimer = nullptr;
     QTimer *m_idleInputTimer = nullptr;
     // The active profile's settings and the vehicle they drive, kept in step with the store.

@@ -2,12 +2,14 @@
 
 #include "axismappingchange.h"
 #include "axissettingsjson.h"
+#include "forcefeedbackjson.h"
 #include "inputdetection.h"
 #include "inputdevice.h"
 #include "profilekeys.h"
 #include "remotedeviceroles.h"
 #include "steeringtrim.h"
 #include "tavrixcontroller.h"
+#include "wheelforcefeedback.h"
 
 #include <QJsonArray>
 
@@ -62,6 +64,7 @@ int32_t channelValue(const RemoteRequest &request, QLatin1String key, int32_t cu
 const QString kTrimOutOfOrder =
     u"Invalid steering trim: left must not exceed center and center must not exceed right"_s;
 const QString kSaveFailed = u"Failed to save the profile"_s;
+const QString kNoFfbWheel = u"No FFB-capable wheel connected"_s;
 
 } // namespace
 
@@ -74,6 +77,10 @@ WsAxisHandler::WsAxisHandler(TavrixController *controller, QObject *parent)
         {"set_steering_trim_live", &WsAxisHandler::setSteeringTrimLive},
         {"apply_steering_trim", &WsAxisHandler::applySteeringTrim},
         {"revert_steering_trim", &WsAxisHandler::revertSteeringTrim},
+        {"get_wheel_ffb", &WsAxisHandler::getWheelFfb},
+        {"set_wheel_ffb", &WsAxisHandler::setWheelFfb},
+        {"check_wheel_ffb", &WsAxisHandler::checkWheelFfb},
+        {"action_test_wheel_ffb", &WsAxisHandler::testWheelFfb},
         {"get_esc_mode", &WsAxisHandler::getEscMode},
         {"set_esc_mode", &WsAxisHandler::setEscMode},
         {"get_esc_modes", &WsAxisHandler::getEscModes},
@@ -121,6 +128,16 @@ void WsAxisHandler::connectPushes()
             push(u"reverse_mode_changed"_s, {{"active"_L1, active}, {"source"_L1, u"button"_s}});
         },
         Qt::QueuedConnection);
+    // The level comes from the 20 ms force tick, only when it moved.
+    connect(
+        controller(), &TavrixController::ffbLevelReceived, this,
+        [this](float level) {
+            push(u"event_wheel_ffb_level"_s, {{"level"_L1, double(level)}});
+        },
+        Qt::QueuedConnection);
+    connect(controller(), &TavrixController::receiverFfbStateChanged, this, [this](ReceiverFfbState state) {
+        push(u"event_receiver_ffb"_s, {{"state"_L1, int(state)}});
+    });
 }
 
 // --- axis settings and steering trim ---
@@ -189,6 +206,50 @@ QJsonObject WsAxisHandler::revertSteeringTrim(const RemoteRequest &request)
                                   stored.value(keys::kSteeringCenter).toInt(),
                                   stored.value(keys::kSteeringRight).toInt()};
     return request.succeeded({{kData, trimJson(saved)}});
+}
+
+// --- force feedback ---
+
+QJsonObject WsAxisHandler::wheelFfbJson() const
+{
+    return ForceFeedbackJson::state(*controller()->forceFeedback(),
+                                    controller()->telemetry()->receiverFfbState());
+}
+
+QJsonObject WsAxisHandler::getWheelFfb(const RemoteRequest &request)
+{
+    return request.answer(wheelFfbJson());
+}
+
+QJsonObject WsAxisHandler::setWheelFfb(const RemoteRequest &request)
+{
+    WheelForceFeedback &ffb = *controller()->forceFeedback();
+    const bool switchOn = request.has("enabled"_L1) && request.flag("enabled"_L1);
+    if (switchOn && !ffb.isWheelCapable())
+        return request.failed(kNoFfbWheel);
+    const ForceFeedbackSettings &now = ffb.settings();
+    ffb.setStrength(float(request.number("strength"_L1, now.strength)));
+    ffb.setCentering(float(request.number("centering"_L1, now.centering)));
+    ffb.setNativeCentering(request.flag("nativeCentering"_L1, now.nativeCentering));
+    ffb.setAutoEngage(request.flag("autoEngage"_L1, now.autoEngage));
+    if (switchOn && !ffb.enable())
+        return request.failed(u"Could not enable FFB — re-check the wheel."_s);
+    if (request.has("enabled"_L1) && !switchOn)
+        ffb.disable();
+    return request.succeeded({{kData, wheelFfbJson()}});
+}
+
+QJsonObject WsAxisHandler::checkWheelFfb(const RemoteRequest &request)
+{
+    return request.succeeded(
+        {{kData, ForceFeedbackJson::diagnosis(controller()->forceFeedback()->runCheck())}});
+}
+
+QJsonObject WsAxisHandler::testWheelFfb(const RemoteRequest &request)
+{
+    // The pulse needs a capable wheel and nothing else.
+    const float level = float(request.number("level"_L1, 0.0));
+    return request.outcome(controller()->forceFeedback()->playTestPulse(level), kNoFfbWheel);
 }
 
 // --- ESC mode ---

@@ -11,7 +11,7 @@ struct SteeringEndpoints;
 
 // Axis settings, ESC mode, axis mappings of the wheel base and pedals, the shifter's
 // gear mapping and the learning of shifter gears and buttons by their press, and the
-// steering trim tried out live before it is saved.
+// steering trim tried out live before it is saved, and the wheel's force feedback.
 class WsAxisHandler : public WsTableHandler
 {
     Q_OBJECT
@@ -25,6 +25,10 @@ private:
     QJsonObject setSteeringTrimLive(const RemoteRequest &request);
     QJsonObject applySteeringTrim(const RemoteRequest &request);
     QJsonObject revertSteeringTrim(const RemoteRequest &request);
+    QJsonObject getWheelFfb(const RemoteRequest &request);
+    QJsonObject setWheelFfb(const RemoteRequest &request);
+    QJsonObject checkWheelFfb(const RemoteRequest &request);
+    QJsonObject testWheelFfb(const RemoteRequest &request);
     QJsonObject getEscMode(const RemoteRequest &request);
     QJsonObject setEscMode(const RemoteRequest &request);
     QJsonObject getEscModes(const RemoteRequest &request);
@@ -48,6 +52,7 @@ private:
     // Writes the active profile's axisSettings and has the controller read them again.
     bool saveAxisSettings(const QJsonObject &axisSettings);
     [[nodiscard]] QJsonObject shifterMappingJson() const;
+    [[nodiscard]] QJsonObject wheelFfbJson() const;
     void connectPushes();
 };
 

@@ -86,8 +86,9 @@ struct ControllerRig
         if (vehicleType != QLatin1String("rc_car") && !profiles.setVehicleType(vehicleType))
             return false;
         const bool car = vehicleType == QLatin1String("rc_car");
+        // The wheel base has force feedback, so every fault can be checked for a force left playing.
         firstDevice = backend.addDevice(
-            {car ? QStringLiteral("Test Wheel") : QStringLiteral("Test Stick"), QString(), 8, 32, 1, false});
+            {car ? QStringLiteral("Test Wheel") : QStringLiteral("Test Stick"), QString(), 8, 32, 1, car});
         secondDevice =
             backend.addDevice({car ? QStringLiteral("Test Pedals") : QStringLiteral("Test Throttle"),
                                QString(), 8, 8, 0, false});

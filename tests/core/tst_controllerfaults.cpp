@@ -1,10 +1,13 @@
 // The fault paths that could move a car: every stop leaves a neutral frame as the last one
 // on the wire, a lost transmitter or pedals device stops, and nothing starts again by itself.
+// The same stops let go of the wheel: no force left playing on the driver's hands.
 
 #include "controllerrig.h"
 #include "logcapture.h"
+#include "wheelforcefeedback.h"
 
 #include <QRandomGenerator>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -89,8 +92,16 @@ class TestControllerFaults : public QObject
 {
     Q_OBJECT
 private slots:
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("OrvaneLabs"));
+        QCoreApplication::setApplicationName(QStringLiteral("OrvaneLabs HUB fault test"));
+    }
+    // The force-feedback settings live in the hub's settings: each test starts from the defaults.
+    void init() { QSettings().clear(); }
     void everyStopEndsWithANeutralFrame_data();
     void everyStopEndsWithANeutralFrame();
+    void forceFeedbackLastsOneRunAndLetsGoOfAClosedWheel();
     void unpluggingTheBridgeWhileTransmittingAlwaysStops();
     void stalledBridgeGetsNoBacklogAndUnsentFramesAreNotCounted();
 };
@@ -150,6 +161,11 @@ void TestControllerFaults::everyStopEndsWithANeutralFrame()
     if (helicopter) {
         rig.controller->setHeliArmed(true);
         QTRY_COMPARE(rig.sim.lastChannels()[4], 1811);
+    } else {
+        // The car's motion drives the wheel, its spring holds it centred.
+        QVERIFY(rig.controller->forceFeedback()->enable());
+        QTRY_VERIFY(rig.backend.ffbState(rig.firstDevice).constantSends > 2);
+        QVERIFY(rig.backend.ffbState(rig.firstDevice).springPlaying);
     }
     // A frame that is anything but neutral: steering (roll, at the beginner's rate) to the right.
     rig.setSteering(0.6);
@@ -198,9 +214,49 @@ void TestControllerFaults::everyStopEndsWithANeutralFrame()
     for (const Wire::Item &item : std::as_const(wire.items))
         QVERIFY(!item.command.isEmpty() || item.channels[1] == 992);
     QCOMPARE(wire.count(QStringLiteral("START")), 1);
+    const VirtualFfbState wheel = rig.backend.ffbState(rig.firstDevice);
+    QVERIFY(!wheel.constantPlaying && !wheel.springPlaying);
+    // A lost wheel cannot be told to centre itself; any other gets its own centering back.
+    if (!helicopter && fault != Fault::WheelLost)
+        QCOMPARE(wheel.autocenter, 1.0);
     QCOMPARE(errors.size(), message.isEmpty() ? 0 : 1);
     if (!message.isEmpty())
         QCOMPARE(errors.first().at(0).toString(), message);
+}
+
+void TestControllerFaults::forceFeedbackLastsOneRunAndLetsGoOfAClosedWheel()
+{
+    ControllerRig rig;
+    QVERIFY2(rig.setUp(), "the controller rig could not be set up");
+    WheelForceFeedback &ffb = *rig.controller->forceFeedback();
+    QSignalSpy levels(rig.controller.get(), &TavrixController::ffbLevelReceived);
+    ffb.setAutoEngage(true);
+    ffb.setCentering(0.4f);
+
+    QVERIFY(rig.controller->startTransmission());
+    QVERIFY(ffb.isEnabled());
+    QTRY_VERIFY(levels.size() > 2 && rig.backend.ffbState(rig.firstDevice).constantSends > 2);
+    VirtualFfbState wheel = rig.backend.ffbState(rig.firstDevice);
+    QCOMPARE(wheel.autocenter, 0.0); // the spring replaces the wheel's own centering
+    QVERIFY(wheel.springPlaying);
+    QCOMPARE(wheel.spring, 0.4f);
+
+    rig.controller->stopTransmission();
+    QVERIFY(!ffb.isEnabled());
+    wheel = rig.backend.ffbState(rig.firstDevice);
+    QVERIFY(!wheel.constantPlaying && !wheel.springPlaying);
+    QCOMPARE(wheel.autocenter, 1.0);
+    // With the motion gone the force fades out and the tick stops by itself.
+    QTRY_VERIFY_WITH_TIMEOUT(!ffb.isTicking(), 10000);
+    QCOMPARE(levels.constLast().at(0).toFloat(), 0.0f);
+
+    // Switched on by hand, then the wheel closed: it is told to centre itself before it goes.
+    QVERIFY(ffb.enable());
+    QCOMPARE(rig.backend.ffbState(rig.firstDevice).autocenter, 0.0);
+    rig.controller->disconnectDevice(DeviceRole::WheelBase);
+    QVERIFY(!ffb.isEnabled());
+    QCOMPARE(rig.backend.ffbState(rig.firstDevice).autocenter, 1.0);
+    QVERIFY(!ffb.enable());
 }
 
 void TestControllerFaults::unpluggingTheBridgeWhileTransmittingAlwaysStops()

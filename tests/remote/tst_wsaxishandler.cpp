@@ -1,9 +1,11 @@
 #include "handlerrig.h"
 #include "inputdevice.h"
+#include "wheelforcefeedback.h"
 #include "wsaxishandler.h"
 
 #include <QFile>
 #include <QJsonDocument>
+#include <QSettings>
 #include <QTest>
 
 using namespace tavrix;
@@ -47,6 +49,9 @@ private slots:
     void axisMappingWaitsForStop();
     void shifterPressIsAssignedAndPushed();
     void liveTrimMovesChannel1UntilReverted();
+    void wheelFfbRequests_data();
+    void wheelFfbRequests();
+    void wheelFfbFollowsTheCarAndIsPushed();
 
 private:
     // Shared by the validation rows: a refusal must leave it as it was for the next row.
@@ -55,6 +60,10 @@ private:
 
 void TestWsAxisHandler::initTestCase()
 {
+    // The force-feedback settings live in the hub's settings, apart from the profiles.
+    QCoreApplication::setOrganizationName(u"OrvaneLabs"_s);
+    QCoreApplication::setApplicationName(u"OrvaneLabs HUB axis handler test"_s);
+    QSettings().clear();
     m_rig = std::make_unique<Rig>();
     QVERIFY(m_rig->setUp());
 }
@@ -229,6 +238,77 @@ void TestWsAxisHandler::liveTrimMovesChannel1UntilReverted()
     QCOMPARE(storedSteeringCenter(rig), 1100);
     QCOMPARE(rig.ask(u"revert_steering_trim"_s)["data"_L1]["steeringCenter"_L1].toInt(), 1100);
     QTRY_COMPARE(rig.sim.lastChannels()[kCh1], 1100);
+}
+
+void TestWsAxisHandler::wheelFfbRequests_data()
+{
+    QTest::addColumn<bool>("wheel"); // the FFB wheel base connected
+    QTest::addColumn<QString>("event");
+    QTest::addColumn<QJsonObject>("data");
+    QTest::addColumn<QString>("refusal");   // empty: accepted
+    QTest::addColumn<QJsonObject>("state"); // fields of "get_wheel_ffb" afterwards
+    QTest::addColumn<double>("force");      // the constant force the wheel plays afterwards
+
+    const QString noWheel = u"No FFB-capable wheel connected"_s;
+    const QJsonObject untouched = object(R"({"enabled":false,"strength":0.5,"autoEngage":false})");
+    QTest::newRow("switch on without a wheel")
+        << false << u"set_wheel_ffb"_s << object(R"({"enabled":true,"strength":0.9,"autoEngage":true})")
+        << noWheel << untouched << 0.0;
+    QTest::newRow("test pulse without a wheel")
+        << false << u"action_test_wheel_ffb"_s << object(R"({"level":0.5})") << noWheel << untouched << 0.0;
+    QTest::newRow("switch on, strength clamped")
+        << true << u"set_wheel_ffb"_s << object(R"({"enabled":true,"strength":3,"centering":-1})")
+        << QString() << object(R"({"capable":true,"enabled":true,"strength":1,"centering":0})") << 0.0;
+    QTest::newRow("settings only") << true << u"set_wheel_ffb"_s << object(R"({"autoEngage":true})")
+                                   << QString() << object(R"({"enabled":false,"autoEngage":true})") << 0.0;
+    QTest::newRow("test pulse clamped")
+        << true << u"action_test_wheel_ffb"_s << object(R"({"level":-4})") << QString() << untouched << -1.0;
+}
+
+void TestWsAxisHandler::wheelFfbRequests()
+{
+    QFETCH(bool, wheel);
+    QFETCH(QString, event);
+    QFETCH(QJsonObject, data);
+    QFETCH(QString, refusal);
+    QFETCH(QJsonObject, state);
+    QFETCH(double, force);
+    QSettings().clear();
+    Rig rig;
+    QVERIFY(rig.setUp());
+    if (!wheel)
+        rig.controller->disconnectDevice(DeviceRole::WheelBase);
+
+    const QJsonObject reply = rig.ask(event, data);
+    QCOMPARE(reply["success"_L1].toBool(), refusal.isEmpty());
+    QCOMPARE(reply["message"_L1].toString(), refusal);
+    const QJsonObject now = rig.ask(u"get_wheel_ffb"_s)["data"_L1].toObject();
+    for (auto it = state.constBegin(); it != state.constEnd(); ++it)
+        QCOMPARE(now[it.key()], it.value());
+    QCOMPARE(rig.backend.ffbState(rig.firstDevice).constantForce, force);
+}
+
+void TestWsAxisHandler::wheelFfbFollowsTheCarAndIsPushed()
+{
+    QSettings().clear();
+    Rig rig;
+    QVERIFY(rig.setUp());
+    const QJsonObject check = rig.ask(u"check_wheel_ffb"_s)["data"_L1].toObject();
+    QCOMPARE(check, object(R"({"enumerated":true,"ffbCapable":true,"exclusive":true,"hasFfbAxis":true,
+                               "constantForce":"full","errorCode":"0x0","diag":""})"));
+
+    QVERIFY(rig.ask(u"set_wheel_ffb"_s, object(R"({"enabled":true,"strength":1})"))["success"_L1].toBool());
+    QVERIFY(rig.controller->startTransmission());
+    // The bridge streams the car's motion: the receiver state follows and the wheel is pushed.
+    QTRY_VERIFY(rig.pushed(u"event_wheel_ffb_level"_s).size() > 2);
+    const QList<QJsonObject> receiver = rig.pushed(u"event_receiver_ffb"_s);
+    QCOMPARE(receiver.value(0), object(R"({"state":1})"));
+    QCOMPARE(receiver.value(1), object(R"({"state":2})"));
+    QCOMPARE(rig.ask(u"get_wheel_ffb"_s)["data"_L1]["receiver"_L1].toInt(), 2);
+    QTRY_VERIFY(rig.backend.ffbState(rig.firstDevice).constantForce != 0.0);
+
+    rig.controller->stopTransmission();
+    QCOMPARE(rig.ask(u"get_wheel_ffb"_s)["data"_L1]["enabled"_L1].toBool(), false);
 }
 
 QTEST_GUILESS_MAIN(TestWsAxisHandler)
