@@ -25,6 +25,8 @@
 #include "transmissiondialogbinder.h"
 #include "transmittercard.h"
 #include "vehiclespage.h"
+#include "wheelffbdialog.h"
+#include "wheelffbdialogbinder.h"
 
 #include <QHBoxLayout>
 #include <QMessageBox>
@@ -36,6 +38,7 @@ namespace {
 const QString kRemoteStatusDialog = QStringLiteral("web-status");
 const QString kTransmissionDialog = QStringLiteral("transmission");
 const QString kMotionOutputDialog = QStringLiteral("motion-output");
+const QString kWheelFfbDialog = QStringLiteral("ffb");
 
 } // namespace
 
@@ -193,6 +196,13 @@ void MainWindow::bindPages()
         return dialog;
     });
     connect(m_car, &CarPage::motionOutputRequested, this, [this] { openDialog(kMotionOutputDialog); });
+
+    m_dialogs.add(kWheelFfbDialog, [controller](QWidget *parent) {
+        auto *dialog = new WheelFfbDialog(parent);
+        new WheelFfbDialogBinder(dialog, controller);
+        return dialog;
+    });
+    connect(m_car, &CarPage::forceFeedbackRequested, this, [this] { openDialog(kWheelFfbDialog); });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)

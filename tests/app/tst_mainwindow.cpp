@@ -10,12 +10,15 @@
 #include "motionoutputdialog.h"
 #include "motionpanelpage.h"
 #include "motiontelemetrysender.h"
+#include "notice.h"
 #include "shellsettings.h"
 #include "sidebar.h"
 #include "sidebarbutton.h"
 #include "themeswitcher.h"
 #include "toast.h"
 #include "vehiclespage.h"
+#include "wheelffbdialog.h"
+#include "wheelforcefeedback.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
@@ -23,6 +26,7 @@
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QSlider>
 #include <QSpinBox>
 #include <QTest>
 
@@ -201,6 +205,57 @@ private slots:
         QVERIFY(sender->isEnabled());
         dialog->startButton()->click();
         QVERIFY(!sender->isEnabled());
+    }
+
+    // The car page's force-feedback dialog acts on the wheel the car drives with: the check
+    // names what it finds, the switch reaches the wheel's effects (and says so when it cannot),
+    // and the controls land in the settings.
+    void wheelFfbDialogFromTheCarPageDrivesTheWheel_data()
+    {
+        QTest::addColumn<int>("wheelIndex"); // -1: none connected
+        QTest::addColumn<int>("verdict");
+        QTest::addColumn<bool>("switchesOn");
+
+        using Verdict = tavrix::ForceFeedbackCheck::Verdict;
+        QTest::newRow("no wheel") << -1 << int(Verdict::NoWheel) << false;
+        QTest::newRow("a wheel without force feedback") << 1 << int(Verdict::Incompatible) << false;
+        QTest::newRow("a force-feedback wheel") << 0 << int(Verdict::Full) << true;
+    }
+
+    void wheelFfbDialogFromTheCarPageDrivesTheWheel()
+    {
+        QFETCH(int, wheelIndex);
+        QFETCH(int, verdict);
+        QFETCH(bool, switchesOn);
+
+        tavrix::testing::HubRig rig;
+        rig.plugCarControllers();
+        if (wheelIndex >= 0)
+            QVERIFY(rig.controller()->connectDevice(tavrix::DeviceRole::WheelBase, wheelIndex));
+        auto *car = rig.showPage<tavrix::CarPage>(QStringLiteral("rc-car"));
+        QVERIFY(car);
+        car->forceFeedbackButton()->click();
+        auto *dialog = rig.window->findChild<tavrix::WheelFfbDialog *>();
+        QVERIFY(dialog && dialog->isVisible());
+        QCOMPARE(dialog->verdictText(),
+                 tavrix::ForceFeedbackCheck::verdictText(tavrix::ForceFeedbackCheck::Verdict(verdict)));
+
+        tavrix::WheelForceFeedback *ffb = rig.controller()->forceFeedback();
+        dialog->enableButton()->click();
+        QCOMPARE(ffb->isEnabled(), switchesOn);
+        QCOMPARE(dialog->enableButton()->isChecked(), switchesOn);
+        QCOMPARE(dialog->notice()->isVisible(), !switchesOn);
+        if (!switchesOn)
+            return;
+        QVERIFY(rig.backend->ffbState(rig.firstDevice).constantPlaying);
+        dialog->strengthSlider()->setValue(80);
+        QCOMPARE(ffb->settings().strength, 0.8f);
+        dialog->enableButton()->click();
+        QVERIFY(!ffb->isEnabled());
+        QVERIFY(!rig.backend->ffbState(rig.firstDevice).constantPlaying);
+        QVERIFY(!rig.backend->ffbState(rig.firstDevice).springPlaying);
+        dialog->testLeftButton()->click();
+        QVERIFY(rig.backend->ffbState(rig.firstDevice).constantForce < 0.0);
     }
 };
 

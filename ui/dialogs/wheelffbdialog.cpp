@@ -28,6 +28,8 @@ QSlider *percentSlider(QWidget *parent)
     auto *slider = new QSlider(Qt::Horizontal, parent);
     slider->setRange(0, kSliderSteps);
     slider->setMinimumWidth(220);
+    // One change when the handle is let go, not one per pixel: each change is saved.
+    slider->setTracking(false);
     return slider;
 }
 

@@ -113,8 +113,11 @@ QWidget *CarPage::buildCarLinkCard()
     hint->setObjectName(QStringLiteral("mutedText"));
     hint->setWordWrap(true);
     card->body()->addWidget(hint);
-    // The same telemetry, streamed on to motion-rig software.
+    // The same telemetry, felt on the wheel and streamed on to motion-rig software.
     auto *actions = new QHBoxLayout;
+    m_forceFeedback = new QPushButton(tr("Wheel force feedback"), card);
+    connect(m_forceFeedback, &QPushButton::clicked, this, &CarPage::forceFeedbackRequested);
+    actions->addWidget(m_forceFeedback);
     m_motionOutput = new QPushButton(tr("Motion output"), card);
     m_motionOutput->setObjectName(QStringLiteral("motionOutputButton"));
     connect(m_motionOutput, &QPushButton::clicked, this, &CarPage::motionOutputRequested);

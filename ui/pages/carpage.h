@@ -35,6 +35,7 @@ public:
     hub::StatTile *gpsTile() const { return m_gps; }
     QString configureText() const;
     QPushButton *motionOutputButton() const { return m_motionOutput; }
+    QPushButton *forceFeedbackButton() const { return m_forceFeedback; }
 
     // The settings of a car profile the Configure card names, in its order.
     static QStringList configureTopics();
@@ -52,6 +53,7 @@ public slots:
 
 signals:
     void motionOutputRequested();
+    void forceFeedbackRequested();
 
 private:
     QWidget *buildLiveInputCard();
@@ -62,6 +64,7 @@ private:
     hub::Card *m_configure = nullptr;
     QLabel *m_configureText = nullptr;
     QPushButton *m_motionOutput = nullptr;
+    QPushButton *m_forceFeedback = nullptr;
     hub::LevelBar *m_steering = nullptr;
     hub::LevelBar *m_throttle = nullptr;
     hub::LevelBar *m_brake = nullptr;
