@@ -8,7 +8,7 @@ namespace tavrix {
 namespace {
 
 constexpr double kTickSeconds = ForceFeedbackComputation::kTickMs / 1000.0;
-constexpr qint64 kStatisticsPeriodMs = 1000;
+constexpr std::int64_t kStatisticsPeriodMs = 1000;
 constexpr int kQualityMinFrames = 20;
 
 // Time constants (seconds) of the filters: quick while the car reports, slow when it stops
@@ -52,7 +52,7 @@ void follow(float &state, float target, float gain)
 
 } // namespace
 
-void ForceFeedbackComputation::addMotion(const CarMotion &motion, qint64 nowMs)
+void ForceFeedbackComputation::addMotion(const CarMotion &motion, std::int64_t nowMs)
 {
     m_motion = motion;
     m_hasMotion = true;
@@ -62,7 +62,7 @@ void ForceFeedbackComputation::addMotion(const CarMotion &motion, qint64 nowMs)
         m_statisticsSinceMs = nowMs;
 }
 
-ForceFeedbackTick ForceFeedbackComputation::tick(qint64 nowMs, float steering,
+ForceFeedbackTick ForceFeedbackComputation::tick(std::int64_t nowMs, float steering,
                                                  std::optional<WheelDrive> wheel)
 {
     ++m_tick;
@@ -92,11 +92,11 @@ ForceFeedbackTick ForceFeedbackComputation::tick(qint64 nowMs, float steering,
     return result;
 }
 
-void ForceFeedbackComputation::updateStatistics(qint64 nowMs)
+void ForceFeedbackComputation::updateStatistics(std::int64_t nowMs)
 {
     if (!m_statisticsSinceMs)
         return;
-    const qint64 elapsed = nowMs - *m_statisticsSinceMs;
+    const std::int64_t elapsed = nowMs - *m_statisticsSinceMs;
     if (elapsed < kStatisticsPeriodMs)
         return;
     const int total = m_frames + m_lostFrames;
@@ -107,7 +107,7 @@ void ForceFeedbackComputation::updateStatistics(qint64 nowMs)
     m_statisticsSinceMs = nowMs;
 }
 
-bool ForceFeedbackComputation::isFresh(qint64 nowMs) const
+bool ForceFeedbackComputation::isFresh(std::int64_t nowMs) const
 {
     return m_hasMotion && nowMs - m_lastMotionMs <= kFreshForMs &&
            (!m_qualityRequired || m_frames >= kQualityMinFrames);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <cstdint>
 
 #include <optional>
 
@@ -33,16 +33,17 @@ struct ForceFeedbackTick
 // Turns the car's motion into the constant force on the steering wheel, once per 20 ms
 // tick: lateral G pulls the wheel, longitudinal G weighs on the steering, and vertical
 // jolts become a vibration. Holds no timer and no device: the owner feeds it motion and
-// the time on its own clock (milliseconds) and acts on what each tick returns.
+// the time on its own clock (milliseconds) and acts on what each tick returns. Plain C++,
+// so the input test VM drives a kernel force-feedback wheel with it too.
 class ForceFeedbackComputation
 {
 public:
     // The filters below assume exactly this period.
     static constexpr int kTickMs = 20;
     // Motion older than this no longer counts as the car's.
-    static constexpr qint64 kFreshForMs = 300;
+    static constexpr std::int64_t kFreshForMs = 300;
     // An unchanged force is sent again every this many ticks, in case the wheel dropped it.
-    static constexpr quint32 kResendEveryTicks = 25;
+    static constexpr std::uint32_t kResendEveryTicks = 25;
 
     struct Statistics
     {
@@ -50,7 +51,7 @@ public:
         double lostPercent = 0.0;
     };
 
-    void addMotion(const CarMotion &motion, qint64 nowMs);
+    void addMotion(const CarMotion &motion, std::int64_t nowMs);
     // Motion records the receiver says it could not deliver.
     void addLostFrames(int count) { m_lostFrames += count; }
     // With a quality requirement, a trickle of motion (under a minimum count in the current
@@ -58,7 +59,7 @@ public:
     void setQualityRequired(bool required) { m_qualityRequired = required; }
 
     // steering: the wheel's position -1..+1. wheel: null when nothing goes to the wheel.
-    ForceFeedbackTick tick(qint64 nowMs, float steering, std::optional<WheelDrive> wheel);
+    ForceFeedbackTick tick(std::int64_t nowMs, float steering, std::optional<WheelDrive> wheel);
 
     // The wheel now plays this force (after an enable, a stop or a test pulse): the next
     // tick compares against it.
@@ -78,8 +79,8 @@ private:
         float verticalSlow = 0.0f;
     };
 
-    void updateStatistics(qint64 nowMs);
-    [[nodiscard]] bool isFresh(qint64 nowMs) const;
+    void updateStatistics(std::int64_t nowMs);
+    [[nodiscard]] bool isFresh(std::int64_t nowMs) const;
     void filter(bool fresh);
     [[nodiscard]] float bump() const;
     [[nodiscard]] bool isIdle(bool fresh, float force) const;
@@ -88,16 +89,16 @@ private:
 
     CarMotion m_motion;
     bool m_hasMotion = false;
-    qint64 m_lastMotionMs = 0;
+    std::int64_t m_lastMotionMs = 0;
     bool m_qualityRequired = false;
 
     int m_frames = 0;
     int m_lostFrames = 0;
-    std::optional<qint64> m_statisticsSinceMs;
+    std::optional<std::int64_t> m_statisticsSinceMs;
     Statistics m_statistics;
 
     Filters m_filters;
-    quint32 m_tick = 0;
+    std::uint32_t m_tick = 0;
     float m_lastReported = 0.0f;
     float m_lastSent = 0.0f;
 };

@@ -16,6 +16,7 @@
 #include "evdevdevice.h"
 #include "evdevhotplugmonitor.h"
 #include "evdevmapping.h"
+#include "forcefeedbackcomputation.h"
 #include "hiddescriptor.h"
 #include "vmdevices.h"
 
@@ -475,6 +476,86 @@ void testForceFeedback()
 
 } // namespace
 
+// The car's motion felt on a kernel force-feedback wheel the way the hub drives it: force
+// feedback on (force at rest, the wheel's own centering off, the spring on), the hub's force
+// computation fed a car in a right-hand then a left-hand bend with every force it asks for
+// sent, then off again with nothing left playing.
+void testCarMotionOnTheWheel()
+{
+    g_context = "car motion on the wheel";
+    std::string error;
+    vm::UinputWheel wheel;
+    check(wheel.create("vm motion wheel", &error), "uinput wheel created: " + error);
+    EvdevBackend backend;
+    Enumeration found;
+    const int index = waitForDevice(backend, "vm motion wheel", nullptr, &found);
+    std::unique_ptr<BackendDevice> device = index >= 0 ? backend.open(index, &error) : nullptr;
+    check(device != nullptr, "opens: " + error);
+    if (!device)
+        return;
+    const int kWait = static_cast<int>(std::chrono::milliseconds(kPatience).count());
+    const size_t start = wheel.recordCount();
+    check(device->playConstantForce(0.0) && device->setAutocenter(0.0) && device->playSpring(0.3),
+          "force feedback switched on");
+
+    ForceFeedbackComputation computation;
+    std::int64_t nowMs = 0;
+    std::vector<float> lastSent;
+    for (const float lateralG : {0.5f, -0.5f}) {
+        float sent = 0.0f;
+        for (int tick = 0; tick < 50; ++tick) { // a second of the car's 50 Hz motion records
+            nowMs += ForceFeedbackComputation::kTickMs;
+            computation.addMotion({0.0f, lateralG, 0.0f}, nowMs);
+            const ForceFeedbackTick result = computation.tick(nowMs, 0.0f, WheelDrive{1.0f});
+            if (result.wheelForce && device->playConstantForce(*result.wheelForce))
+                sent = *result.wheelForce;
+        }
+        lastSent.push_back(sent);
+    }
+    check(lastSent[0] < -0.3f && lastSent[1] > 0.3f,
+          "the wheel is pushed against the lateral G: " + std::to_string(lastSent[0]) + ", " +
+              std::to_string(lastSent[1]));
+    const auto expected = static_cast<int16_t>(lastSent[1] * 0x7fff);
+    vm::FfRecord last;
+    check(wheel.waitFor(
+              start,
+              [expected](const vm::FfRecord &r) {
+                  return r.kind == vm::FfRecord::Upload && r.effect.type == FF_CONSTANT &&
+                         r.effect.u.constant.level == expected;
+              },
+              kWait, &last),
+          "the wheel holds the last force asked for");
+    int springId = -1;
+    bool springStopped = false;
+    for (const vm::FfRecord &r : wheel.records(start)) {
+        if (r.kind == vm::FfRecord::Upload && r.effect.type == FF_SPRING)
+            springId = r.effectId;
+        springStopped = springStopped || (r.kind == vm::FfRecord::Play && r.effectId == springId && !r.value);
+    }
+    check(springId >= 0 && !springStopped, "the spring plays throughout");
+
+    const size_t off = wheel.recordCount();
+    device->stopConstantForce();
+    device->stopSpring();
+    device->setAutocenter(1.0);
+    for (int id : {last.effectId, springId}) {
+        check(wheel.waitFor(
+                  off,
+                  [id](const vm::FfRecord &r) {
+                      return r.kind == vm::FfRecord::Play && r.effectId == id && !r.value;
+                  },
+                  kWait),
+              "effect " + std::to_string(id) + " stopped when switched off");
+    }
+    check(wheel.waitFor(
+              off,
+              [](const vm::FfRecord &r) { return r.kind == vm::FfRecord::Autocenter && r.value == 0xffff; },
+              kWait),
+          "the wheel's own centering is back");
+    device.reset();
+    wheel.destroy();
+}
+
 int main(int argc, char **argv)
 {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
@@ -504,6 +585,7 @@ int main(int argc, char **argv)
         run([&] { testPermissionProblem(files.front()); });
     run(testKeyboardIsNotListed);
     run(testForceFeedback);
+    run(testCarMotionOnTheWheel);
     const auto seconds =
         std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - started)
             .count() /
