@@ -97,6 +97,23 @@ void ElrsSession::onWalkComplete()
     finish(0);
 }
 
+int ElrsSession::optionIndex(const QList<elrs::Option> &options, const QString &typed)
+{
+    // Modules append details to a label ("500Hz(-105dBm)"); a person types what the label
+    // names ("500hz"), so the part before the bracket matches too, after a whole label.
+    const auto find = [&](const auto &labelOf) {
+        for (const elrs::Option &option : options) {
+            if (labelOf(option.label).compare(typed, Qt::CaseInsensitive) == 0)
+                return option.index;
+        }
+        return -1;
+    };
+    const int whole = find([](const QString &label) { return label; });
+    return whole >= 0
+               ? whole
+               : find([](const QString &label) { return label.section(QLatin1Char('('), 0, 0).trimmed(); });
+}
+
 bool ElrsSession::writeSettings()
 {
     ElrsParameterManager *parameters = m_controller->elrsParameters();
@@ -113,11 +130,7 @@ bool ElrsSession::writeSettings()
             fail(QStringLiteral("no ELRS parameter is called \"%1\"").arg(name));
             return false;
         }
-        int index = -1;
-        for (const elrs::Option &option : parameter->options) {
-            if (option.label.compare(label, Qt::CaseInsensitive) == 0)
-                index = option.index;
-        }
+        const int index = optionIndex(parameter->options, label);
         if (index < 0) {
             fail(QStringLiteral("\"%1\" has no option \"%2\"").arg(name, label));
             return false;

@@ -37,6 +37,8 @@ private:
     void finish(int exitCode);
     // Writes every setting; false (after fail()) at the first that cannot be written.
     bool writeSettings();
+    // The option a person means by `typed` (case ignored), or -1.
+    [[nodiscard]] static int optionIndex(const QList<elrs::Option> &options, const QString &typed);
 
     TavrixController *m_controller;
     QStringList m_settings;
