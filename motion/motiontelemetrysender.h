@@ -75,7 +75,9 @@ public slots:
     // The car's three acceleration values in g (longitudinal, lateral, vertical).
     void setAcceleration(float longitudinalG, float lateralG, float verticalG);
     void setAttitude(float pitchDeg, float rollDeg, float headingDeg);
-    // Radians per second.
+    // Radians per second. Used only while no heading arrives; the car's telemetry today
+    // carries its heading in the attitude frame and no yaw rate, so nothing in the hub
+    // calls this yet: it is here for a receiver that reports one.
     void setYawRate(float radiansPerSecond);
 
     // Someone reads snapshot() and needs the smoothing to run even with the output off.
