@@ -298,7 +298,14 @@ void ReceiverElrsLink::storeEntry(uint8_t field, const QByteArray &data)
         for (const elrs::Option &option : decoded.options)
             labels.append(option.label);
         p.text = type == elrs::Info ? decoded.units : labels.join(QLatin1Char(';'));
-    } else if (type != elrs::Command) {
+    } else if (type == elrs::Command) {
+        // A command's status byte follows its name: it tells whether the command runs,
+        // ended or waits, and the text after it says why.
+        const qsizetype statusAt = data.indexOf('\0', 2) + 1;
+        if (statusAt > 0 && statusAt < data.size())
+            p.value = uint8_t(data[statusAt]);
+        p.text = decoded.units;
+    } else {
         p.value = decoded.value;
     }
     const auto old = m_parameters.constFind(field);

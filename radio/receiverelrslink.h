@@ -43,8 +43,8 @@ public:
     {
         QString name;
         uint8_t type = 0;
-        std::optional<int> value; // the numeric and selection types
-        QString text;             // selection label list, info text
+        std::optional<int> value; // the numeric and selection types, a command's status
+        QString text;             // selection label list, info text, a command's message
     };
 
     // The receiver's fields in the order they are read.
