@@ -10,20 +10,9 @@ namespace tavrix {
 
 namespace {
 
-// The command field's status byte over the radio, as the parameter protocol defines it.
-enum CommandStatus : uint8_t
-{
-    kCommandIdle = 0,
-    kCommandStart = 1,
-    kCommandProgress = 2,
-    kCommandCancel = 5,
-    kCommandPoll = 6,
-};
-
 const QLatin1String kQueryTelemetry{"GET_TELEM"};
 const QLatin1String kQueryOsd{"GET_OSD"};
 const QLatin1String kQueryAxes{"GET_IMU_AXES"};
-const QLatin1String kGyroCal{"IMU_CAL"};
 const QLatin1String kOrientFlat{"IMU_ORIENT FLAT"};
 const QLatin1String kOrientNoseUp{"IMU_ORIENT NOSEUP"};
 
@@ -51,20 +40,17 @@ ReceiverConfigManager::ReceiverConfigManager(ReceiverElrsLink *link, const Recei
     : QObject(parent)
     , m_link(link)
     , m_timings(timings)
+    , m_gyroCal(new ReceiverGyroCalibration(link, timings, this))
     , m_commandTimer(makeTimer(this, timings.commandInterval, false))
     , m_settingsReplyTimer(makeTimer(this, timings.settingsReplyTimeout, true))
     , m_mountingTimer(makeTimer(this, timings.mountingStepTimeout, true))
-    , m_usbGyroTimer(makeTimer(this, timings.usbGyroCalCheck, true))
-    , m_elrsGyroLimitTimer(makeTimer(this, timings.elrsGyroCalLimit, true))
-    , m_elrsGyroPollTimer(makeTimer(this, timings.elrsGyroCalPoll, true))
     , m_elrsRefreshTimer(makeTimer(this, timings.elrsRefreshInterval, false))
 {
     connect(m_commandTimer, &QTimer::timeout, this, &ReceiverConfigManager::sendNextCommand);
     connect(m_settingsReplyTimer, &QTimer::timeout, this, &ReceiverConfigManager::onSettingsReplyTimeout);
     connect(m_mountingTimer, &QTimer::timeout, this, &ReceiverConfigManager::onMountingTimeout);
-    connect(m_usbGyroTimer, &QTimer::timeout, this, &ReceiverConfigManager::onUsbGyroCalCheck);
-    connect(m_elrsGyroLimitTimer, &QTimer::timeout, this, &ReceiverConfigManager::onElrsGyroCalLimit);
-    connect(m_elrsGyroPollTimer, &QTimer::timeout, this, &ReceiverConfigManager::pollElrsGyroCal);
+    connect(m_gyroCal, &ReceiverGyroCalibration::usbCommand, this, &ReceiverConfigManager::queueCommand);
+    connect(m_gyroCal, &ReceiverGyroCalibration::changed, this, &ReceiverConfigManager::gyroCalChanged);
     connect(m_elrsRefreshTimer, &QTimer::timeout, this, &ReceiverConfigManager::onElrsRefresh);
     if (!m_link)
         return;
@@ -72,12 +58,6 @@ ReceiverConfigManager::ReceiverConfigManager(ReceiverElrsLink *link, const Recei
         updateElrsRefresh();
         emit stateChanged();
     });
-    connect(m_link, &ReceiverElrsLink::idle, this, &ReceiverConfigManager::onElrsLinkIdle);
-    // Queued: a link that is dropped reports the unanswered write before it turns idle, and
-    // the calibration must see the loss rather than a missing answer.
-    connect(
-        m_link, &ReceiverElrsLink::directWriteDone, this,
-        [this](uint8_t param, bool, int value) { onElrsWriteDone(param, value); }, Qt::QueuedConnection);
 }
 
 bool ReceiverConfigManager::isOverElrs() const
@@ -118,6 +98,7 @@ void ReceiverConfigManager::setUsbOpen(bool open)
     m_queue.clear();
     m_commandTimer->stop();
     m_settingsReplyTimer->stop();
+    m_gyroCal->setUsbOpen(open);
     if (!open) {
         setUsbState(UsbState::Closed);
         updateElrsRefresh();
@@ -265,10 +246,7 @@ void ReceiverConfigManager::applyReply(const receiver::Reply &reply)
         emit mountingChanged();
     }
     handleOrientReply(reply);
-    if (reply.gyroCal != receiver::Reply::GyroCal::None && m_usbGyroTimer->isActive()) {
-        m_usbGyroResult = reply.gyroCal;
-        m_usbGyroReason = reply.reason;
-    }
+    m_gyroCal->onConsoleReply(reply.gyroCal, reply.reason);
 }
 
 void ReceiverConfigManager::storeReported(const QString &key, int value, bool &changed)
@@ -308,10 +286,10 @@ void ReceiverConfigManager::onSettingsReplyTimeout()
 
 QString ReceiverConfigManager::gpsStatusText() const
 {
-    if (!m_gpsStatus && m_reported.value(QStringLiteral("GPS_ON"), 1) != 0)
-        return {};
-    return receiver::gpsStatusText(m_gpsStatus.value_or(receiver::GpsStatus{}),
-                                   m_reported.value(QStringLiteral("GPS_ON"), 1) != 0);
+    const bool gpsOn = m_reported.value(QStringLiteral("GPS_ON"), 1) != 0;
+    if (gpsOn && !m_gpsStatus)
+        return {}; // nothing reported yet
+    return receiver::gpsStatusText(m_gpsStatus.value_or(receiver::GpsStatus{}), gpsOn);
 }
 
 // --- Mounting ---
@@ -363,115 +341,7 @@ void ReceiverConfigManager::setMounting(Mounting state, const QString &text)
 
 bool ReceiverConfigManager::calibrateGyro()
 {
-    if (m_gyroCal == GyroCal::Running)
-        return false;
-    if (isUsbOpen()) {
-        m_usbGyroResult = receiver::Reply::GyroCal::None;
-        m_usbGyroReason.clear();
-        queueCommand(kGyroCal);
-        m_usbGyroTimer->start();
-        setGyroCal(GyroCal::Running, tr("Calibrating: keep the car still…"));
-        return true;
-    }
-    return startElrsGyroCal();
-}
-
-void ReceiverConfigManager::onUsbGyroCalCheck()
-{
-    using Result = receiver::Reply::GyroCal;
-    if (m_gyroCal != GyroCal::Running)
-        return;
-    if (m_usbGyroResult == Result::Ok)
-        setGyroCal(GyroCal::Done, tr("Gyro calibrated, yaw reset to 0"));
-    else if (m_usbGyroResult == Result::None)
-        setGyroCal(GyroCal::Failed, tr("No answer from the receiver. Try again."));
-    else if (m_usbGyroReason.isEmpty())
-        setGyroCal(GyroCal::Failed, tr("The receiver did not calibrate."));
-    else
-        setGyroCal(GyroCal::Failed, tr("The receiver says: %1").arg(m_usbGyroReason));
-}
-
-bool ReceiverConfigManager::startElrsGyroCal()
-{
-    if (!m_link || m_link->state() != ReceiverElrsLink::State::Ready)
-        return false;
-    const std::optional<uint8_t> field = m_link->fieldId(kElrsGyroCalField);
-    if (!field || !m_link->writeParameter(*field, kCommandStart))
-        return false;
-    m_elrsGyroField = *field;
-    m_elrsCancelPending = false;
-    m_elrsGyroLimitTimer->start();
-    setGyroCal(GyroCal::Running, tr("Starting over ELRS…"));
-    return true;
-}
-
-// The receiver answers each write of the command field with the field read back: its
-// status says whether the calibration still runs, ended, or was refused (with a text).
-void ReceiverConfigManager::onElrsWriteDone(uint8_t param, int value)
-{
-    if (m_elrsGyroField < 0 || param != m_elrsGyroField)
-        return;
-    if (m_elrsCancelPending) {
-        m_elrsCancelPending = false;
-        if (m_link)
-            m_link->writeParameter(param, kCommandCancel);
-        return;
-    }
-    if (m_gyroCal != GyroCal::Running)
-        return;
-    if (value == kCommandStart || value == kCommandProgress) {
-        m_elrsGyroPollTimer->start();
-        return;
-    }
-    m_elrsGyroLimitTimer->stop();
-    if (value == kCommandIdle) {
-        setGyroCal(GyroCal::Done, tr("Gyro calibrated, yaw reset to 0"));
-        return;
-    }
-    if (value < 0) {
-        setGyroCal(GyroCal::Failed, tr("No answer from the receiver. Try again."));
-        return;
-    }
-    const QString said = m_link ? m_link->parameters().value(param).text : QString();
-    setGyroCal(GyroCal::Failed, said.isEmpty() ? tr("The receiver did not calibrate.")
-                                               : tr("The receiver says: %1").arg(said));
-}
-
-void ReceiverConfigManager::pollElrsGyroCal()
-{
-    if (m_gyroCal == GyroCal::Running && m_link && m_elrsGyroField >= 0)
-        m_link->writeParameter(uint8_t(m_elrsGyroField), kCommandPoll);
-}
-
-void ReceiverConfigManager::onElrsGyroCalLimit()
-{
-    if (m_gyroCal != GyroCal::Running || m_elrsGyroField < 0)
-        return;
-    m_elrsGyroPollTimer->stop();
-    // A poll may still be on its way; the cancel then goes out once it is answered.
-    if (!m_link || !m_link->writeParameter(uint8_t(m_elrsGyroField), kCommandCancel))
-        m_elrsCancelPending = true;
-    setGyroCal(GyroCal::Failed, tr("Not finished: the car must stand still. Try again."));
-}
-
-void ReceiverConfigManager::onElrsLinkIdle()
-{
-    updateElrsRefresh();
-    if (m_gyroCal != GyroCal::Running || m_elrsGyroField < 0 || isUsbOpen())
-        return;
-    m_elrsGyroLimitTimer->stop();
-    m_elrsGyroPollTimer->stop();
-    m_elrsCancelPending = false;
-    setGyroCal(GyroCal::Failed, tr("Lost the receiver during calibration."));
-}
-
-void ReceiverConfigManager::setGyroCal(GyroCal state, const QString &text)
-{
-    m_gyroCal = state;
-    m_gyroCalText = text;
-    if (state != GyroCal::Running && !m_elrsCancelPending)
-        m_elrsGyroField = -1;
-    emit gyroCalChanged();
+    return m_gyroCal->start(isUsbOpen());
 }
 
 // --- Raw console ---
@@ -497,9 +367,15 @@ void ReceiverConfigManager::updateElrsRefresh()
         m_elrsRefreshTimer->stop();
 }
 
+void ReceiverConfigManager::searchOverElrs()
+{
+    if (m_link)
+        m_link->startSearch();
+}
+
 void ReceiverConfigManager::onElrsRefresh()
 {
-    if (!isOverElrs() || m_gyroCal == GyroCal::Running)
+    if (!isOverElrs() || gyroCal() == GyroCal::Running)
         return;
     if (m_lastTelemetry.isValid() && !m_lastTelemetry.hasExpired(m_timings.elrsTelemetrySilence.count()))
         return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "receiverconfigtimings.h"
+#include "receivergyrocalibration.h"
 #include "receiverline.h"
 
 #include <QElapsedTimer>
@@ -39,14 +40,7 @@ public:
     };
     Q_ENUM(UsbState)
 
-    enum class GyroCal
-    {
-        Idle,
-        Running,
-        Done,
-        Failed,
-    };
-    Q_ENUM(GyroCal)
+    using GyroCal = ReceiverGyroCalibration::State;
 
     enum class Mounting
     {
@@ -69,9 +63,6 @@ public:
         friend bool operator==(const Caps &, const Caps &) = default;
     };
 
-    // The receiver's command field, over the radio, that calibrates the gyro.
-    static constexpr QLatin1String kElrsGyroCalField{"Calibrate IMU"};
-
     // link (not owned, may be null) reaches the receiver over the radio.
     explicit ReceiverConfigManager(ReceiverElrsLink *link, const ReceiverConfigTimings &timings = {},
                                    QObject *parent = nullptr);
@@ -85,8 +76,8 @@ public:
     [[nodiscard]] const Caps &caps() const { return m_caps; }
     [[nodiscard]] QString imuAxes() const { return m_imuAxes; }
     [[nodiscard]] QString gpsStatusText() const;
-    [[nodiscard]] GyroCal gyroCal() const { return m_gyroCal; }
-    [[nodiscard]] QString gyroCalText() const { return m_gyroCalText; }
+    [[nodiscard]] GyroCal gyroCal() const { return m_gyroCal->state(); }
+    [[nodiscard]] QString gyroCalText() const { return m_gyroCal->text(); }
     [[nodiscard]] Mounting mounting() const { return m_mounting; }
     [[nodiscard]] QString mountingText() const { return m_mountingText; }
     // The connection line of the Receiver tab, and its two halves.
@@ -114,6 +105,8 @@ public slots:
     bool calibrateGyro();
     // Step 0 with the car flat, step 1 with its front lifted.
     bool detectMountingStep(int step);
+    // Starts (or restarts) the search for the receiver over the radio.
+    void searchOverElrs();
     // A line typed by the user; refused when empty or when it would start the boot loader.
     bool sendConsoleCommand(const QString &line);
     // One line from the receiver's console, as read (not yet cleaned).
@@ -142,13 +135,6 @@ private:
     void handleOrientReply(const receiver::Reply &reply);
     void setMounting(Mounting state, const QString &text);
     void onMountingTimeout();
-    void setGyroCal(GyroCal state, const QString &text);
-    void onUsbGyroCalCheck();
-    bool startElrsGyroCal();
-    void onElrsWriteDone(uint8_t param, int value);
-    void onElrsGyroCalLimit();
-    void onElrsLinkIdle();
-    void pollElrsGyroCal();
     void updateElrsRefresh();
     void onElrsRefresh();
 
@@ -166,12 +152,7 @@ private:
     std::optional<receiver::GpsStatus> m_gpsStatus;
     QStringList m_queue;
 
-    GyroCal m_gyroCal = GyroCal::Idle;
-    QString m_gyroCalText;
-    receiver::Reply::GyroCal m_usbGyroResult = receiver::Reply::GyroCal::None;
-    QString m_usbGyroReason;
-    int m_elrsGyroField = -1; // the command field of a calibration over the radio
-    bool m_elrsCancelPending = false;
+    ReceiverGyroCalibration *m_gyroCal = nullptr;
 
     Mounting m_mounting = Mounting::Idle;
     QString m_mountingText;
@@ -179,9 +160,6 @@ private:
     QTimer *m_commandTimer = nullptr;
     QTimer *m_settingsReplyTimer = nullptr;
     QTimer *m_mountingTimer = nullptr;
-    QTimer *m_usbGyroTimer = nullptr;
-    QTimer *m_elrsGyroLimitTimer = nullptr;
-    QTimer *m_elrsGyroPollTimer = nullptr;
     QTimer *m_elrsRefreshTimer = nullptr;
 };
 

@@ -82,6 +82,7 @@ public:
     QString commandText;
     bool silent = false;
     QList<int> commandWrites;
+    int reads = 0;
 
     Q_INVOKABLE void serialWrite(const QByteArray &frame)
     {
@@ -96,6 +97,7 @@ public:
         }
         if (silent)
             return;
+        reads += type == crsf::kTypeParameterRead;
         QByteArray payload;
         uint8_t answerType = crsf::kTypeParameterEntry;
         if (type == crsf::kTypeDevicePing) {
@@ -157,6 +159,7 @@ private slots:
     void gyroCalibrationOverUsb();
     void gyroCalibrationOverElrs_data();
     void gyroCalibrationOverElrs();
+    void silentTelemetryRereadsTheSettingsOverElrs();
     void consoleRefusesBootLoaderAndEmptyLines_data();
     void consoleRefusesBootLoaderAndEmptyLines();
 };
@@ -327,6 +330,25 @@ void TestReceiverConfigManager::gyroCalibrationOverElrs()
     QCOMPARE(manager.gyroCalText(), text);
     QTRY_COMPARE_WITH_TIMEOUT(car.commandWrites.value(car.commandWrites.size() - 1), lastWrite, 20000);
     QCOMPARE(car.commandWrites.first(), 1);
+}
+
+void TestReceiverConfigManager::silentTelemetryRereadsTheSettingsOverElrs()
+{
+    RadioReceiver car;
+    car.link = new ReceiverElrsLink(nullptr, {}, &car);
+    ReceiverConfigTimings t = shortTimings();
+    t.elrsRefreshInterval = milliseconds(50);
+    t.elrsTelemetrySilence = milliseconds(100);
+    Manager manager(car.link, t);
+    car.link->setEnabled(true);
+    car.link->setTransmitterRunning(true);
+    QTRY_COMPARE_WITH_TIMEOUT(car.link->state(), ReceiverElrsLink::State::Ready, 20000);
+    const int firstRead = car.reads;
+
+    QTRY_VERIFY_WITH_TIMEOUT(car.reads >= 2 * firstRead, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(manager.statusText(),
+                              QStringLiteral("Connected over ELRS · firmware 4.4.3 · settings applied"),
+                              20000);
 }
 
 void TestReceiverConfigManager::consoleRefusesBootLoaderAndEmptyLines_data()
