@@ -120,7 +120,11 @@ void ReceiverConfigManager::setUsbState(UsbState state)
 
 void ReceiverConfigManager::setVehicleType(const QString &vehicleType)
 {
+    const bool wasCar = m_carActive;
     m_carActive = vehicleType == QLatin1String("rc_car");
+    // Changes chosen under another vehicle type go out once a car profile is active.
+    if (m_carActive && !wasCar && m_usbState == UsbState::Synced && !pendingChanges().isEmpty())
+        applySettings();
 }
 
 void ReceiverConfigManager::setTransmitting(bool transmitting)
@@ -140,7 +144,9 @@ void ReceiverConfigManager::noteCarTelemetry()
 
 bool ReceiverConfigManager::setDesiredSetting(const QString &key, int value)
 {
-    if (!receiver::settingKey(key))
+    const std::optional<receiver::SettingKey> setting = receiver::settingKey(key);
+    if (!setting ||
+        std::find(setting->allowed.begin(), setting->allowed.end(), value) == setting->allowed.end())
         return false;
     if (m_desired.value(key, value + 1) != value) {
         m_desired.insert(key, value);

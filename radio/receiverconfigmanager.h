@@ -96,7 +96,8 @@ public slots:
     void setTransmitting(bool transmitting);
     // A telemetry frame from the car arrived.
     void noteCarTelemetry();
-    // Unknown keys are refused. A change is applied at once when the receiver is on USB.
+    // Unknown keys and values the receiver does not take are refused. A change is applied
+    // at once when the receiver is on USB.
     bool setDesiredSetting(const QString &key, int value);
     // Sends every desired value the receiver does not report yet, then reads them back.
     bool applySettings();

@@ -7,28 +7,34 @@
 
 #include <array>
 #include <optional>
+#include <span>
 
 namespace tavrix::receiver {
 
-// One setting of the receiver: its key in the receiver's own reports and the console
-// command that sets it ("%1" is the value).
+inline constexpr std::array<int, 2> kOnOff{0, 1};
+inline constexpr std::array<int, 6> kGpsRates{0, 1, 2, 4, 5, 10};
+inline constexpr std::array<int, 4> kMotionRates{5, 10, 20, 25};
+
+// One setting of the receiver: its key in the receiver's own reports, the console command
+// that sets it ("%1" is the value) and the only values the receiver takes for it.
 struct SettingKey
 {
     QLatin1String key;
     QLatin1String command;
+    std::span<const int> allowed;
 };
 
 // Every setting, in the order a change is applied: the GPS is powered before its rate and
 // telemetry are set, the OSD and the sensors last.
 inline constexpr std::array<SettingKey, 8> kSettings{{
-    {QLatin1String("GPS_ON"), QLatin1String("SET_GPS %1")},
-    {QLatin1String("GPS_RATE"), QLatin1String("GPS_RATE %1")},
-    {QLatin1String("GPS"), QLatin1String("SET_GPS_TELEM %1")},
-    {QLatin1String("IMU"), QLatin1String("SET_IMU_TELEM %1")},
-    {QLatin1String("MOTION"), QLatin1String("SET_MOTION_TELEM %1")},
-    {QLatin1String("MOTION_RATE"), QLatin1String("SET_MOTION_RATE %1")},
-    {QLatin1String("OSD"), QLatin1String("SET_OSD %1")},
-    {QLatin1String("MOTION_SENSORS"), QLatin1String("SET_MOTION_SENSORS %1")},
+    {QLatin1String("GPS_ON"), QLatin1String("SET_GPS %1"), kOnOff},
+    {QLatin1String("GPS_RATE"), QLatin1String("GPS_RATE %1"), kGpsRates},
+    {QLatin1String("GPS"), QLatin1String("SET_GPS_TELEM %1"), kOnOff},
+    {QLatin1String("IMU"), QLatin1String("SET_IMU_TELEM %1"), kOnOff},
+    {QLatin1String("MOTION"), QLatin1String("SET_MOTION_TELEM %1"), kOnOff},
+    {QLatin1String("MOTION_RATE"), QLatin1String("SET_MOTION_RATE %1"), kMotionRates},
+    {QLatin1String("OSD"), QLatin1String("SET_OSD %1"), kOnOff},
+    {QLatin1String("MOTION_SENSORS"), QLatin1String("SET_MOTION_SENSORS %1"), kOnOff},
 }};
 
 [[nodiscard]] std::optional<SettingKey> settingKey(QStringView key);
