@@ -12,6 +12,7 @@ namespace {
 // One line the receiver holds at most; a longer one without its line end is dropped.
 constexpr qsizetype kMaxCommandLength = 256;
 
+// The channel range of a CRSF receiver: 172..1811, printed as 988..2012 us.
 constexpr int kPulseMinUs = 988;
 constexpr int kPulseMaxUs = 2012;
 constexpr int kCrsfMin = 172;
@@ -40,14 +41,12 @@ constexpr SettingCommand kSettingCommands[] = {
     {"SET_MOTION_SENSORS", "MOTION_SENSORS", "MOTION_SENSORS_OK", 0, 1, 1},
 };
 
-// Commands an older receiver does not know and stays silent on.
-constexpr const char *kNewerCommands[] = {"GET_TELEM", "GET_OSD", "GET_IMU_AXES", "IMU_CAL", "IMU_ORIENT"};
-
 constexpr uint8_t kMspAttitude = 108;
 
 using MountingError = ReceiverSimulatorSettings::MountingError;
 
-// The reason an "IMU_ORIENT_ERR" gives, and the step (1 or 2) that fails; empty for none.
+// The step (1 or 2) a scripted error fails and the reason its "IMU_ORIENT_ERR" gives;
+// no reason: the receiver does not answer at all.
 struct MountingFailure
 {
     MountingError error;
@@ -204,6 +203,21 @@ void ReceiverSimulator::onReadyRead()
         m_inbox.clear();
 }
 
+std::span<const ReceiverSimulator::ConsoleCommand> ReceiverSimulator::consoleCommands()
+{
+    static const ConsoleCommand commands[] = {
+        {"VER", false, &ReceiverSimulator::answerVersion},
+        {"HW", false, &ReceiverSimulator::answerHardware},
+        {"HELP", false, &ReceiverSimulator::answerHelp},
+        {"GET_TELEM", true, &ReceiverSimulator::answerTelemetry},
+        {"GET_OSD", true, &ReceiverSimulator::answerOsd},
+        {"GET_IMU_AXES", true, &ReceiverSimulator::answerAxes},
+        {"IMU_CAL", true, &ReceiverSimulator::answerGyroCalibration},
+        {"IMU_ORIENT", true, &ReceiverSimulator::answerMounting},
+    };
+    return commands;
+}
+
 void ReceiverSimulator::handleCommand(const QString &command)
 {
     m_commands.append(command);
@@ -211,55 +225,68 @@ void ReceiverSimulator::handleCommand(const QString &command)
         m_commands.removeFirst();
     emit commandReceived(command, QDateTime::currentMSecsSinceEpoch());
 
-    if (command == QLatin1String("VER")) {
-        sendLine(QStringLiteral("Orvane:") + firmwareVersion());
-        return;
-    }
-    if (command == QLatin1String("HW")) {
-        sendLine(QStringLiteral("HW:") + m_settings.hardware);
-        return;
-    }
     if (ReceiverLedStrip::isLedCommand(command)) {
         sendLine(m_led.handle(command));
         return;
     }
     const QString name = command.section(QLatin1Char(' '), 0, 0);
-    if (m_settings.oldFirmware) {
-        for (const SettingCommand &setting : kSettingCommands)
-            if (name == QLatin1String(setting.command))
-                return;
-        for (const char *newer : kNewerCommands)
-            if (name == QLatin1String(newer))
-                return;
-    }
-    if (answerSetting(command))
+    const QString argument = command.section(QLatin1Char(' '), 1);
+    for (const ConsoleCommand &console : consoleCommands()) {
+        if (name != QLatin1String(console.name))
+            continue;
+        if (!(console.sinceSettings && m_settings.oldFirmware))
+            (this->*console.answer)(argument);
         return;
-    if (command == QLatin1String("GET_TELEM"))
-        sendTelemetry(false);
-    else if (command == QLatin1String("GET_OSD"))
-        sendLine(QStringLiteral("OSD:%1").arg(m_values.value(QStringLiteral("OSD"))));
-    else if (command == QLatin1String("GET_IMU_AXES"))
-        sendLine(QStringLiteral("IMU_AXES:") + m_axes);
-    else if (command == QLatin1String("IMU_CAL"))
-        startGyroCalibration();
-    else if (name == QLatin1String("IMU_ORIENT"))
-        answerMounting(command.section(QLatin1Char(' '), 1));
-    else if (command == QLatin1String("HELP"))
-        sendLine(QStringLiteral("Commands: VER HW GET_TELEM GET_OSD GET_IMU_AXES SET_OSD SET_GPS GPS_RATE "
-                                "SET_GPS_TELEM SET_IMU_TELEM SET_MOTION_TELEM SET_MOTION_RATE "
-                                "SET_MOTION_SENSORS IMU_CAL IMU_ORIENT LED_*"));
-    else
+    }
+    if (!answerSetting(name, argument))
         sendLine(QStringLiteral("ERR unknown command: ") + command);
 }
 
-bool ReceiverSimulator::answerSetting(const QString &command)
+void ReceiverSimulator::answerVersion(const QString &)
 {
-    const QString name = command.section(QLatin1Char(' '), 0, 0);
+    sendLine(QStringLiteral("Orvane:") + firmwareVersion());
+}
+
+void ReceiverSimulator::answerHardware(const QString &)
+{
+    sendLine(QStringLiteral("HW:") + m_settings.hardware);
+}
+
+void ReceiverSimulator::answerHelp(const QString &)
+{
+    QStringList names;
+    for (const ConsoleCommand &console : consoleCommands())
+        names.append(QLatin1String(console.name));
+    for (const SettingCommand &setting : kSettingCommands)
+        names.append(QLatin1String(setting.command));
+    names.append(QStringLiteral("LED_*"));
+    sendLine(QStringLiteral("Commands: ") + names.join(QLatin1Char(' ')));
+}
+
+void ReceiverSimulator::answerTelemetry(const QString &)
+{
+    sendTelemetry(false);
+}
+
+void ReceiverSimulator::answerOsd(const QString &)
+{
+    sendLine(QStringLiteral("OSD:%1").arg(m_values.value(QStringLiteral("OSD"))));
+}
+
+void ReceiverSimulator::answerAxes(const QString &)
+{
+    sendLine(QStringLiteral("IMU_AXES:") + m_axes);
+}
+
+bool ReceiverSimulator::answerSetting(const QString &name, const QString &argument)
+{
     for (const SettingCommand &setting : kSettingCommands) {
         if (name != QLatin1String(setting.command))
             continue;
+        if (m_settings.oldFirmware)
+            return true;
         bool ok = false;
-        const int value = command.section(QLatin1Char(' '), 1).toInt(&ok);
+        const int value = argument.toInt(&ok);
         if (!ok || value < setting.minimum || value > setting.maximum) {
             sendLine(
                 QStringLiteral("ERR %1 needs %2..%3").arg(name).arg(setting.minimum).arg(setting.maximum));
@@ -307,7 +334,7 @@ void ReceiverSimulator::answerMounting(const QString &step)
     sendLine(QStringLiteral("IMU_ORIENT_OK"));
 }
 
-void ReceiverSimulator::startGyroCalibration()
+void ReceiverSimulator::answerGyroCalibration(const QString &)
 {
     if (m_gyroTimer->isActive())
         return; // one calibration at a time; the running one still reports

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QStringList>
 
+#include <span>
+
 class QTimer;
 
 namespace tavrix {
@@ -125,10 +127,26 @@ signals:
 
 private:
     void onReadyRead();
+    // A console command by its first word; the rest of the line is its argument.
+    struct ConsoleCommand
+    {
+        const char *name;
+        bool sinceSettings; // unknown to an older receiver, which stays silent
+        void (ReceiverSimulator::*answer)(const QString &argument);
+    };
+    static std::span<const ConsoleCommand> consoleCommands();
+
     void handleCommand(const QString &command);
-    [[nodiscard]] bool answerSetting(const QString &command);
+    void answerVersion(const QString &);
+    void answerHardware(const QString &);
+    void answerHelp(const QString &);
+    void answerTelemetry(const QString &);
+    void answerOsd(const QString &);
+    void answerAxes(const QString &);
+    void answerGyroCalibration(const QString &);
     void answerMounting(const QString &step);
-    void startGyroCalibration();
+    // False when the name is no settings command.
+    [[nodiscard]] bool answerSetting(const QString &name, const QString &argument);
     void finishGyroCalibration();
     void sendTelemetry(bool withMspFrame);
     void sendCalibrationLines();
