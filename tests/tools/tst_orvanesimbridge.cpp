@@ -46,6 +46,8 @@ private slots:
         // SIGUSR1 unplugs the bridge, SIGUSR2 plugs it back in under the same link path.
         ::kill(pid_t(sim.processId()), SIGUSR1);
         QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(link), 5000);
+        // The first client must notice the unplug and let go of the port's lock first.
+        QTRY_VERIFY_WITH_TIMEOUT(!client.port.isOpen(), 5000);
         ::kill(pid_t(sim.processId()), SIGUSR2);
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(link), 5000);
         BridgeClient again;
