@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QSerialPort>
 
-// The host's end of the simulated bridge in tests: a real QSerialPort on the pty,
+// The host's end of a simulated serial peer in tests: a real QSerialPort on the pty,
 // its output split by the tests' own parser.
 class BridgeClient : public QObject
 {
@@ -15,7 +15,9 @@ public:
         : QObject(parent)
     {
         connect(&port, &QSerialPort::readyRead, this, [this] {
-            parser.feed(port.readAll());
+            const QByteArray bytes = port.readAll();
+            raw += bytes;
+            parser.feed(bytes);
             emit received();
         });
         // A pty whose far end is gone reports read errors in a storm: treat it as the unplug it is.
@@ -45,6 +47,8 @@ public:
 
     QSerialPort port;
     crsftest::HostStreamParser parser;
+    // Everything received, as it came.
+    QByteArray raw;
 
 signals:
     void received();

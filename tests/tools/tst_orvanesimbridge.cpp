@@ -8,7 +8,7 @@
 
 #include <csignal>
 
-// `orvane-sim bridge` as a user runs it: a separate process serving a link path, unplugged
+// `orvane-sim bridge` (and `receiver`) as a user runs it: a separate process serving a link path, unplugged
 // and replugged and stopped by signals. What its log holds is checked in-process (tst_bridgesimulator) and
 // from this program by the headless end-to-end test.
 class TestOrvaneSimBridge : public QObject
@@ -46,6 +46,8 @@ private slots:
         // SIGUSR1 unplugs the bridge, SIGUSR2 plugs it back in under the same link path.
         ::kill(pid_t(sim.processId()), SIGUSR1);
         QTRY_VERIFY_WITH_TIMEOUT(!QFileInfo::exists(link), 5000);
+        // The first client must notice the unplug and let go of the port's lock first.
+        QTRY_VERIFY_WITH_TIMEOUT(!client.port.isOpen(), 5000);
         ::kill(pid_t(sim.processId()), SIGUSR2);
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(link), 5000);
         BridgeClient again;
@@ -101,6 +103,36 @@ private slots:
         QVERIFY(sim.waitForFinished(10000));
     }
 
+    void receiverConsoleAnswersAndEndsCleanly()
+    {
+        QTemporaryDir dir;
+        const QString log = dir.filePath(QStringLiteral("receiver.jsonl"));
+        const QString link = dir.filePath(QStringLiteral("ttyRX"));
+        QProcess sim;
+        QByteArray printed;
+        connect(&sim, &QProcess::readyReadStandardOutput, this,
+                [&] { printed += sim.readAllStandardOutput(); });
+        sim.start(QStringLiteral(ORVANE_SIM_EXECUTABLE),
+                  {QStringLiteral("receiver"), QStringLiteral("--old-firmware"), QStringLiteral("--log"), log,
+                   QStringLiteral("--link"), link});
+        QTRY_VERIFY_WITH_TIMEOUT(printed.contains("link: " + link.toUtf8()), 10000);
+        QVERIFY(printed.startsWith("pty: /dev/pts/"));
+
+        BridgeClient client;
+        QVERIFY2(client.open(link), qPrintable(client.port.errorString()));
+        client.send("SET_OSD 0\nVER\n");
+        QVERIFY(client.waitForLine(QStringLiteral("Orvane:3."), 5000));
+        QVERIFY(client.parser.lines.filter(QStringLiteral("OSD_OK")).isEmpty());
+
+        sim.terminate();
+        QVERIFY(sim.waitForFinished(10000));
+        QCOMPARE(sim.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(sim.exitCode(), 0);
+        QFile file(log);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY(file.readAll().contains("\"command\":\"SET_OSD 0\""));
+    }
+
     void badOptionsAreRefused_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -111,6 +143,8 @@ private slots:
             << QStringList{QStringLiteral("bridge"), QStringLiteral("--receiver"), QStringLiteral("orv9")};
         QTest::newRow("walk field id out of range") << QStringList{
             QStringLiteral("bridge"), QStringLiteral("--walk-repeat-header"), QStringLiteral("256")};
+        QTest::newRow("unknown mounting error") << QStringList{
+            QStringLiteral("receiver"), QStringLiteral("--mounting-error"), QStringLiteral("sideways")};
     }
 
     void badOptionsAreRefused()

@@ -1,13 +1,16 @@
 // orvane-sim: simulated peers of the hub on pseudo-terminals, for demos and manual checks.
 #include "bridgelog.h"
 #include "bridgesimulator.h"
+#include "receiversimulator.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QSocketNotifier>
 #include <QTextStream>
 
 #include <csignal>
+#include <functional>
 #include <optional>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -38,27 +41,72 @@ bool installSignalForwarding()
     return true;
 }
 
+// Runs the event loop until SIGINT or SIGTERM; SIGUSR1 and SIGUSR2 unplug and replug.
+int runUntilStopped(QCoreApplication &app, const std::function<void()> &unplug,
+                    const std::function<void()> &replug)
+{
+    QSocketNotifier notifier(g_signalSocket[1], QSocketNotifier::Read);
+    QObject::connect(&notifier, &QSocketNotifier::activated, &app, [&] {
+        char signal = 0;
+        if (::read(g_signalSocket[1], &signal, 1) != 1)
+            return;
+        switch (signal) {
+        case SIGUSR1:
+            unplug();
+            break;
+        case SIGUSR2:
+            replug();
+            break;
+        default:
+            app.quit();
+        }
+    });
+    return app.exec();
+}
+
 using ReceiverModel = tavrix::sim::SimulatedParameterDevice::ReceiverModel;
 
-struct ReceiverChoice
+// A value chosen on the command line by name.
+template<typename T> struct Choice
 {
     const char *name;
-    ReceiverModel model;
+    T value;
 };
 
-constexpr ReceiverChoice kReceiverChoices[] = {
+template<typename T, size_t N> std::optional<T> choose(const Choice<T> (&choices)[N], const QString &name)
+{
+    for (const Choice<T> &choice : choices)
+        if (name == QLatin1String(choice.name))
+            return choice.value;
+    return std::nullopt;
+}
+
+template<typename T, size_t N> QString choiceNames(const Choice<T> (&choices)[N])
+{
+    QStringList names;
+    for (const Choice<T> &choice : choices)
+        names.append(QLatin1String(choice.name));
+    return names.join(QStringLiteral(", "));
+}
+
+constexpr Choice<ReceiverModel> kReceiverChoices[] = {
     {"orv4", ReceiverModel::OrvaneV4},
     {"orv1", ReceiverModel::OrvaneV1},
     {"foreign", ReceiverModel::Foreign},
 };
 
-std::optional<ReceiverModel> receiverModel(const QString &name)
-{
-    for (const ReceiverChoice &choice : kReceiverChoices)
-        if (name == QLatin1String(choice.name))
-            return choice.model;
-    return std::nullopt;
-}
+using MountingError = tavrix::sim::ReceiverSimulatorSettings::MountingError;
+constexpr Choice<MountingError> kMountingErrorChoices[] = {
+    {"not-flat", MountingError::NotFlat},     {"no-tilt", MountingError::NoTilt},
+    {"flat-first", MountingError::FlatFirst}, {"no-imu", MountingError::ImuNotRunning},
+    {"other", MountingError::Other},          {"silent", MountingError::NoAnswer},
+};
+
+using GyroCalibration = tavrix::sim::ReceiverSimulatorSettings::GyroCalibration;
+constexpr Choice<GyroCalibration> kGyroErrorChoices[] = {
+    {"moved", GyroCalibration::CarMoved},
+    {"silent", GyroCalibration::NoAnswer},
+};
 
 // Field ids given as repeated options; false when one is not a number from 1 to 255.
 bool parseFieldIds(const QStringList &values, QSet<uint8_t> &ids)
@@ -134,12 +182,9 @@ int runBridge(QCoreApplication &app, const QStringList &arguments)
         }
     }
     if (parser.isSet(receiverOption)) {
-        const std::optional<ReceiverModel> model = receiverModel(parser.value(receiverOption));
+        const std::optional<ReceiverModel> model = choose(kReceiverChoices, parser.value(receiverOption));
         if (!model) {
-            QStringList names;
-            for (const ReceiverChoice &choice : kReceiverChoices)
-                names.append(QLatin1String(choice.name));
-            err << "orvane-sim: --receiver must be one of " << names.join(QStringLiteral(", ")) << '\n';
+            err << "orvane-sim: --receiver must be one of " << choiceNames(kReceiverChoices) << '\n';
             return 2;
         }
         settings.receiver = *model;
@@ -179,28 +224,124 @@ int runBridge(QCoreApplication &app, const QStringList &arguments)
         out.flush();
     });
 
-    QSocketNotifier notifier(g_signalSocket[1], QSocketNotifier::Read);
-    QObject::connect(&notifier, &QSocketNotifier::activated, &app, [&] {
-        char signal = 0;
-        if (::read(g_signalSocket[1], &signal, 1) != 1)
-            return;
-        switch (signal) {
-        case SIGUSR1:
+    return runUntilStopped(
+        app,
+        [&] {
             err << "orvane-sim: unplugged\n";
             err.flush();
             bridge.hangUp();
-            break;
-        case SIGUSR2:
+        },
+        [&] {
             if (!bridge.plugIn()) {
                 err << "orvane-sim: replug failed: " << bridge.errorString() << '\n';
                 err.flush();
             }
-            break;
-        default:
-            app.quit();
+        });
+}
+
+int runReceiver(QCoreApplication &app, const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Plays the Orvane receiver's USB console on a pseudo-terminal.\n"
+                       "SIGUSR1 unplugs it, SIGUSR2 plugs it back in; SIGINT or SIGTERM ends the run."));
+    parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("receiver"), QStringLiteral("The simulated device."));
+    const QCommandLineOption logOption(
+        QStringLiteral("log"),
+        QStringLiteral("Write the commands the receiver gets as JSON lines to <file>."),
+        QStringLiteral("file"));
+    const QCommandLineOption linkOption(QStringLiteral("link"),
+                                        QStringLiteral("Also serve the port as a symlink at <path>."),
+                                        QStringLiteral("path"));
+    const QCommandLineOption oldFirmwareOption(
+        QStringLiteral("old-firmware"),
+        QStringLiteral("Play an older receiver that ignores settings commands."));
+    const QCommandLineOption mountingErrorOption(
+        QStringLiteral("mounting-error"),
+        QStringLiteral("Fail the mounting detection: %1.").arg(choiceNames(kMountingErrorChoices)),
+        QStringLiteral("kind"));
+    const QCommandLineOption gyroErrorOption(
+        QStringLiteral("gyro-cal-error"),
+        QStringLiteral("Fail the gyro calibration: %1.").arg(choiceNames(kGyroErrorChoices)),
+        QStringLiteral("kind"));
+    const QCommandLineOption telemetryOption(
+        QStringLiteral("telem-ms"),
+        QStringLiteral("Period of the TELEM line (default 1000, 0 = only asked)."), QStringLiteral("ms"));
+    parser.addOptions(
+        {logOption, linkOption, oldFirmwareOption, mountingErrorOption, gyroErrorOption, telemetryOption});
+    parser.process(arguments);
+
+    QTextStream err(stderr);
+    tavrix::sim::ReceiverSimulatorSettings settings;
+    settings.oldFirmware = parser.isSet(oldFirmwareOption);
+    if (parser.isSet(mountingErrorOption)) {
+        const auto error = choose(kMountingErrorChoices, parser.value(mountingErrorOption));
+        if (!error) {
+            err << "orvane-sim: --mounting-error must be one of " << choiceNames(kMountingErrorChoices)
+                << '\n';
+            return 2;
         }
-    });
-    return app.exec();
+        settings.mountingError = *error;
+    }
+    if (parser.isSet(gyroErrorOption)) {
+        const auto outcome = choose(kGyroErrorChoices, parser.value(gyroErrorOption));
+        if (!outcome) {
+            err << "orvane-sim: --gyro-cal-error must be one of " << choiceNames(kGyroErrorChoices) << '\n';
+            return 2;
+        }
+        settings.gyroCalibration = *outcome;
+    }
+    if (parser.isSet(telemetryOption)) {
+        bool ok = false;
+        settings.telemetryIntervalMs = parser.value(telemetryOption).toInt(&ok);
+        if (!ok || settings.telemetryIntervalMs < 0) {
+            err << "orvane-sim: --telem-ms must be a whole number of milliseconds\n";
+            return 2;
+        }
+    }
+
+    tavrix::sim::ReceiverSimulator receiver(settings);
+    tavrix::sim::BridgeLog log;
+    if (parser.isSet(logOption)) {
+        if (!log.open(parser.value(logOption))) {
+            err << "orvane-sim: cannot write " << parser.value(logOption) << ": " << log.errorString()
+                << '\n';
+            return 1;
+        }
+        QObject::connect(&receiver, &tavrix::sim::ReceiverSimulator::commandReceived, &log,
+                         &tavrix::sim::BridgeLog::logCommand);
+    }
+    if (!receiver.start(parser.value(linkOption))) {
+        err << "orvane-sim: cannot create the pseudo-terminal: " << receiver.errorString() << '\n';
+        return 1;
+    }
+
+    QTextStream out(stdout);
+    const auto printPaths = [&] {
+        out << "pty: " << receiver.slavePath() << '\n';
+        if (!receiver.linkPath().isEmpty())
+            out << "link: " << receiver.linkPath() << '\n';
+        out.flush();
+    };
+    printPaths();
+    return runUntilStopped(
+        app,
+        [&] {
+            err << "orvane-sim: unplugged\n";
+            err.flush();
+            log.logEvent(QStringLiteral("unplugged"), QDateTime::currentMSecsSinceEpoch());
+            receiver.hangUp();
+        },
+        [&] {
+            if (!receiver.plugIn()) {
+                err << "orvane-sim: replug failed: " << receiver.errorString() << '\n';
+                err.flush();
+                return;
+            }
+            log.logEvent(QStringLiteral("plugged-in"), QDateTime::currentMSecsSinceEpoch());
+            printPaths();
+        });
 }
 
 } // namespace
@@ -217,7 +358,9 @@ int main(int argc, char *argv[])
     const QString device = arguments.value(1);
     if (device == QLatin1String("bridge"))
         return runBridge(app, arguments);
-    QTextStream(stderr)
-        << "usage: orvane-sim bridge [options]   (orvane-sim bridge --help for the options)\n";
+    if (device == QLatin1String("receiver"))
+        return runReceiver(app, arguments);
+    QTextStream(stderr) << "usage: orvane-sim bridge|receiver [options]   (orvane-sim bridge --help for the "
+                           "options)\n";
     return 2;
 }
