@@ -13,6 +13,10 @@ ReceiverPort::ReceiverPort(std::shared_ptr<const SerialPortDirectory> ports, con
     , m_port(new TavrixSerialPort(timings.port, this))
     , m_reconnector(new PortReconnector(m_ports, timings.reconnect, this))
 {
+    // The receiver is flashed through this same cable with DTR and RTS kept low, the lines
+    // its boot loader listens to; the console keeps them low too, so opening it never
+    // resets the receiver or wakes its boot loader.
+    m_port->setControlLines(TavrixSerialPort::ControlLines::Lowered);
     connect(m_port, &TavrixSerialPort::connectedChanged, this, &ReceiverPort::onPortConnectedChanged);
     connect(m_port, &TavrixSerialPort::portNameChanged, this, &ReceiverPort::portNameChanged);
     connect(m_port, &TavrixSerialPort::dataReceived, this, &ReceiverPort::onPortDataReceived);
