@@ -67,6 +67,8 @@ void ReceiverPort::setRememberedPort(const QString &portName, qint32 baudRate)
 
 bool ReceiverPort::writeLine(const QString &line)
 {
+    if (line.contains(QLatin1Char('\n')) || line.contains(QLatin1Char('\r')))
+        return false;
     return m_port->write(line.toUtf8() + '\n') > 0;
 }
 

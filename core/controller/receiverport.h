@@ -50,7 +50,9 @@ public:
     [[nodiscard]] qint32 rememberedBaudRate() const { return m_rememberedBaudRate; }
 
 public slots:
-    // Sends one console line, ended by a line feed. False while the port is closed.
+    // Sends one console line, ended by a line feed. False while the port is closed, and for
+    // text holding a line break: one call is one command, so a check made on the line (such
+    // as refusing the boot loader's command) cannot be slipped past on a second line.
     bool writeLine(const QString &line);
 
 signals:

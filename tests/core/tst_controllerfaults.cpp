@@ -363,6 +363,9 @@ void TestControllerFaults::receiverComingAndGoingLeavesTransmissionAlone()
     QCOMPARE(lines.at(0).at(0).toString(), QStringLiteral("Orvane: 4.4.3"));
     QByteArray sent;
     connect(&receiver, &PseudoTerminal::readyRead, this, [&] { sent += receiver.readAll(); });
+    // A line break cannot smuggle a second command past the checks made on the line.
+    QVERIFY(!port->writeLine(QStringLiteral("OSD 1\nDFU")));
+    QVERIFY(!port->writeLine(QStringLiteral("DFU\rOSD 1")));
     QVERIFY(port->writeLine(QStringLiteral("GET_TELEM")));
     QTRY_COMPARE(sent, QByteArray("GET_TELEM\n"));
 
