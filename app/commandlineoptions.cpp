@@ -45,7 +45,7 @@ std::optional<DeviceChoice> parseDeviceChoice(const QString &value, QString *err
 QStringList headlessOnlyOptions(const QCommandLineParser &parser)
 {
     QStringList set;
-    for (const char *name : {"transmitter", "baud", "vehicle", "start"}) {
+    for (const char *name : {"transmitter", "baud", "receiver", "vehicle", "start"}) {
         if (parser.isSet(QLatin1String(name)))
             set.append(dashed(QLatin1StringView(name)));
     }
@@ -145,6 +145,7 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     const QCommandLineOption start(QStringLiteral("start"), QString());
     const QCommandLineOption transmitter(QStringLiteral("transmitter"), QString(), QStringLiteral("port"));
     const QCommandLineOption baud(QStringLiteral("baud"), QString(), QStringLiteral("rate"));
+    const QCommandLineOption receiver(QStringLiteral("receiver"), QString(), QStringLiteral("port"));
     const QCommandLineOption vehicle(QStringLiteral("vehicle"), QString(), QStringLiteral("type"));
     const QCommandLineOption remotePort(QStringLiteral("remote-port"), QString(), QStringLiteral("port"));
     const QCommandLineOption remoteAddress(QStringLiteral("remote-address"), QString(),
@@ -153,8 +154,8 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
                                           QStringLiteral("host:port"));
     const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
     const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
-    parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, vehicle,
-                       remotePort, remoteAddress, motionOutput, elrsList, elrsSet});
+    parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, receiver,
+                       vehicle, remotePort, remoteAddress, motionOutput, elrsList, elrsSet});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
@@ -209,6 +210,14 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     }
     if (const QString error = parseBaudRate(parser, options); !error.isEmpty())
         return error;
+    if (parser.isSet(receiver)) {
+        options.receiverPort = parser.value(receiver).trimmed();
+        if (options.receiverPort.isEmpty())
+            return QStringLiteral("--receiver needs a serial port, such as /dev/ttyUSB0 or COM4");
+        if (options.receiverPort == options.transmitterPort)
+            return QStringLiteral("--receiver and --transmitter cannot share the port %1")
+                .arg(options.receiverPort);
+    }
     if (parser.isSet(vehicle)) {
         const QString type = parser.value(vehicle).trimmed().toLower();
         if (type == QLatin1String("car"))
@@ -296,6 +305,9 @@ QString commandLineHelp()
         "                         the active profile).\n"
         "  --baud <rate>          Its baud rate (default 115200, or the rate remembered with the\n"
         "                         profile's port).\n"
+        "  --receiver <port>      The car receiver's USB serial console (115200 baud), connected\n"
+        "                         at the start and remembered in the profile. It never starts or\n"
+        "                         stops transmission.\n"
         "  --vehicle car|heli     Use the last used profile of that vehicle type (made when there\n"
         "                         is none) instead of the active one.\n"
         "  --wheel <device>       Car roles: wheel base, pedals, shifter.\n"

@@ -55,6 +55,8 @@ struct CommandLineOptions
     QString transmitterPort;
     // Unset: 115200 with --transmitter, else the rate remembered with the port.
     std::optional<qint32> baudRate;
+    // The car receiver's USB console, connected at the start; empty: left alone.
+    QString receiverPort;
     // Unset: whatever the active profile is.
     std::optional<VehicleType> vehicle;
     // One per role named, in role order; roles not named use the device saved in the profile.

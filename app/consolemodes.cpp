@@ -40,15 +40,16 @@ int listDevices()
     return 0;
 }
 
-// The system's ports plus the one named on the command line, which may be a pseudo-terminal
-// (the simulator) that the system's list never shows, so reconnects find it again.
-std::shared_ptr<const SerialPortDirectory> portsWith(const QString &portName)
+// The system's ports plus those named on the command line, which may be pseudo-terminals
+// (the simulator) that the system's list never shows, so reconnects find them again.
+std::shared_ptr<const SerialPortDirectory> portsWith(QStringList portNames)
 {
     auto system = std::make_shared<SystemSerialPortDirectory>();
-    if (portName.isEmpty())
+    portNames.removeAll(QString());
+    if (portNames.isEmpty())
         return system;
     return std::make_shared<CompositeSerialPortDirectory>(QList<std::shared_ptr<const SerialPortDirectory>>{
-        system, std::make_shared<PathSerialPortDirectory>(QStringList{portName})});
+        system, std::make_shared<PathSerialPortDirectory>(portNames)});
 }
 
 } // namespace
@@ -96,7 +97,7 @@ int runElrsList(int &argc, char **argv, const CommandLineOptions &options)
     QTextStream err(stderr);
 
     HubServices::Options serviceOptions;
-    serviceOptions.ports = portsWith(options.transmitterPort);
+    serviceOptions.ports = portsWith({options.transmitterPort});
     HubServices services(std::move(serviceOptions));
     TavrixController *controller = services.controller();
     if (!controller->connectTransmitter(options.transmitterPort,
@@ -145,7 +146,7 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
                                  out << "demo bridge: " << command << '\n' << Qt::flush;
                          });
     } else {
-        serviceOptions.ports = portsWith(options.transmitterPort);
+        serviceOptions.ports = portsWith({options.transmitterPort, options.receiverPort});
     }
 
     serviceOptions.remotePort = options.remotePort;

@@ -3,6 +3,7 @@
 #include "hubservices.h"
 #include "inputdevice.h"
 #include "motiontelemetrysender.h"
+#include "receiverport.h"
 #include "tavrixcontroller.h"
 #include "websocketserver.h"
 
@@ -52,6 +53,13 @@ void HeadlessRunner::watchController()
         printLine(connected ? QStringLiteral("transmitter connected on %1").arg(controller->serialPortName())
                             : QStringLiteral("transmitter disconnected"));
     });
+    connect(
+        controller, &TavrixController::receiverConnectedChanged, this, [this, controller](bool connected) {
+            printLine(
+                connected
+                    ? QStringLiteral("receiver connected on %1").arg(controller->receiverPort()->portName())
+                    : QStringLiteral("receiver disconnected"));
+        });
     connect(controller, &TavrixController::runningChanged, this, [this, controller](bool running) {
         if (running) {
             printLine(QStringLiteral("transmission started"));

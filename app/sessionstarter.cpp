@@ -3,6 +3,7 @@
 #include "inputdeviceinfo.h"
 #include "profilekeys.h"
 #include "profilemanager.h"
+#include "receiverport.h"
 #include "tavrixcontroller.h"
 
 namespace tavrix {
@@ -22,6 +23,7 @@ SessionPlan SessionPlan::fromOptions(const CommandLineOptions &options)
     SessionPlan plan;
     plan.transmitterPort = options.transmitterPort;
     plan.baudRate = options.baudRate;
+    plan.receiverPort = options.receiverPort;
     plan.devices = options.devices;
     plan.start = options.start;
     return plan;
@@ -102,6 +104,7 @@ void SessionStarter::halt()
 
 void SessionStarter::attempt()
 {
+    connectReceiver();
     connectTransmitter();
     // Devices change only while idle; a lost wheel stops transmission and is reopened here.
     if (m_controller->isRunning())
@@ -133,6 +136,15 @@ void SessionStarter::connectTransmitter()
         return;
     report(key, QStringLiteral("connecting to the transmitter on %1 at %2 baud").arg(m_port).arg(m_baudRate));
     m_controller->connectTransmitter(m_port, m_baudRate);
+}
+
+void SessionStarter::connectReceiver()
+{
+    if (m_plan.receiverPort.isEmpty() || m_receiverDone)
+        return;
+    report(QStringLiteral("receiver"),
+           QStringLiteral("connecting to the receiver on %1").arg(m_plan.receiverPort));
+    m_receiverDone = m_controller->receiverPort()->connectReceiver(m_plan.receiverPort);
 }
 
 void SessionStarter::openDevices()

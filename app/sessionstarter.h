@@ -23,6 +23,8 @@ struct SessionPlan
     QString transmitterPort;
     // Unset: 115200 for a port given here, else the rate remembered with the profile's port.
     std::optional<qint32> baudRate;
+    // The receiver's console port; empty: the receiver is left alone.
+    QString receiverPort;
     // Roles not listed keep the devices saved in the profile.
     QList<RoleChoice> devices;
     bool start = false;
@@ -76,6 +78,7 @@ signals:
 private:
     void attempt();
     void connectTransmitter();
+    void connectReceiver();
     void openDevices();
     // The enumeration index the choice stands for now, or -1 with *why set.
     [[nodiscard]] int resolve(const DeviceChoice &choice, QString *why) const;
@@ -89,6 +92,8 @@ private:
     QTimer m_retryTimer;
     // The plan's one start has happened; nothing here starts transmission again.
     bool m_startDone = false;
+    // The plan's receiver was connected once; from then on its own reconnect or the user decides.
+    bool m_receiverDone = false;
     // The last thing said per subject, so waiting is reported once, not every retry.
     QHash<QString, QString> m_reported;
 };

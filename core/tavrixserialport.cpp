@@ -70,7 +70,7 @@ bool TavrixSerialPort::open(const QString &portName, qint32 baudRate)
         return false;
     }
 
-    assertControlLines(portName);
+    applyControlLines(portName);
     m_portName = portName;
     m_pollTimer->start();
     emit portNameChanged(m_portName);
@@ -113,13 +113,14 @@ bool TavrixSerialPort::tryOpenRepeatedly(const QString &portName, QSerialPort::S
     return false;
 }
 
-void TavrixSerialPort::assertControlLines(const QString &portName)
+void TavrixSerialPort::applyControlLines(const QString &portName)
 {
-    // The bridge firmware treats DTR as "host present". Pseudo-terminals refuse
-    // modem-control lines; that refusal is harmless and must not reach the user.
+    // Pseudo-terminals refuse modem-control lines; that refusal is harmless and must not
+    // reach the user.
+    const bool raised = m_controlLines == ControlLines::Raised;
     m_settingControlLines = true;
-    const bool dtr = m_port->setDataTerminalReady(true);
-    const bool rts = m_port->setRequestToSend(true);
+    const bool dtr = m_port->setDataTerminalReady(raised);
+    const bool rts = m_port->setRequestToSend(raised);
     m_settingControlLines = false;
     if (!dtr || !rts) {
         qCInfo(lcSerialPort).noquote()

@@ -53,6 +53,15 @@ public:
     // Empty while closed.
     QString portName() const { return m_portName; }
 
+    // DTR and RTS right after an open: the bridge reads DTR as "host present" (Raised, the
+    // default); a device that wires them to its reset and boot pins wants them Lowered.
+    enum class ControlLines
+    {
+        Raised,
+        Lowered
+    };
+    void setControlLines(ControlLines lines) { m_controlLines = lines; }
+
     // Every serial port the system reports.
     [[nodiscard]] static QList<SerialPortDescription> availablePorts();
 
@@ -70,7 +79,7 @@ public slots:
 private:
     bool tryOpenRepeatedly(const QString &portName, QSerialPort::SerialPortError &lastError,
                            QString &lastErrorText);
-    void assertControlLines(const QString &portName);
+    void applyControlLines(const QString &portName);
     void readPending();
     void closeAfterLoss(const QString &errorText);
     enum class PendingBytes
@@ -88,6 +97,7 @@ private:
     bool m_openCancelled = false;
     bool m_settingControlLines = false;
     bool m_closing = false;
+    ControlLines m_controlLines = ControlLines::Raised;
 };
 
 } // namespace tavrix

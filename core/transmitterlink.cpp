@@ -17,7 +17,8 @@ TransmitterLink::TransmitterLink(std::shared_ptr<const SerialPortDirectory> port
     , m_ports(ports ? std::move(ports) : std::make_shared<SystemSerialPortDirectory>())
     , m_port(new TavrixSerialPort(timings.port, this))
     , m_keepaliveTimer(new QTimer(this))
-    , m_reconnectTimer(new QTimer(this))
+    , m_reconnector(
+          new PortReconnector(m_ports, {timings.reconnectInterval, timings.reconnectAttempts}, this))
 {
     connect(m_port, &TavrixSerialPort::connectedChanged, this, &TransmitterLink::onPortConnectedChanged);
     connect(m_port, &TavrixSerialPort::portNameChanged, this, &TransmitterLink::serialPortNameChanged);
@@ -28,8 +29,12 @@ TransmitterLink::TransmitterLink(std::shared_ptr<const SerialPortDirectory> port
     connect(m_keepaliveTimer, &QTimer::timeout, this, &TransmitterLink::onKeepaliveTimer);
     m_keepaliveTimer->start();
 
-    m_reconnectTimer->setInterval(m_timings.reconnectInterval);
-    connect(m_reconnectTimer, &QTimer::timeout, this, &TransmitterLink::onReconnectTimer);
+    connect(m_reconnector, &PortReconnector::portReturned, this, &TransmitterLink::onPortReturned);
+    connect(m_reconnector, &PortReconnector::gaveUp, this, [this] {
+        emit errorOccurred(
+            tr("Lost connection to the Orvane Transmitter and could not reconnect. Check the USB "
+               "cable and press Connect."));
+    });
 }
 
 TransmitterLink::~TransmitterLink()
@@ -37,7 +42,7 @@ TransmitterLink::~TransmitterLink()
     // The port closes as our child once this object is gone; nothing that close
     // reports may start a reconnect or reach listeners of a half-destroyed link.
     m_autoReconnectSuppressed = true;
-    m_reconnectTimer->stop();
+    m_reconnector->stop();
     disconnect(m_port, nullptr, this, nullptr);
 }
 
@@ -144,40 +149,19 @@ void TransmitterLink::onKeepaliveTimer()
 
 void TransmitterLink::startReconnect()
 {
-    m_reconnectAttemptsLeft = m_timings.reconnectAttempts;
-    if (m_reconnectTimer->isActive())
-        return;
-    qCInfo(lcTransmitterLink).noquote() << "Transmitter connection lost — starting auto-reconnect";
-    m_reconnectTimer->start();
+    if (m_reconnector->start(m_rememberedPortName))
+        qCInfo(lcTransmitterLink).noquote() << "Transmitter connection lost — starting auto-reconnect";
 }
 
 void TransmitterLink::stopReconnect()
 {
-    m_reconnectTimer->stop();
+    m_reconnector->stop();
 }
 
-void TransmitterLink::onReconnectTimer()
+void TransmitterLink::onPortReturned(const QString &portName)
 {
-    if (m_port->isOpen()) {
-        stopReconnect();
-        return;
-    }
-    if (--m_reconnectAttemptsLeft < 1) {
-        stopReconnect();
-        emit errorOccurred(
-            tr("Lost connection to the Orvane Transmitter and could not reconnect. Check the USB "
-               "cable and press Connect."));
-        return;
-    }
-    if (m_rememberedPortName.isEmpty()) {
-        stopReconnect();
-        return;
-    }
-    if (m_ports->contains(m_rememberedPortName)) {
-        qCInfo(lcTransmitterLink).noquote()
-            << "Transmitter dropped — reconnecting to" << m_rememberedPortName;
-        connectTransmitter(m_rememberedPortName, m_rememberedBaudRate);
-    }
+    qCInfo(lcTransmitterLink).noquote() << "Transmitter dropped — reconnecting to" << portName;
+    connectTransmitter(portName, m_rememberedBaudRate);
 }
 
 } // namespace tavrix

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "portreconnector.h"
 #include "serialportdirectory.h"
 #include "tavrixserialport.h"
 #include "transmitterlinesplitter.h"
@@ -64,7 +65,7 @@ public:
 
     bool isConnected() const { return m_port->isOpen(); }
     QString portName() const { return m_port->portName(); }
-    bool isReconnecting() const { return m_reconnectTimer->isActive(); }
+    bool isReconnecting() const { return m_reconnector->isActive(); }
 
     // The port and rate a reconnect (or the next start) uses; the owner restores
     // them from its saved settings at start-up.
@@ -96,7 +97,7 @@ private:
     void onPortDataReceived(const QByteArray &chunk);
     void onPortError(const QString &error);
     void onKeepaliveTimer();
-    void onReconnectTimer();
+    void onPortReturned(const QString &portName);
     void startReconnect();
     void stopReconnect();
 
@@ -106,8 +107,7 @@ private:
     TransmitterLineSplitter m_lineSplitter;
     QElapsedTimer m_sinceLastWrite;
     QTimer *m_keepaliveTimer = nullptr;
-    QTimer *m_reconnectTimer = nullptr;
-    int m_reconnectAttemptsLeft = 0;
+    PortReconnector *m_reconnector = nullptr;
     QString m_rememberedPortName;
     qint32 m_rememberedBaudRate = kDefaultBaudRate;
     bool m_userDisconnected = false;

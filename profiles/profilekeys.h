@@ -118,6 +118,8 @@ inline constexpr QLatin1String kFirmware{"firmware"};
 
 // deviceConnections and the helicopter's input devices.
 inline constexpr QLatin1String kBridge{"bridge"};
+// The car receiver's own USB console port, remembered like the bridge's.
+inline constexpr QLatin1String kReceiver{"receiver"};
 inline constexpr QLatin1String kPortName{"portName"};
 inline constexpr QLatin1String kBaudRate{"baudRate"};
 inline constexpr QLatin1String kWheelBase{"wheelBase"};

@@ -400,32 +400,57 @@ bool ProfileManager::setAutoStartEnabled(bool enabled)
 
 QString ProfileManager::transmitterPortName() const
 {
-    return setting(keys::kDeviceConnections)
-        .toObject()
-        .value(keys::kBridge)
-        .toObject()
-        .value(keys::kPortName)
-        .toString();
+    return serialPortName(keys::kBridge);
 }
 
 int ProfileManager::transmitterBaudRate() const
 {
-    const int baud = setting(keys::kDeviceConnections)
-                         .toObject()
-                         .value(keys::kBridge)
-                         .toObject()
-                         .value(keys::kBaudRate)
-                         .toInt();
-    return baud > 0 ? baud : ProfileSchema::kDefaultBaudRate;
+    return serialBaudRate(keys::kBridge);
 }
 
 bool ProfileManager::setTransmitterPort(const QString &portName, int baudRate)
 {
+    return setSerialPort(keys::kBridge, portName, baudRate);
+}
+
+QString ProfileManager::receiverPortName() const
+{
+    return serialPortName(keys::kReceiver);
+}
+
+int ProfileManager::receiverBaudRate() const
+{
+    return serialBaudRate(keys::kReceiver);
+}
+
+bool ProfileManager::setReceiverPort(const QString &portName, int baudRate)
+{
+    return setSerialPort(keys::kReceiver, portName, baudRate);
+}
+
+QJsonObject ProfileManager::serialConnection(QLatin1String device) const
+{
+    return setting(keys::kDeviceConnections).toObject().value(device).toObject();
+}
+
+QString ProfileManager::serialPortName(QLatin1String device) const
+{
+    return serialConnection(device).value(keys::kPortName).toString();
+}
+
+int ProfileManager::serialBaudRate(QLatin1String device) const
+{
+    const int baud = serialConnection(device).value(keys::kBaudRate).toInt();
+    return baud > 0 ? baud : ProfileSchema::kDefaultBaudRate;
+}
+
+bool ProfileManager::setSerialPort(QLatin1String device, const QString &portName, int baudRate)
+{
     QJsonObject connections = setting(keys::kDeviceConnections).toObject();
-    QJsonObject bridge = connections.value(keys::kBridge).toObject();
-    bridge.insert(keys::kPortName, portName);
-    bridge.insert(keys::kBaudRate, baudRate > 0 ? baudRate : ProfileSchema::kDefaultBaudRate);
-    connections.insert(keys::kBridge, bridge);
+    QJsonObject port = connections.value(device).toObject();
+    port.insert(keys::kPortName, portName);
+    port.insert(keys::kBaudRate, baudRate > 0 ? baudRate : ProfileSchema::kDefaultBaudRate);
+    connections.insert(device, port);
     return setSetting(keys::kDeviceConnections, connections);
 }
 

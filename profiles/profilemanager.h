@@ -110,6 +110,10 @@ public:
     [[nodiscard]] QString transmitterPortName() const;
     [[nodiscard]] int transmitterBaudRate() const;
     bool setTransmitterPort(const QString &portName, int baudRate);
+    // The car receiver's USB console port, remembered the same way.
+    [[nodiscard]] QString receiverPortName() const;
+    [[nodiscard]] int receiverBaudRate() const;
+    bool setReceiverPort(const QString &portName, int baudRate);
     // The saved connection record of a role: identity, axis mapping, shifter mapping
     // (car roles) or identity and axes (helicopter roles).
     [[nodiscard]] QJsonObject deviceConnection(DeviceRole role) const;
@@ -152,6 +156,11 @@ private:
     bool refuse(const QString &message);
     // The profile's position, or -1 after refusing with "Profile not found: %1".
     int indexOrRefuse(const QString &id);
+    // A serial device's remembered port under deviceConnections (keys::kBridge, keys::kReceiver).
+    [[nodiscard]] QJsonObject serialConnection(QLatin1String device) const;
+    [[nodiscard]] QString serialPortName(QLatin1String device) const;
+    [[nodiscard]] int serialBaudRate(QLatin1String device) const;
+    bool setSerialPort(QLatin1String device, const QString &portName, int baudRate);
 
     QString m_directory;
     QList<StoredProfile> m_profiles;

@@ -236,6 +236,8 @@ Schema buildProfileFields()
     Schema devices = {
         object(keys::kBridge,
                {text(keys::kPortName), integer(keys::kBaudRate, ProfileSchema::kDefaultBaudRate)}),
+        object(keys::kReceiver,
+               {text(keys::kPortName), integer(keys::kBaudRate, ProfileSchema::kDefaultBaudRate)}),
         deviceConnection(keys::kWheelBase),
         deviceConnection(keys::kPedals),
         deviceConnection(keys::kShifter),

@@ -1,12 +1,16 @@
 #include "autoconnect.h"
 
+#include "receiverport.h"
 #include "tavrixcontroller.h"
 #include "transmitterlink.h"
 
 namespace tavrix::autoconnect {
 
-QString transmitterPort(const QString &remembered, const QList<SerialPortDescription> &listed)
+QString transmitterPort(const QString &remembered, QList<SerialPortDescription> listed,
+                        const QString &receiverPort)
 {
+    if (!receiverPort.isEmpty())
+        listed.removeIf([&](const SerialPortDescription &port) { return port.portName == receiverPort; });
     if (!remembered.isEmpty()) {
         const bool present =
             std::any_of(listed.begin(), listed.end(),
@@ -20,7 +24,8 @@ void run(TavrixController &controller)
 {
     const TransmitterLink *link = controller.transmitterLink();
     if (!controller.isSerialConnected()) {
-        const QString port = transmitterPort(link->rememberedPortName(), controller.portDirectory().ports());
+        const QString port = transmitterPort(link->rememberedPortName(), controller.portDirectory().ports(),
+                                             controller.receiverPort()->rememberedPortName());
         if (!port.isEmpty())
             controller.connectTransmitter(port, link->rememberedBaudRate());
     }

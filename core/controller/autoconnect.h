@@ -16,7 +16,10 @@ namespace autoconnect {
 // The remembered port while it is listed; with nothing remembered, the only port listed.
 // Empty otherwise: a remembered port that is absent means the transmitter is unplugged,
 // and whatever else is listed then is some other device, not one to stream frames to.
-[[nodiscard]] QString transmitterPort(const QString &remembered, const QList<SerialPortDescription> &listed);
+// The receiver's console port (receiverPort) never counts as listed: channel frames must
+// not go to the car's receiver.
+[[nodiscard]] QString transmitterPort(const QString &remembered, QList<SerialPortDescription> listed,
+                                      const QString &receiverPort = {});
 
 // Connects the transmitter (unless it is) and reopens the saved devices of the active
 // vehicle. Devices are left as they are while transmitting: opening pedals mid-run would

@@ -2,6 +2,7 @@
 
 #include "elrstimings.h"
 #include "receiverlinktimings.h"
+#include "receiverport.h"
 #include "transmitterlink.h"
 
 #include <chrono>
@@ -29,6 +30,8 @@ struct ControllerTimings
     std::chrono::milliseconds autoStartCheckInterval{2000};
     // Keepalive, reconnect and port timings of the transmitter link.
     TransmitterLink::Timings link;
+    // Port and reconnect timings of the receiver's USB console.
+    ReceiverPort::Timings receiverPort;
     // Request, walk and write-repeat waits of the ELRS parameter client.
     ElrsTimings elrs;
     // Search, read and silence waits of the receiver link over the radio.

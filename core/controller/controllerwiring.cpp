@@ -3,6 +3,7 @@
 #include "activeprofilefollower.h"
 #include "elrsparametermanager.h"
 #include "receiverelrslink.h"
+#include "receiverport.h"
 #include "transmitterlink.h"
 #include "wheelforcefeedback.h"
 
@@ -94,6 +95,25 @@ void TavrixController::wireForceFeedback()
     connect(this, &TavrixController::runningChanged, m_forceFeedback,
             &WheelForceFeedback::onTransmissionChanged);
     connect(m_forceFeedback, &WheelForceFeedback::levelChanged, this, &TavrixController::ffbLevelReceived);
+}
+
+// The receiver's console shares nothing with transmission but the profile, where its port
+// is remembered for reconnects and the next start.
+void TavrixController::wireReceiverPort()
+{
+    m_receiverPort = new ReceiverPort(m_ports, m_timings.receiverPort, this);
+    connect(m_receiverPort, &ReceiverPort::connectedChanged, this,
+            &TavrixController::receiverConnectedChanged);
+    connect(m_receiverPort, &ReceiverPort::portNameChanged, this, &TavrixController::receiverPortNameChanged);
+    connect(m_receiverPort, &ReceiverPort::lineReceived, this, &TavrixController::receiverDataReceived);
+    connect(m_receiverPort, &ReceiverPort::errorOccurred, this, &TavrixController::errorOccurred);
+    connect(m_receiverPort, &ReceiverPort::connectionRemembered, this,
+            [this](const QString &portName, qint32 baudRate) {
+                m_profiles->setReceiverPort(portName, int(baudRate));
+            });
+    const QString remembered = m_profiles->receiverPortName();
+    if (!remembered.isEmpty())
+        m_receiverPort->setRememberedPort(remembered, m_profiles->receiverBaudRate());
 }
 
 } // namespace tavrix

@@ -70,6 +70,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     wireLinkAndTelemetry();
     wireElrsParameters();
     wireForceFeedback();
+    wireReceiverPort();
 
     connect(m_devices, &DeviceRoleSet::connectedChanged, this, &TavrixController::onDeviceConnectedChanged);
     connect(m_devices, &DeviceRoleSet::deviceLost, this, &TavrixController::onDeviceLost);

@@ -29,6 +29,7 @@ class ButtonMappingEngine;
 class CarTick;
 class ElrsParameterManager;
 class ReceiverElrsLink;
+class ReceiverPort;
 class HelicopterTick;
 class InputBackend;
 class TelemetrySensorBook;
@@ -137,6 +138,8 @@ public:
     // The transmitter module's RF parameters; it works only in configuration mode.
     [[nodiscard]] ElrsParameterManager *elrsParameters() const { return m_elrs; }
     [[nodiscard]] ReceiverElrsLink *receiverLink() const { return m_receiverLink; }
+    // The receiver's USB console; connect, disconnect and write lines through it directly.
+    [[nodiscard]] ReceiverPort *receiverPort() const { return m_receiverPort; }
     // The car's motion felt on the wheel base; switched off by every stop.
     [[nodiscard]] WheelForceFeedback *forceFeedback() const { return m_forceFeedback; }
 
@@ -170,6 +173,10 @@ signals:
     void runningChanged(bool running);
     void serialConnectedChanged(bool connected);
     void serialPortNameChanged(const QString &portName);
+    void receiverConnectedChanged(bool connected);
+    void receiverPortNameChanged(const QString &portName);
+    // One line from the receiver's USB console.
+    void receiverDataReceived(const QString &line);
     void transmitterLineReceived(const QString &line);
     void wheelBaseConnectedChanged(bool connected);
     void pedalsConnectedChanged(bool connected);
@@ -214,6 +221,8 @@ private:
     void wireElrsParameters();
     // Creates the wheel's force feedback and feeds it the car's motion (controllerwiring.cpp).
     void wireForceFeedback();
+    // Creates the receiver's USB console port and remembers its port in the profile (controllerwiring.cpp).
+    void wireReceiverPort();
     void onTransmitTimer();
     void onIdleInputPoll();
     void onDeviceConnectedChanged(DeviceRole role, bool connected);
@@ -247,6 +256,7 @@ private:
     TelemetrySensorBook *m_sensorBook = nullptr;
     ElrsParameterManager *m_elrs = nullptr;
     ReceiverElrsLink *m_receiverLink = nullptr;
+    ReceiverPort *m_receiverPort = nullptr;
     WheelForceFeedback *m_forceFeedback = nullptr;
     QTimer *m_transmitTimer = nullptr;
     QTimer *m_idleInputTimer = nullptr;

@@ -4,6 +4,7 @@
 #include "controllerrefusal.h"
 #include "deviceroleset.h"
 #include "inputdevice.h"
+#include "receiverport.h"
 #include "remotedeviceroles.h"
 #include "tavrixcontroller.h"
 
@@ -32,6 +33,8 @@ constexpr std::array<RoleRequests, 3> kRoleRequests{{
 
 const QLatin1String kTransmitter("transmitter");
 const QString kTransmitterName = QStringLiteral("Orvane Transmitter");
+const QLatin1String kReceiver("receiver");
+const QString kReceiverName = QStringLiteral("Orvane Receiver");
 
 // This build drives the transmitter over USB serial only. The board-mounted mode, with
 // the transmitter on a GPIO UART, does not exist yet: until it does, every answer says "pc"
@@ -48,6 +51,9 @@ WsDeviceHandler::WsDeviceHandler(TavrixController *controller, QObject *parent)
         {"get_transmitter_status", &WsDeviceHandler::transmitterStatus},
         {"action_connect_transmitter", &WsDeviceHandler::connectTransmitter},
         {"action_disconnect_transmitter", &WsDeviceHandler::disconnectTransmitter},
+        {"get_receiver_status", &WsDeviceHandler::receiverStatus},
+        {"action_connect_receiver", &WsDeviceHandler::connectReceiver},
+        {"action_disconnect_receiver", &WsDeviceHandler::disconnectReceiver},
         {"get_input_devices", &WsDeviceHandler::inputDevices},
     });
     using RoleFunction = QJsonObject (WsDeviceHandler::*)(const RemoteRequest &, DeviceRole);
@@ -72,6 +78,13 @@ WsDeviceHandler::WsDeviceHandler(TavrixController *controller, QObject *parent)
         [this](bool connected) {
             if (!connected)
                 pushDisconnected(kTransmitter);
+        },
+        Qt::QueuedConnection);
+    connect(
+        controller, &TavrixController::receiverConnectedChanged, this,
+        [this](bool connected) {
+            if (!connected)
+                pushDisconnected(kReceiver);
         },
         Qt::QueuedConnection);
     connect(
@@ -126,6 +139,33 @@ QJsonObject WsDeviceHandler::connectTransmitter(const RemoteRequest &request)
 QJsonObject WsDeviceHandler::disconnectTransmitter(const RemoteRequest &request)
 {
     controller()->disconnectTransmitter();
+    return request.succeeded();
+}
+
+QJsonObject WsDeviceHandler::receiverStatus(const RemoteRequest &request)
+{
+    const ReceiverPort *receiver = controller()->receiverPort();
+    return request.answer({
+        {QStringLiteral("connected"), receiver->isConnected()},
+        {QStringLiteral("portName"), receiver->portName()},
+        {QStringLiteral("deviceName"), kReceiverName},
+    });
+}
+
+QJsonObject WsDeviceHandler::connectReceiver(const RemoteRequest &request)
+{
+    const QString port = request.text(QLatin1String("port"));
+    if (port.isEmpty())
+        return request.failed(QStringLiteral("Missing 'port' parameter"));
+    const int baudRate = request.integer(QLatin1String("baudRate"));
+    const bool connected = controller()->receiverPort()->connectReceiver(
+        port, baudRate > 0 ? baudRate : ReceiverPort::kDefaultBaudRate);
+    return request.outcome(connected, QStringLiteral("Failed to connect receiver to ") + port);
+}
+
+QJsonObject WsDeviceHandler::disconnectReceiver(const RemoteRequest &request)
+{
+    controller()->receiverPort()->disconnectReceiver();
     return request.succeeded();
 }
 

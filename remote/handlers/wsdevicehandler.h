@@ -6,7 +6,8 @@ namespace tavrix {
 
 enum class DeviceRole;
 
-// The remote app's connections: the transmitter's port, the car's input devices by role,
+// The remote app's connections: the transmitter's and the receiver's ports, the car's input
+// devices by role,
 // the one-tap auto-connect, and the news that one of them went away.
 class WsDeviceHandler : public WsTableHandler
 {
@@ -20,6 +21,9 @@ private:
     QJsonObject transmitterStatus(const RemoteRequest &request);
     QJsonObject connectTransmitter(const RemoteRequest &request);
     QJsonObject disconnectTransmitter(const RemoteRequest &request);
+    QJsonObject receiverStatus(const RemoteRequest &request);
+    QJsonObject connectReceiver(const RemoteRequest &request);
+    QJsonObject disconnectReceiver(const RemoteRequest &request);
     QJsonObject inputDevices(const RemoteRequest &request);
     QJsonObject deviceStatus(const RemoteRequest &request, DeviceRole role);
     QJsonObject connectDevice(const RemoteRequest &request, DeviceRole role);

@@ -69,9 +69,13 @@ private slots:
         parsed = parseCommandLine(words("--headless --transmitter=COM3 --baud 420000 --vehicle HELI"));
         QVERIFY2(parsed.isValid(), qPrintable(parsed.error));
         QCOMPARE(parsed.options.transmitterPort, QStringLiteral("COM3"));
+        QCOMPARE(parsed.options.receiverPort, QString());
         QCOMPARE(parsed.options.baudRate, std::optional<qint32>(420000));
         QCOMPARE(parsed.options.vehicle, std::optional<VehicleType>(VehicleType::Helicopter));
         QVERIFY(!parsed.options.start);
+
+        parsed = parseCommandLine(words("--headless --receiver /dev/ttyUSB0"));
+        QCOMPARE(parsed.options.receiverPort, QStringLiteral("/dev/ttyUSB0"));
 
         parsed = parseCommandLine(words("--headless --vehicle car"));
         QCOMPARE(parsed.options.vehicle, std::optional<VehicleType>(VehicleType::Car));
@@ -125,6 +129,10 @@ private slots:
         row("baud not a number", "--headless --transmitter P --baud fast", "\"fast\" is not a baud rate");
         row("baud too low", "--headless --transmitter P --baud 0", "is not a baud rate");
         row("baud too high", "--headless --transmitter P --baud 99999999", "is not a baud rate");
+        row("empty receiver port", "--headless --receiver=", "--receiver needs a serial port");
+        row("receiver without headless", "--receiver /dev/ttyUSB0", "--receiver needs --headless");
+        row("receiver on the transmitter's port", "--headless --transmitter P --receiver P",
+            "cannot share the port P");
         row("vehicle unknown", "--headless --vehicle boat", "--vehicle must be car or heli");
         row("helicopter role without heli", "--headless --joystick 0", "--joystick is a helicopter role");
         row("car role with heli", "--headless --vehicle heli --wheel 0", "--wheel is a car role");

@@ -1,6 +1,8 @@
 #include "hubrig.h"
 #include "inputdevice.h"
 #include "profilekeys.h"
+#include "pseudoterminal.h"
+#include "receiverport.h"
 #include "sessionstarter.h"
 
 #include <QSignalSpy>
@@ -140,6 +142,31 @@ private slots:
         QTest::qWait(int(20 * kRetry.count()));
         QVERIFY(!rig.controller()->isRunning());
         QCOMPARE(rig.sim.commands().count(QStringLiteral("START")), 1);
+    }
+
+    void receiverPluggedLateIsConnectedOnceAndLeftAloneAfter()
+    {
+        StarterRig rig;
+        QVERIFY(rig.setUp());
+        SessionPlan plan = rig.plan(kWheelByNameAndPedalsByIndex);
+        plan.receiverPort = rig.dir.filePath(QStringLiteral("ttyRECEIVER"));
+        SessionStarter starter(rig.controller(), plan, 10ms);
+        QSignalSpy errors(rig.controller(), &TavrixController::errorOccurred);
+        QVERIFY(starter.begin());
+
+        // A receiver that is not there yet holds nothing up.
+        QTRY_VERIFY(rig.controller()->isRunning());
+        QTRY_VERIFY(errors.count() >= 2);
+        PseudoTerminal receiver;
+        QVERIFY(receiver.open(plan.receiverPort));
+        ReceiverPort *port = rig.controller()->receiverPort();
+        QTRY_VERIFY(port->isConnected());
+
+        // Put away on purpose (the app's disconnect): the plan does not bring it back.
+        QSignalSpy connected(port, &ReceiverPort::connectedChanged);
+        port->disconnectReceiver();
+        QVERIFY(!connected.wait(200));
+        QVERIFY(rig.controller()->isRunning());
     }
 
     void withoutAnyPortItFails()

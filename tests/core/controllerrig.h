@@ -43,6 +43,8 @@ inline ControllerTimings shortTimings()
     t.autoStartCheckInterval = std::chrono::milliseconds(20);
     t.link.reconnectInterval = std::chrono::milliseconds(40);
     t.link.port.openRetryDelay = std::chrono::milliseconds(10);
+    t.receiverPort.reconnect.interval = std::chrono::milliseconds(40);
+    t.receiverPort.port.openRetryDelay = std::chrono::milliseconds(10);
     return t;
 }
 
@@ -75,6 +77,8 @@ struct ControllerRig
     }
 
     QString linkPath() const { return dir.filePath(QStringLiteral("ttyBRIDGE")); }
+    // Where a test plugs in a receiver (a PseudoTerminal): listed while it exists.
+    QString receiverPath() const { return dir.filePath(QStringLiteral("ttyRECEIVER")); }
 
     // Car: a wheel base and pedals, both released. Helicopter: a joystick and a throttle.
     bool setUp(const QString &vehicleType = QStringLiteral("rc_car"),
@@ -99,7 +103,7 @@ struct ControllerRig
         }
         if (!sim.start(linkPath()))
             return false;
-        auto ports = std::make_shared<PathSerialPortDirectory>(QStringList{linkPath()});
+        auto ports = std::make_shared<PathSerialPortDirectory>(QStringList{linkPath(), receiverPath()});
         controller = std::make_unique<TavrixController>(&backend, &profiles, ports, t);
         const DeviceRole first = car ? DeviceRole::WheelBase : DeviceRole::HeliJoystick;
         const DeviceRole second = car ? DeviceRole::Pedals : DeviceRole::HeliThrottle;

@@ -4,6 +4,8 @@
 
 #include "controllerrig.h"
 #include "logcapture.h"
+#include "pseudoterminal.h"
+#include "receiverport.h"
 #include "wheelforcefeedback.h"
 
 #include <QRandomGenerator>
@@ -104,6 +106,7 @@ private slots:
     void forceFeedbackLastsOneRunAndLetsGoOfAClosedWheel();
     void unpluggingTheBridgeWhileTransmittingAlwaysStops();
     void stalledBridgeGetsNoBacklogAndUnsentFramesAreNotCounted();
+    void receiverComingAndGoingLeavesTransmissionAlone();
 };
 
 void TestControllerFaults::everyStopEndsWithANeutralFrame_data()
@@ -329,6 +332,54 @@ void TestControllerFaults::stalledBridgeGetsNoBacklogAndUnsentFramesAreNotCounte
     // when the bridge stalled.
     QTRY_VERIFY(wire.frameNear(QStringLiteral("START"), 1).has_value());
     QVERIFY(wire.frameNear(QStringLiteral("START"), 1)->at(kCh1) > 1500);
+}
+
+void TestControllerFaults::receiverComingAndGoingLeavesTransmissionAlone()
+{
+    ControllerRig rig;
+    QVERIFY2(rig.setUp(), "the controller rig could not be set up");
+    PseudoTerminal receiver;
+    QVERIFY(receiver.open(rig.receiverPath()));
+    ReceiverPort *port = rig.controller->receiverPort();
+    QVERIFY(port->connectReceiver(rig.receiverPath()));
+    QCOMPARE(rig.profiles.receiverPortName(), rig.receiverPath());
+    QVERIFY(rig.controller->startTransmission());
+    QSignalSpy connected(rig.controller.get(), &TavrixController::receiverConnectedChanged);
+    QSignalSpy lines(rig.controller.get(), &TavrixController::receiverDataReceived);
+    QSignalSpy errors(rig.controller.get(), &TavrixController::errorOccurred);
+    QSignalSpy running(rig.controller.get(), &TavrixController::runningChanged);
+
+    // Unplugged and plugged back: the console comes back on the same port by itself.
+    receiver.hangUp();
+    QVERIFY(connected.wait(2000));
+    QVERIFY(receiver.plugIn());
+    QVERIFY(connected.wait(2000));
+    QCOMPARE(connected.at(1).at(0).toBool(), true);
+    QCOMPARE(port->portName(), rig.receiverPath());
+
+    // The line that came back works both ways.
+    QVERIFY(receiver.write("Orvane: 4.4.3\r\n"));
+    QVERIFY(lines.wait(2000));
+    QCOMPARE(lines.at(0).at(0).toString(), QStringLiteral("Orvane: 4.4.3"));
+    QByteArray sent;
+    connect(&receiver, &PseudoTerminal::readyRead, this, [&] { sent += receiver.readAll(); });
+    // A line break cannot smuggle a second command past the checks made on the line.
+    QVERIFY(!port->writeLine(QStringLiteral("OSD 1\nDFU")));
+    QVERIFY(!port->writeLine(QStringLiteral("DFU\rOSD 1")));
+    QVERIFY(port->writeLine(QStringLiteral("GET_TELEM")));
+    QTRY_COMPARE(sent, QByteArray("GET_TELEM\n"));
+
+    // Put away on purpose, it stays away though its port is still there.
+    port->disconnectReceiver();
+    QCOMPARE(connected.size(), 3);
+    QVERIFY(!connected.wait(300));
+
+    // Transmission never heard of any of it.
+    QVERIFY(rig.controller->isRunning());
+    QCOMPARE(running.size(), 0);
+    QCOMPARE(errors.size(), 0);
+    const quint32 frames = rig.controller->frameCount();
+    QTRY_VERIFY(rig.controller->frameCount() > frames);
 }
 
 QTEST_GUILESS_MAIN(TestControllerFaults)

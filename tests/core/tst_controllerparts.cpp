@@ -206,25 +206,34 @@ void TestControllerParts::autoConnectPort_data()
 {
     QTest::addColumn<QString>("remembered");
     QTest::addColumn<QStringList>("listed");
+    QTest::addColumn<QString>("receiver");
     QTest::addColumn<QString>("chosen");
     const QString a = QStringLiteral("/dev/ttyACM0");
     const QString b = QStringLiteral("/dev/ttyACM1");
-    QTest::newRow("remembered among others") << b << QStringList{a, b} << b;
+    QTest::newRow("remembered among others") << b << QStringList{a, b} << QString() << b;
     // Whatever else is plugged in is not the transmitter.
-    QTest::newRow("remembered but absent") << b << QStringList{a} << QString();
-    QTest::newRow("nothing remembered, one port") << QString() << QStringList{a} << a;
-    QTest::newRow("nothing remembered, two ports") << QString() << QStringList{a, b} << QString();
+    QTest::newRow("remembered but absent") << b << QStringList{a} << QString() << QString();
+    QTest::newRow("nothing remembered, one port") << QString() << QStringList{a} << QString() << a;
+    QTest::newRow("nothing remembered, two ports")
+        << QString() << QStringList{a, b} << QString() << QString();
+    // Channel frames never go to the car receiver's console.
+    QTest::newRow("nothing remembered, the other port is the receiver's")
+        << QString() << QStringList{a, b} << b << a;
+    QTest::newRow("nothing remembered, only the receiver's port")
+        << QString() << QStringList{a} << a << QString();
+    QTest::newRow("remembered port now the receiver's") << b << QStringList{a, b} << b << QString();
 }
 
 void TestControllerParts::autoConnectPort()
 {
     QFETCH(QString, remembered);
     QFETCH(QStringList, listed);
+    QFETCH(QString, receiver);
     QFETCH(QString, chosen);
     QList<SerialPortDescription> ports;
     for (const QString &name : listed)
         ports.append({name, {}, {}, 0, 0});
-    QCOMPARE(autoconnect::transmitterPort(remembered, ports), chosen);
+    QCOMPARE(autoconnect::transmitterPort(remembered, ports, receiver), chosen);
 }
 
 void TestControllerParts::staleCountChangesRaiseDashboardOnce()

@@ -1,7 +1,9 @@
+#include "receiverlinesplitter.h"
 #include "transmitterlinesplitter.h"
 
 #include <QTest>
 
+using tavrix::ReceiverLineSplitter;
 using tavrix::TransmitterLineSplitter;
 
 using Chunks = QList<QByteArray>;
@@ -22,6 +24,8 @@ class TestTransmitterLineSplitter : public QObject
 private slots:
     void splitsLines_data();
     void splitsLines();
+    void splitsReceiverLines_data();
+    void splitsReceiverLines();
 };
 
 void TestTransmitterLineSplitter::splitsLines_data()
@@ -93,6 +97,42 @@ void TestTransmitterLineSplitter::splitsLines()
         got += splitter.feed(chunk);
     QCOMPARE(got, lines);
     QCOMPARE(splitter.pending(), pending);
+}
+
+void TestTransmitterLineSplitter::splitsReceiverLines_data()
+{
+    QTest::addColumn<Chunks>("chunks");
+    QTest::addColumn<QStringList>("lines");
+
+    const qsizetype max = ReceiverLineSplitter::kMaxLineLength;
+    const QByteArray longLine = printablePattern(max + 300);
+
+    QTest::newRow("split mid-line and between CR and LF")
+        << Chunks{"Orv", "ane: 4.4.3\r", "\nTELEM:OSD=1", "\n"}
+        << QStringList{QStringLiteral("Orvane: 4.4.3"), QStringLiteral("TELEM:OSD=1")};
+    QTest::newRow("CR alone ends a line")
+        << Chunks{"GPS_OK 1\rOSD 0\r"} << QStringList{QStringLiteral("GPS_OK 1"), QStringLiteral("OSD 0")};
+    QTest::newRow("unfinished line waits") << Chunks{"abc"} << QStringList{};
+    QTest::newRow("line of exactly the limit is whole")
+        << Chunks{longLine.left(max) + "\n"} << QStringList{QString::fromLatin1(longLine.left(max))};
+    QTest::newRow("over-long line is cut, the next one whole")
+        << Chunks{longLine.left(400), longLine.mid(400), "\r\nNEXT\n"}
+        << QStringList{QString::fromLatin1(longLine.left(max)), QStringLiteral("NEXT")};
+    QTest::newRow("endless garbage stays bounded, then a line")
+        << Chunks{QByteArray(100000, 'x'), "\nOK\n"}
+        << QStringList{QString(max, QLatin1Char('x')), QStringLiteral("OK")};
+}
+
+void TestTransmitterLineSplitter::splitsReceiverLines()
+{
+    QFETCH(Chunks, chunks);
+    QFETCH(QStringList, lines);
+
+    ReceiverLineSplitter splitter;
+    QStringList got;
+    for (const QByteArray &chunk : chunks)
+        got += splitter.feed(chunk);
+    QCOMPARE(got, lines);
 }
 
 QTEST_APPLESS_MAIN(TestTransmitterLineSplitter)

@@ -1,4 +1,5 @@
 #include "handlerrig.h"
+#include "pseudoterminal.h"
 #include "wsdevicehandler.h"
 
 #include <QTest>
@@ -29,6 +30,7 @@ private slots:
     void refusals();
     void refusalLeavesConnectionsAndProfile();
     void autoConnectRestoresTheSavedSetup();
+    void receiverConnectsAndIsAnnouncedGone();
 };
 
 void TestWsDeviceHandler::refusals_data()
@@ -45,6 +47,11 @@ void TestWsDeviceHandler::refusals_data()
     QTest::newRow("transmitter on an absent port")
         << connectTransmitter << QJsonObject{{u"port"_s, u"/nope"_s}} << false
         << u"Failed to connect to /nope"_s;
+    const QString connectReceiver = u"action_connect_receiver"_s;
+    QTest::newRow("receiver without port")
+        << connectReceiver << QJsonObject{{u"baudRate"_s, 115200}} << false << u"Missing 'port' parameter"_s;
+    QTest::newRow("receiver on an absent port") << connectReceiver << QJsonObject{{u"port"_s, u"/nope"_s}}
+                                                << false << u"Failed to connect receiver to /nope"_s;
     QTest::newRow("wheel base without index")
         << u"action_connect_wheelbase"_s << QJsonObject() << false << noIndex;
     QTest::newRow("pedals at -2") << u"action_connect_pedals"_s << at(-2) << false << noIndex;
@@ -83,11 +90,13 @@ void TestWsDeviceHandler::refusalLeavesConnectionsAndProfile()
     const QJsonObject savedPedals = rig.profiles.deviceConnection(DeviceRole::Pedals);
     rig.ask(u"action_connect_transmitter"_s);
     rig.ask(u"action_connect_pedals"_s, at(-1));
+    rig.ask(u"action_connect_receiver"_s, {{u"port"_s, u"/nope"_s}});
 
     QVERIFY(rig.controller->isSerialConnected());
     QCOMPARE(rig.profiles.transmitterPortName(), rig.sim.clientPath());
     QVERIFY(rig.controller->devices()->isConnected(DeviceRole::Pedals));
     QCOMPARE(rig.profiles.deviceConnection(DeviceRole::Pedals), savedPedals);
+    QCOMPARE(rig.profiles.receiverPortName(), QString());
 }
 
 void TestWsDeviceHandler::autoConnectRestoresTheSavedSetup()
@@ -105,6 +114,34 @@ void TestWsDeviceHandler::autoConnectRestoresTheSavedSetup()
         (QJsonObject{
             {u"transmitter"_s, true}, {u"wheelbase"_s, true}, {u"pedals"_s, true}, {u"shifter"_s, false}}));
     QCOMPARE(rig.controller->serialPortName(), rig.sim.clientPath());
+}
+
+void TestWsDeviceHandler::receiverConnectsAndIsAnnouncedGone()
+{
+    Rig rig;
+    SET_UP_RIG(rig);
+    PseudoTerminal receiver;
+    QVERIFY(receiver.open(rig.receiverPath()));
+    const QString path = rig.receiverPath();
+
+    QCOMPARE(rig.ask(u"action_connect_receiver"_s, {{u"port"_s, path}, {u"baudRate"_s, 57600}})
+                 .value(u"success"_s),
+             true);
+    QCOMPARE(rig.ask(u"get_receiver_status"_s).value(u"data"_s).toObject(),
+             (QJsonObject{
+                 {u"connected"_s, true}, {u"portName"_s, path}, {u"deviceName"_s, u"Orvane Receiver"_s}}));
+    QCOMPARE(rig.profiles.receiverPortName(), path);
+    QCOMPARE(rig.profiles.receiverBaudRate(), 57600);
+
+    receiver.hangUp();
+    QTRY_COMPARE(rig.pushed(u"event_device_disconnected"_s),
+                 (QList<QJsonObject>{{{u"device"_s, u"receiver"_s}}}));
+    QVERIFY(rig.controller->isSerialConnected());
+
+    QVERIFY(receiver.plugIn());
+    QTRY_VERIFY(rig.controller->receiverPort()->isConnected());
+    QCOMPARE(rig.ask(u"action_disconnect_receiver"_s).value(u"success"_s), true);
+    QVERIFY(!rig.ask(u"get_receiver_status"_s).value(u"data"_s)[u"connected"_s].toBool());
 }
 
 QTEST_GUILESS_MAIN(TestWsDeviceHandler)
