@@ -92,6 +92,14 @@ inline constexpr int kReceiverGenerationClassic = 1;
 // Firmware major version 4 and later; any value at or above this counts as the newer kind,
 // which carries an acceleration where the classic receiver puts the battery voltage.
 inline constexpr int kReceiverGenerationNewer = 2;
+
+// Frames only the car's receiver sends: they show the car is in reach. Link statistics do
+// not count, the module sends them on its own.
+constexpr bool isCarTelemetry(uint8_t type)
+{
+    return type == kTypeGps || type == kTypeBattery || type == kTypeAttitude || type == kTypeVehicleRecord ||
+           type == kTypeWrappedRecord;
+}
 } // namespace crsf
 
 } // namespace tavrix

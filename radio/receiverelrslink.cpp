@@ -29,20 +29,6 @@ constexpr uint32_t kSerialV1 = fourCharacters("ORV1");
 
 constexpr uint8_t kHiddenFlag = 0x80;
 
-bool isCarTelemetry(uint8_t type)
-{
-    switch (type) {
-    case crsf::kTypeGps:
-    case crsf::kTypeBattery:
-    case crsf::kTypeAttitude:
-    case crsf::kTypeVehicleRecord:
-    case crsf::kTypeWrappedRecord:
-        return true;
-    default:
-        return false;
-    }
-}
-
 uint32_t bigEndian32(const QByteArray &bytes, qsizetype at)
 {
     return uint32_t(uint8_t(bytes[at])) << 24 | uint32_t(uint8_t(bytes[at + 1])) << 16 |
@@ -78,7 +64,7 @@ ReceiverElrsLink::ReceiverElrsLink(CrsfProtocol *crsf, const ReceiverLinkTimings
     // A Ready receiver sends no parameter frames by itself; the car's own telemetry shows
     // it is still in reach. Link statistics do not count: the module sends them alone.
     connect(m_crsf, &CrsfProtocol::frameReceived, this, [this](uint8_t type, const QByteArray &) {
-        if (isCarTelemetry(type))
+        if (crsf::isCarTelemetry(type))
             m_lastHeard.start();
     });
 }

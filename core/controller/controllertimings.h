@@ -1,6 +1,7 @@
 #pragma once
 
 #include "elrstimings.h"
+#include "receiverconfigtimings.h"
 #include "receiverlinktimings.h"
 #include "receiverport.h"
 #include "transmitterlink.h"
@@ -36,6 +37,8 @@ struct ControllerTimings
     ElrsTimings elrs;
     // Search, read and silence waits of the receiver link over the radio.
     ReceiverLinkTimings receiverLink;
+    // Command pace and reply waits of the receiver's settings, mounting and gyro calibration.
+    ReceiverConfigTimings receiverConfig;
 };
 
 } // namespace tavrix

@@ -2,6 +2,8 @@
 
 #include "activeprofilefollower.h"
 #include "elrsparametermanager.h"
+#include "profilekeys.h"
+#include "receiverconfigmanager.h"
 #include "receiverelrslink.h"
 #include "receiverport.h"
 #include "transmitterlink.h"
@@ -114,6 +116,32 @@ void TavrixController::wireReceiverPort()
     const QString remembered = m_profiles->receiverPortName();
     if (!remembered.isEmpty())
         m_receiverPort->setRememberedPort(remembered, m_profiles->receiverBaudRate());
+}
+
+void TavrixController::wireReceiverConfig()
+{
+    m_receiverConfig = new ReceiverConfigManager(m_receiverLink, m_timings.receiverConfig, this);
+    ReceiverConfigManager *config = m_receiverConfig;
+    connect(config, &ReceiverConfigManager::receiverWrite, m_receiverPort, [this](const QByteArray &bytes) {
+        // One command per write; the port adds the line end itself.
+        QString line = QString::fromLatin1(bytes);
+        if (line.endsWith(QLatin1Char('\n')))
+            line.chop(1);
+        m_receiverPort->writeLine(line);
+    });
+    connect(m_receiverPort, &ReceiverPort::lineReceived, config, &ReceiverConfigManager::onReceiverLine);
+    connect(m_receiverPort, &ReceiverPort::connectedChanged, config, &ReceiverConfigManager::setUsbOpen);
+    connect(this, &TavrixController::runningChanged, config, &ReceiverConfigManager::setTransmitting);
+    connect(m_crsf, &CrsfProtocol::frameReceived, config, [config](uint8_t type, const QByteArray &) {
+        if (crsf::isCarTelemetry(type))
+            config->noteCarTelemetry();
+    });
+    const auto followVehicle = [this, config] {
+        config->setVehicleType(isHelicopter() ? vehicletype::kHelicopter : vehicletype::kCar);
+    };
+    connect(this, &TavrixController::profileChanged, config, followVehicle);
+    followVehicle();
+    config->setUsbOpen(m_receiverPort->isConnected());
 }
 
 } // namespace tavrix

@@ -71,6 +71,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     wireElrsParameters();
     wireForceFeedback();
     wireReceiverPort();
+    wireReceiverConfig();
 
     connect(m_devices, &DeviceRoleSet::connectedChanged, this, &TavrixController::onDeviceConnectedChanged);
     connect(m_devices, &DeviceRoleSet::deviceLost, this, &TavrixController::onDeviceLost);

@@ -28,6 +28,7 @@ namespace tavrix {
 class ButtonMappingEngine;
 class CarTick;
 class ElrsParameterManager;
+class ReceiverConfigManager;
 class ReceiverElrsLink;
 class ReceiverPort;
 class HelicopterTick;
@@ -140,6 +141,8 @@ public:
     [[nodiscard]] ReceiverElrsLink *receiverLink() const { return m_receiverLink; }
     // The receiver's USB console; connect, disconnect and write lines through it directly.
     [[nodiscard]] ReceiverPort *receiverPort() const { return m_receiverPort; }
+    // The receiver's settings, mounting and gyro, over its USB console or the radio.
+    [[nodiscard]] ReceiverConfigManager *receiverConfig() const { return m_receiverConfig; }
     // The car's motion felt on the wheel base; switched off by every stop.
     [[nodiscard]] WheelForceFeedback *forceFeedback() const { return m_forceFeedback; }
 
@@ -223,6 +226,9 @@ private:
     void wireForceFeedback();
     // Creates the receiver's USB console port and remembers its port in the profile (controllerwiring.cpp).
     void wireReceiverPort();
+    // Creates the receiver's configuration and feeds it the console, the vehicle type,
+    // the transmission state and the car's telemetry (controllerwiring.cpp).
+    void wireReceiverConfig();
     void onTransmitTimer();
     void onIdleInputPoll();
     void onDeviceConnectedChanged(DeviceRole role, bool connected);
@@ -257,6 +263,7 @@ private:
     ElrsParameterManager *m_elrs = nullptr;
     ReceiverElrsLink *m_receiverLink = nullptr;
     ReceiverPort *m_receiverPort = nullptr;
+    ReceiverConfigManager *m_receiverConfig = nullptr;
     WheelForceFeedback *m_forceFeedback = nullptr;
     QTimer *m_transmitTimer = nullptr;
     QTimer *m_idleInputTimer = nullptr;

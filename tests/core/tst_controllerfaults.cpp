@@ -366,8 +366,10 @@ void TestControllerFaults::receiverComingAndGoingLeavesTransmissionAlone()
     // A line break cannot smuggle a second command past the checks made on the line.
     QVERIFY(!port->writeLine(QStringLiteral("OSD 1\nDFU")));
     QVERIFY(!port->writeLine(QStringLiteral("DFU\rOSD 1")));
-    QVERIFY(port->writeLine(QStringLiteral("GET_TELEM")));
-    QTRY_COMPARE(sent, QByteArray("GET_TELEM\n"));
+    QVERIFY(port->writeLine(QStringLiteral("HELP")));
+    // The configuration manager asks its own questions on the same line meanwhile.
+    QTRY_VERIFY(sent.contains("\nHELP\n") || sent.startsWith("HELP\n"));
+    QVERIFY(!sent.contains("DFU") && !sent.contains("OSD 1"));
 
     // Put away on purpose, it stays away though its port is still there.
     port->disconnectReceiver();
