@@ -195,7 +195,9 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
         return QStringLiteral("%1 needs --headless (the window has its own controls)")
             .arg(headlessOnly.first());
     if (options.demo) {
-        const QStringList ownRig = headlessOnly.filter(QRegularExpression(QStringLiteral("^--(?!start$)")));
+        // The demo brings the bridge and the controllers, not the car's receiver.
+        const QStringList ownRig =
+            headlessOnly.filter(QRegularExpression(QStringLiteral("^--(?!start$|receiver$)")));
         if (!ownRig.isEmpty())
             return QStringLiteral(
                        "%1 cannot be used with --demo, which brings its own transmitter and devices")

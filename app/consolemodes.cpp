@@ -137,6 +137,13 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
             return kCannotRunExitCode;
         }
         plan = demo->plan();
+        // A real (or simulated) receiver may sit beside the simulated bridge.
+        plan.receiverPort = options.receiverPort;
+        if (!options.receiverPort.isEmpty())
+            serviceOptions.ports = std::make_shared<CompositeSerialPortDirectory>(
+                QList<std::shared_ptr<const SerialPortDirectory>>{
+                    serviceOptions.ports,
+                    std::make_shared<PathSerialPortDirectory>(QStringList{options.receiverPort})});
         out << "demo: simulated bridge on " << demo->bridgePort() << ", profiles in " << demo->dataDirectory()
             << '\n';
         // What the simulated bridge is told (not its keepalives), so a run can be checked from outside.

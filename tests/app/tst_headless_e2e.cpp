@@ -242,15 +242,32 @@ private slots:
         // No display of any kind: a QApplication would abort here.
         for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
             env.remove(QLatin1String(name));
+        // The car's receiver on its own cable beside the demo's bridge.
+        RunningProcess receiver;
+        const QString receiverLink = home.filePath(QStringLiteral("ttyReceiver"));
+        const QString receiverLog = home.filePath(QStringLiteral("receiver.jsonl"));
+        receiver.start(kSim,
+                       {QStringLiteral("receiver"), QStringLiteral("--link"), receiverLink,
+                        QStringLiteral("--log"), receiverLog},
+                       env);
+        QTRY_VERIFY2_WITH_TIMEOUT(receiver.out.contains("link: "), qPrintable(receiver.transcript()), 10000);
         RunningProcess hub;
         hub.start(kHub,
-                  {QStringLiteral("--headless"), QStringLiteral("--demo"), QStringLiteral("--remote-port"),
-                   QStringLiteral("0")},
+                  {QStringLiteral("--headless"), QStringLiteral("--demo"), QStringLiteral("--receiver"),
+                   receiverLink, QStringLiteral("--remote-port"), QStringLiteral("0")},
                   env);
         QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("transmission started"), qPrintable(hub.transcript()),
                                   15000);
         // Telemetry from the simulated car comes back.
         QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("car link up"), qPrintable(hub.transcript()), 15000);
+        // The receiver's console is opened and its settings are asked for.
+        QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("receiver connected on"), qPrintable(hub.transcript()),
+                                  15000);
+        const auto receiverAsked = [&receiverLog] {
+            QFile log(receiverLog);
+            return log.open(QIODevice::ReadOnly) && log.readAll().contains("\"GET_TELEM\"");
+        };
+        QTRY_VERIFY2_WITH_TIMEOUT(receiverAsked(), qPrintable(receiver.transcript()), 15000);
         hub.process->terminate();
         QVERIFY(hub.process->waitForFinished(10000));
         QCOMPARE(hub.process->exitStatus(), QProcess::NormalExit);
