@@ -1,7 +1,7 @@
 #include "transmissiondialogbinder.h"
 
 #include "elrsparametermanager.h"
-#include "elrsremotestate.h"
+#include "elrstimings.h"
 #include "tavrixcontroller.h"
 #include "transmissiondialog.h"
 #include "transmittercard.h"
@@ -96,8 +96,7 @@ QList<RadioSettingGroup> radioSettingGroups(const QList<elrs::Parameter> &parame
 
 const QList<qint32> TransmissionDialogBinder::kBaudRates{115200, 230400, 400000, 420000, 460800, 921600};
 // The same wait the mobile app's configuration start gives the module.
-const std::chrono::milliseconds TransmissionDialogBinder::kModuleSettleTime{
-    ElrsRemoteState::kDiscoveryDelayMs};
+const std::chrono::milliseconds TransmissionDialogBinder::kModuleSettleTime{kElrsModuleSettleTime};
 
 TransmissionDialogBinder::TransmissionDialogBinder(TransmissionDialog *dialog, TavrixController *controller,
                                                    QObject *parent,

@@ -4,6 +4,10 @@
 
 namespace tavrix {
 
+// The module answers parameter requests only a few seconds after the bridge entered
+// configuration mode; whoever enters it waits this long before the walk.
+inline constexpr std::chrono::milliseconds kElrsModuleSettleTime{6000};
+
 // The waits of the ELRS parameter client, with the real values as defaults; tests
 // shorten them instead of sleeping through them.
 struct ElrsTimings

@@ -1,5 +1,7 @@
 #include "elrsremotestate.h"
 
+#include "elrstimings.h"
+
 #include "elrsparametermanager.h"
 #include "tavrixcontroller.h"
 
@@ -51,7 +53,7 @@ ElrsRemoteState::ElrsRemoteState(TavrixController *controller, QObject *parent)
     , m_controller(controller)
 {
     m_discoveryDelay.setSingleShot(true);
-    m_discoveryDelay.setInterval(kDiscoveryDelayMs);
+    m_discoveryDelay.setInterval(kElrsModuleSettleTime);
     connect(&m_discoveryDelay, &QTimer::timeout, this, &ElrsRemoteState::onDiscoveryDue);
     connect(controller, &TavrixController::configModeChanged, this, [this](bool on) {
         if (!on)

@@ -20,9 +20,6 @@ class ElrsRemoteState : public QObject
     Q_OBJECT
 
 public:
-    // How long configuration mode is given before the walk starts.
-    static constexpr int kDiscoveryDelayMs = 6000;
-
     ElrsRemoteState(TavrixController *controller, QObject *parent);
 
     // Enters configuration mode when needed and arms the walk; false when the mode cannot be entered.
