@@ -68,12 +68,11 @@ QString allowedText(std::span<const int> allowed)
     return values.isEmpty() ? last : values.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
 }
 
-// The receiver's value for an app value; nullopt when the receiver does not take it.
+// The receiver's value for an app value (a switch may come as true/false); nullopt when
+// the receiver does not take it.
 std::optional<int> receiverValue(const receiver::SettingKey &setting, const QJsonValue &value)
 {
-    if (isOnOff(setting))
-        return value.isBool() ? int(value.toBool()) : int(value.toInt() != 0);
-    const int number = value.toInt(-1);
+    const int number = value.isBool() ? int(value.toBool()) : value.toInt(-1);
     if (std::ranges::find(setting.allowed, number) == setting.allowed.end())
         return std::nullopt;
     return number;
