@@ -8,6 +8,7 @@
 #include "wshelicopterhandler.h"
 #include "wsinputhandler.h"
 #include "wsprofilehandler.h"
+#include "wsreceiverhandler.h"
 #include "wstelemetryhandler.h"
 #include "wstransmissionhandler.h"
 
@@ -33,6 +34,7 @@ void registerRemoteHandlers(WebSocketServer &server, TavrixController *controlle
     add<WsEscPresetHandler>(server, controller);
     add<WsHelicopterHandler>(server, controller);
     add<WsTelemetryHandler>(server, controller);
+    add<WsReceiverHandler>(server, controller);
 }
 
 } // namespace tavrix
