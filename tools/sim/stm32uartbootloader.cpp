@@ -121,8 +121,11 @@ Stm32UartBootloader::Reply Stm32UartBootloader::receive(QByteArrayView bytes)
     m_inbox.append(bytes);
     while (reply.next == Next::Stay && m_phase != Phase::Halted && step(reply)) {
     }
-    if (reply.next != Next::Stay)
+    if (reply.next != Next::Stay) {
+        // The chip has left the bootloader: it hears nothing more until reset().
         m_inbox.clear();
+        m_phase = Phase::Halted;
+    }
     return reply;
 }
 

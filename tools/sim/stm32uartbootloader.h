@@ -72,8 +72,8 @@ public:
     void halt() { m_phase = Phase::Halted; }
     [[nodiscard]] bool isHalted() const { return m_phase == Phase::Halted; }
 
-    // Takes bytes from the host and returns what the chip sends back. Bytes after a
-    // jump or a reset are dropped: the chip is no longer listening.
+    // Takes bytes from the host and returns what the chip sends back. After a jump or a
+    // reset the chip is no longer listening: later bytes are dropped until reset().
     Reply receive(QByteArrayView bytes);
 
     // The command codes GET lists, in its order.
