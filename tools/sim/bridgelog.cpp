@@ -76,6 +76,14 @@ void BridgeLog::logEvent(const QString &event, qint64 atMs)
     write({{QStringLiteral("kind"), QStringLiteral("event")}, {QStringLiteral("event"), event}}, atMs);
 }
 
+void BridgeLog::logBootloaderCommand(const QString &name, const QJsonObject &details, qint64 receivedMs)
+{
+    QJsonObject record = details;
+    record.insert(QStringLiteral("kind"), QStringLiteral("bootloader"));
+    record.insert(QStringLiteral("command"), name);
+    write(record, receivedMs);
+}
+
 void BridgeLog::write(QJsonObject record, qint64 atMs)
 {
     if (!m_file.isOpen())

@@ -30,6 +30,8 @@ public:
     void logCommand(const QString &command, qint64 receivedMs);
     void logGarbage(const QByteArray &bytes, qint64 receivedMs);
     void logEvent(const QString &event, qint64 atMs);
+    // A command of a simulated STM32 bootloader: its name and what it carried.
+    void logBootloaderCommand(const QString &name, const QJsonObject &details, qint64 receivedMs);
 
 private:
     void write(QJsonObject record, qint64 atMs);
