@@ -54,16 +54,14 @@ void ReceiverSettingsKeeper::storeDesiredSettings()
     if (m_loading || desired == m_known || !isCarProfile())
         return;
     m_known = desired;
-    const QJsonObject stored = m_profiles->setting(keys::kReceiverSettings).toObject();
-    QJsonObject settings = stored;
+    QJsonObject settings = m_profiles->setting(keys::kReceiverSettings).toObject();
     settings.insert(keys::kInitialized, true);
     for (const receiver::SettingKey &setting : receiver::kSettings) {
         const auto value = desired.constFind(setting.key);
         if (value != desired.cend())
             settings.insert(setting.name, receiver::valueToJson(setting, *value));
     }
-    if (settings != stored)
-        m_profiles->setSetting(keys::kReceiverSettings, settings);
+    m_profiles->setSetting(keys::kReceiverSettings, settings); // the store skips writing what it has
 }
 
 // Only what the receiver actually reported is kept: no firmware line, no firmware stored;
@@ -73,16 +71,14 @@ void ReceiverSettingsKeeper::storeCaps()
     const ReceiverConfigManager::Caps &caps = m_receiver->caps();
     if (!isCarProfile())
         return;
-    const QJsonObject stored = m_profiles->setting(keys::kReceiverCaps).toObject();
-    QJsonObject updated = stored;
+    QJsonObject updated = m_profiles->setting(keys::kReceiverCaps).toObject();
     if (!caps.firmware.isEmpty())
         updated.insert(keys::kFirmware, caps.firmware);
     if (caps.settings) {
         updated.insert(keys::kGps, caps.gps);
         updated.insert(keys::kImu, caps.imu);
     }
-    if (updated != stored)
-        m_profiles->setSetting(keys::kReceiverCaps, updated);
+    m_profiles->setSetting(keys::kReceiverCaps, updated);
 }
 
 } // namespace tavrix

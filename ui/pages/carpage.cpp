@@ -32,7 +32,7 @@ CarPage::CarPage(QWidget *parent)
     addToRightColumn(buildCarLinkCard());
     m_receiver = new ReceiverCard(this);
     m_receiver->setCollapsible(true);
-    addToRightColumn(m_receiver);
+    addToLeftColumn(m_receiver);
     clearTelemetry();
     clearInput();
 }
