@@ -11,6 +11,8 @@
 #include "vehiclepagebinder.h"
 #include "visiblerefresh.h"
 
+#include <QLineEdit>
+
 namespace tavrix {
 
 namespace {
@@ -64,6 +66,7 @@ ReceiverCardBinder::ReceiverCardBinder(ReceiverCard *card, TavrixController *con
     connect(card, &ReceiverCard::mountingStepRequested, receiver, &ReceiverConfigManager::detectMountingStep);
     connect(card, &ReceiverCard::gyroCalibrationRequested, receiver, &ReceiverConfigManager::calibrateGyro);
     connect(card, &ReceiverCard::consoleCommandEntered, this, &ReceiverCardBinder::sendConsoleLine);
+    card->consoleEntry()->setMaxLength(int(receiver::kMaxLineLength));
     connect(receiver, &ReceiverConfigManager::consoleLine, card, &ReceiverCard::appendConsoleLine);
     connect(receiver, &ReceiverConfigManager::stateChanged, this, &ReceiverCardBinder::showConnection);
     connect(receiver, &ReceiverConfigManager::capsChanged, this, &ReceiverCardBinder::showConnection);
