@@ -41,11 +41,9 @@ ReceiverCard::ReceiverCard(QWidget *parent)
     m_status = addMutedLabel();
     m_info = addMutedLabel();
 
-    m_settings = new QWidget(this);
-    auto *grid = new QGridLayout(m_settings);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setVerticalSpacing(4);
-    body()->addWidget(m_settings);
+    m_settings = new QGridLayout;
+    m_settings->setVerticalSpacing(4);
+    body()->addLayout(m_settings);
     m_gps = addMutedLabel();
 
     body()->addWidget(buildSensorRows());
@@ -127,23 +125,23 @@ QWidget *ReceiverCard::buildConsole()
 
 void ReceiverCard::addSetting(const Setting &setting)
 {
-    auto *grid = static_cast<QGridLayout *>(m_settings->layout());
+    QGridLayout *grid = m_settings;
     const int row = grid->rowCount();
     QWidget *editor = nullptr;
     if (setting.choices.isEmpty()) {
-        auto *box = new QCheckBox(setting.label, m_settings);
+        auto *box = new QCheckBox(setting.label, this);
         connect(box, &QCheckBox::clicked, this,
                 [this, key = setting.key](bool on) { emit settingChanged(key, on ? 1 : 0); });
         grid->addWidget(box, row, 0, 1, 2);
         editor = box;
     } else {
-        auto *box = new QComboBox(m_settings);
+        auto *box = new QComboBox(this);
         for (const int value : setting.choices)
             box->addItem(QStringLiteral("%1 %2").arg(value).arg(setting.unit).trimmed(), value);
         connect(box, &QComboBox::activated, this, [this, box, key = setting.key](int index) {
             emit settingChanged(key, box->itemData(index).toInt());
         });
-        grid->addWidget(new QLabel(setting.label, m_settings), row, 0);
+        grid->addWidget(new QLabel(setting.label, this), row, 0);
         grid->addWidget(box, row, 1);
         editor = box;
     }

@@ -10,6 +10,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -91,7 +92,7 @@ private:
     SerialPortPicker *m_picker = nullptr;
     QLabel *m_status = nullptr;
     QLabel *m_info = nullptr;
-    QWidget *m_settings = nullptr;
+    QGridLayout *m_settings = nullptr;
     QHash<QString, QWidget *> m_settingWidgets;
     QLabel *m_gps = nullptr;
     QLabel *m_axes = nullptr;
