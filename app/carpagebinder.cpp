@@ -1,6 +1,7 @@
 #include "carpagebinder.h"
 
 #include "carpage.h"
+#include "receivercardbinder.h"
 #include "tavrixcontroller.h"
 #include "vehiclepagebinder.h"
 
@@ -12,6 +13,7 @@ CarPageBinder::CarPageBinder(CarPage *page, TavrixController *controller, QObjec
     , m_controller(controller)
     , m_vehicle(new VehiclePageBinder(page, controller, {VehicleType::Car, page->deviceCard()}, this))
 {
+    new ReceiverCardBinder(page->receiverCard(), controller, this);
     connect(m_vehicle, &VehiclePageBinder::repaintDue, this, &CarPageBinder::showInput);
     connect(controller, &TavrixController::carLinkChanged, this, &CarPageBinder::showCarLink);
     connect(controller, &TavrixController::linkStatisticsUpdated, page, [page](const LinkStatistics &stats) {

@@ -9,7 +9,7 @@ class TavrixController;
 class VehiclePageBinder;
 
 // Binds the "rc-car" page to the controller: the shared vehicle parts, live steering,
-// throttle and brake, and the car's link, battery and GPS.
+// throttle and brake, the car's link, battery and GPS, and the car's receiver.
 class CarPageBinder : public QObject
 {
     Q_OBJECT

@@ -1,6 +1,7 @@
 #include "demorig.h"
 
 #include "bridgesimulator.h"
+#include "receiversimulator.h"
 #include "replayplayer.h"
 #include "replayscript.h"
 #include "serialportdirectory.h"
@@ -24,11 +25,14 @@ const QList<RoleChoice> &demoDevices()
 
 } // namespace
 
-DemoRig::DemoRig(QObject *parent)
+DemoRig::DemoRig(Receiver receiver, QObject *parent)
     : QObject(parent)
     , m_dataDirectory(QDir::tempPath() + QStringLiteral("/orvanehub-demo-XXXXXX"))
     , m_bridge(new sim::BridgeSimulator(sim::BridgeSimulatorSettings{}, this))
-{}
+{
+    if (receiver == Receiver::Simulated)
+        m_receiver = new sim::ReceiverSimulator(sim::ReceiverSimulatorSettings{}, this);
+}
 
 DemoRig::~DemoRig() = default;
 
@@ -43,12 +47,21 @@ bool DemoRig::prepare(QString *error)
         *error = QStringLiteral("cannot start the simulated bridge: %1").arg(m_bridge->errorString());
         return false;
     }
+    if (m_receiver && !m_receiver->start(m_dataDirectory.filePath(QStringLiteral("ttyOrvaneDemoReceiver")))) {
+        *error = QStringLiteral("cannot start the simulated receiver: %1").arg(m_receiver->errorString());
+        return false;
+    }
     return true;
 }
 
 QString DemoRig::bridgePort() const
 {
     return m_bridge->clientPath();
+}
+
+QString DemoRig::receiverPort() const
+{
+    return m_receiver ? m_receiver->clientPath() : QString();
 }
 
 HubServices::Options DemoRig::takeServiceOptions(QString *error)
@@ -58,7 +71,7 @@ HubServices::Options DemoRig::takeServiceOptions(QString *error)
     options.ports =
         std::make_shared<CompositeSerialPortDirectory>(QList<std::shared_ptr<const SerialPortDirectory>>{
             std::make_shared<SystemSerialPortDirectory>(),
-            std::make_shared<PathSerialPortDirectory>(QStringList{bridgePort()})});
+            std::make_shared<PathSerialPortDirectory>(QStringList{bridgePort(), receiverPort()})});
 
     ReplayScript script = ReplayScript::load(QString::fromLatin1(kReplayResource));
     if (!script.isValid()) {
@@ -76,6 +89,7 @@ SessionPlan DemoRig::plan() const
 {
     SessionPlan plan;
     plan.transmitterPort = bridgePort();
+    plan.receiverPort = receiverPort();
     plan.devices = demoDevices();
     plan.start = true;
     return plan;

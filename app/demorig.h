@@ -12,7 +12,8 @@
 
 namespace tavrix::sim {
 class BridgeSimulator;
-}
+class ReceiverSimulator;
+} // namespace tavrix::sim
 
 namespace tavrix {
 
@@ -21,13 +22,21 @@ namespace tavrix {
 // transmitter (with a car that sends telemetry); a virtual wheel base, pedals and shifter
 // play the drive shipped in the program (":/demo/demo-loop.jsonl") round after round; the
 // profiles live in a private temporary folder, so the user's own are never read or written.
+// The window's demo also plays the car's receiver on its USB console, so its settings,
+// sensors and console show live data.
 class DemoRig : public QObject
 {
     Q_OBJECT
 public:
     static constexpr char kReplayResource[] = ":/demo/demo-loop.jsonl";
 
-    explicit DemoRig(QObject *parent = nullptr);
+    enum class Receiver
+    {
+        None,
+        Simulated,
+    };
+
+    explicit DemoRig(Receiver receiver = Receiver::None, QObject *parent = nullptr);
     ~DemoRig() override;
 
     // Makes the private folder and starts the simulated bridge. False with *error on failure.
@@ -38,16 +47,20 @@ public:
     // an empty inputBackend with *error set when the shipped replay cannot be read.
     [[nodiscard]] HubServices::Options takeServiceOptions(QString *error);
 
-    // Connect the simulated bridge, open the three devices by name, start transmission.
+    // Connect the simulated bridge (and receiver), open the three devices by name, start
+    // transmission.
     [[nodiscard]] SessionPlan plan() const;
 
     [[nodiscard]] sim::BridgeSimulator *bridge() const { return m_bridge; }
     [[nodiscard]] QString bridgePort() const;
+    // Empty without a simulated receiver.
+    [[nodiscard]] QString receiverPort() const;
     [[nodiscard]] QString dataDirectory() const { return m_dataDirectory.path(); }
 
 private:
     QTemporaryDir m_dataDirectory;
     sim::BridgeSimulator *m_bridge;
+    sim::ReceiverSimulator *m_receiver = nullptr;
 };
 
 } // namespace tavrix

@@ -50,7 +50,7 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
         std::unique_ptr<tavrix::DemoRig> demo;
         tavrix::HubServices::Options serviceOptions;
         if (options.demo) {
-            demo = std::make_unique<tavrix::DemoRig>();
+            demo = std::make_unique<tavrix::DemoRig>(tavrix::DemoRig::Receiver::Simulated);
             QString error;
             if (demo->prepare(&error))
                 serviceOptions = demo->takeServiceOptions(&error);

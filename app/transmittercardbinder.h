@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QObject>
+#include "portpickerbinder.h"
 
 namespace tavrix {
 
@@ -9,21 +9,11 @@ class TransmitterCard;
 
 // Keeps a transmitter card in step with the controller's serial link and turns the card's
 // connect and disconnect requests into controller calls.
-class TransmitterCardBinder : public QObject
+class TransmitterCardBinder : public PortPickerBinder
 {
     Q_OBJECT
 public:
     TransmitterCardBinder(TransmitterCard *card, TavrixController *controller, QObject *parent = nullptr);
-
-public slots:
-    // Lists the serial ports again; the connected port stays listed while it is open.
-    void refreshPorts();
-
-private:
-    void showLinkState();
-
-    TransmitterCard *m_card;
-    TavrixController *m_controller;
 };
 
 } // namespace tavrix

@@ -113,8 +113,13 @@ inline constexpr QLatin1String kInvertPitch{"invertPitch"};
 inline constexpr QLatin1String kInvertRoll{"invertRoll"};
 inline constexpr QLatin1String kInvertYaw{"invertYaw"};
 
+// receiverSettings: the receiver's own settings are named in receiver::kSettings.
+inline constexpr QLatin1String kInitialized{"initialized"};
+
 // receiverCaps.
 inline constexpr QLatin1String kFirmware{"firmware"};
+inline constexpr QLatin1String kGps{"gps"};
+inline constexpr QLatin1String kImu{"imu"};
 
 // deviceConnections and the helicopter's input devices.
 inline constexpr QLatin1String kBridge{"bridge"};

@@ -286,14 +286,16 @@ Schema buildProfileFields()
     };
 
     Schema receiverSettings = {
-        boolean("initialized"_L1, false), boolean("gpsEnabled"_L1, true),  integer("gpsRateHz"_L1, 0),
-        boolean("gpsTelem"_L1, true),     boolean("imuTelem"_L1, true),    boolean("motionTelem"_L1, true),
-        integer("motionRateHz"_L1, 20),   boolean("osdEnabled"_L1, false), boolean("motionSensors"_L1, false),
+        boolean(keys::kInitialized, false), boolean("gpsEnabled"_L1, true),
+        integer("gpsRateHz"_L1, 0),         boolean("gpsTelem"_L1, true),
+        boolean("imuTelem"_L1, true),       boolean("motionTelem"_L1, true),
+        integer("motionRateHz"_L1, 20),     boolean("osdEnabled"_L1, false),
+        boolean("motionSensors"_L1, false),
     };
 
     Schema receiverCaps = {
-        boolean("imu"_L1, false),
-        boolean("gps"_L1, false),
+        boolean(keys::kImu, false),
+        boolean(keys::kGps, false),
         text(keys::kFirmware),
         integer("osdOnBoard"_L1, -1),
     };

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace tavrix::receiver {
 
 namespace {
@@ -70,6 +72,24 @@ std::optional<SettingKey> settingKey(QStringView key)
             return s;
     }
     return std::nullopt;
+}
+
+bool SettingKey::isSwitch() const
+{
+    return std::ranges::equal(allowed, kOnOff);
+}
+
+std::optional<int> valueFromJson(const SettingKey &setting, const QJsonValue &value)
+{
+    const int number = value.isBool() ? int(value.toBool()) : value.toInt(-1);
+    if (std::ranges::find(setting.allowed, number) == setting.allowed.end())
+        return std::nullopt;
+    return number;
+}
+
+QJsonValue valueToJson(const SettingKey &setting, int value)
+{
+    return setting.isSwitch() ? QJsonValue(value != 0) : QJsonValue(value);
 }
 
 std::optional<QString> cleanLine(QStringView raw)

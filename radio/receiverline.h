@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJsonValue>
 #include <QLatin1String>
 #include <QList>
 #include <QPair>
@@ -16,28 +17,41 @@ inline constexpr std::array<int, 6> kGpsRates{0, 1, 2, 4, 5, 10};
 inline constexpr std::array<int, 4> kMotionRates{5, 10, 20, 25};
 
 // One setting of the receiver: its key in the receiver's own reports, the console command
-// that sets it ("%1" is the value) and the only values the receiver takes for it.
+// that sets it ("%1" is the value), the only values the receiver takes for it, and its name
+// where the hub keeps or exchanges it as JSON (the profile's receiverSettings, the app).
 struct SettingKey
 {
     QLatin1String key;
     QLatin1String command;
     std::span<const int> allowed;
+    QLatin1String name;
+
+    // An on/off setting: a switch in JSON, 0 or 1 on the console.
+    [[nodiscard]] bool isSwitch() const;
 };
 
 // Every setting, in the order a change is applied: the GPS is powered before its rate and
 // telemetry are set, the OSD and the sensors last.
 inline constexpr std::array<SettingKey, 8> kSettings{{
-    {QLatin1String("GPS_ON"), QLatin1String("SET_GPS %1"), kOnOff},
-    {QLatin1String("GPS_RATE"), QLatin1String("GPS_RATE %1"), kGpsRates},
-    {QLatin1String("GPS"), QLatin1String("SET_GPS_TELEM %1"), kOnOff},
-    {QLatin1String("IMU"), QLatin1String("SET_IMU_TELEM %1"), kOnOff},
-    {QLatin1String("MOTION"), QLatin1String("SET_MOTION_TELEM %1"), kOnOff},
-    {QLatin1String("MOTION_RATE"), QLatin1String("SET_MOTION_RATE %1"), kMotionRates},
-    {QLatin1String("OSD"), QLatin1String("SET_OSD %1"), kOnOff},
-    {QLatin1String("MOTION_SENSORS"), QLatin1String("SET_MOTION_SENSORS %1"), kOnOff},
+    {QLatin1String("GPS_ON"), QLatin1String("SET_GPS %1"), kOnOff, QLatin1String("gpsEnabled")},
+    {QLatin1String("GPS_RATE"), QLatin1String("GPS_RATE %1"), kGpsRates, QLatin1String("gpsRateHz")},
+    {QLatin1String("GPS"), QLatin1String("SET_GPS_TELEM %1"), kOnOff, QLatin1String("gpsTelem")},
+    {QLatin1String("IMU"), QLatin1String("SET_IMU_TELEM %1"), kOnOff, QLatin1String("imuTelem")},
+    {QLatin1String("MOTION"), QLatin1String("SET_MOTION_TELEM %1"), kOnOff, QLatin1String("motionTelem")},
+    {QLatin1String("MOTION_RATE"), QLatin1String("SET_MOTION_RATE %1"), kMotionRates,
+     QLatin1String("motionRateHz")},
+    {QLatin1String("OSD"), QLatin1String("SET_OSD %1"), kOnOff, QLatin1String("osdEnabled")},
+    {QLatin1String("MOTION_SENSORS"), QLatin1String("SET_MOTION_SENSORS %1"), kOnOff,
+     QLatin1String("motionSensors")},
 }};
 
 [[nodiscard]] std::optional<SettingKey> settingKey(QStringView key);
+
+// The receiver's value for a JSON value (a switch may come as true/false or 0/1); nullopt
+// when the receiver does not take it.
+[[nodiscard]] std::optional<int> valueFromJson(const SettingKey &setting, const QJsonValue &value);
+// A switch as true/false, a rate as its number.
+[[nodiscard]] QJsonValue valueToJson(const SettingKey &setting, int value);
 
 struct GpsStatus
 {

@@ -6,6 +6,7 @@
 #include "receiverconfigmanager.h"
 #include "receiverelrslink.h"
 #include "receiverport.h"
+#include "receiversettingskeeper.h"
 #include "transmitterlink.h"
 #include "wheelforcefeedback.h"
 
@@ -141,6 +142,8 @@ void TavrixController::wireReceiverConfig()
     };
     connect(this, &TavrixController::profileChanged, config, followVehicle);
     followVehicle();
+    // The user's choices live in the car's profile, loaded before the console opens.
+    new ReceiverSettingsKeeper(config, m_profiles, this);
     config->setUsbOpen(m_receiverPort->isConnected());
 }
 

@@ -9,31 +9,11 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 namespace tavrix {
 
 namespace {
-
-// The app's name of each receiver setting; the values each takes are the receiver's own.
-struct AppSetting
-{
-    QLatin1String appKey;
-    QLatin1String receiverKey;
-};
-
-// In the receiver's order of applying, which is also the order a request is checked in.
-constexpr std::array<AppSetting, 8> kAppSettings{{
-    {QLatin1String("gpsEnabled"), QLatin1String("GPS_ON")},
-    {QLatin1String("gpsRateHz"), QLatin1String("GPS_RATE")},
-    {QLatin1String("gpsTelem"), QLatin1String("GPS")},
-    {QLatin1String("imuTelem"), QLatin1String("IMU")},
-    {QLatin1String("motionTelem"), QLatin1String("MOTION")},
-    {QLatin1String("motionRateHz"), QLatin1String("MOTION_RATE")},
-    {QLatin1String("osdEnabled"), QLatin1String("OSD")},
-    {QLatin1String("motionSensors"), QLatin1String("MOTION_SENSORS")},
-}};
 
 // A client may type faster than the console's pace; what it queued beyond this is refused
 // rather than kept.
@@ -48,16 +28,6 @@ const QString kStepRunning = QStringLiteral("A step is already running");
 using GyroCal = ReceiverConfigManager::GyroCal;
 using Mounting = ReceiverConfigManager::Mounting;
 
-receiver::SettingKey settingOf(const AppSetting &app)
-{
-    return *receiver::settingKey(QString(app.receiverKey)); // every receiver key in the table exists
-}
-
-bool isOnOff(const receiver::SettingKey &setting)
-{
-    return std::ranges::equal(setting.allowed, receiver::kOnOff);
-}
-
 // "0, 1, 2 or 4".
 QString allowedText(std::span<const int> allowed)
 {
@@ -66,16 +36,6 @@ QString allowedText(std::span<const int> allowed)
         values.append(QString::number(value));
     const QString last = values.takeLast();
     return values.isEmpty() ? last : values.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
-}
-
-// The receiver's value for an app value (a switch may come as true/false); nullopt when
-// the receiver does not take it.
-std::optional<int> receiverValue(const receiver::SettingKey &setting, const QJsonValue &value)
-{
-    const int number = value.isBool() ? int(value.toBool()) : value.toInt(-1);
-    if (std::ranges::find(setting.allowed, number) == setting.allowed.end())
-        return std::nullopt;
-    return number;
 }
 
 QString gyroCalName(GyroCal state)
@@ -176,14 +136,10 @@ QJsonObject WsReceiverHandler::configObject() const
     QMap<QString, int> known = config->desiredSettings();
     known.insert(config->reportedSettings());
     QJsonObject settings;
-    for (const AppSetting &app : kAppSettings) {
-        const auto value = known.constFind(app.receiverKey);
-        if (value == known.cend())
-            continue;
-        if (isOnOff(settingOf(app)))
-            settings.insert(app.appKey, *value != 0);
-        else
-            settings.insert(app.appKey, *value);
+    for (const receiver::SettingKey &setting : receiver::kSettings) {
+        const auto value = known.constFind(setting.key);
+        if (value != known.cend())
+            settings.insert(setting.name, receiver::valueToJson(setting, *value));
     }
 
     return {
@@ -231,13 +187,13 @@ QJsonObject WsReceiverHandler::setConfig(const RemoteRequest &request)
 {
     const QJsonObject settings = request.object(QLatin1String("settings"));
     QList<QPair<QString, int>> changes;
-    for (const AppSetting &app : kAppSettings) {
-        if (!settings.contains(app.appKey))
+    // In the receiver's order of applying, which is also the order a request is checked in.
+    for (const receiver::SettingKey &setting : receiver::kSettings) {
+        if (!settings.contains(setting.name))
             continue;
-        const receiver::SettingKey setting = settingOf(app);
-        const std::optional<int> value = receiverValue(setting, settings.value(app.appKey));
+        const std::optional<int> value = receiver::valueFromJson(setting, settings.value(setting.name));
         if (!value)
-            return request.failed(app.appKey + QStringLiteral(" must be ") + allowedText(setting.allowed));
+            return request.failed(setting.name + QStringLiteral(" must be ") + allowedText(setting.allowed));
         changes.append({setting.key, *value});
     }
     for (const auto &[key, value] : changes)

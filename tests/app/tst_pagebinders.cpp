@@ -16,17 +16,24 @@
 #include "logrouter.h"
 #include "mainwindow.h"
 #include "notice.h"
+#include "receivercard.h"
+#include "receiverconfigmanager.h"
+#include "receiverport.h"
+#include "receiversimulator.h"
 #include "remoteaddresses.h"
 #include "remotestatusdialog.h"
+#include "serialportpicker.h"
 #include "stattile.h"
 #include "statuspill.h"
 #include "statusrow.h"
 #include "toast.h"
 #include "transmittercard.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSettings>
@@ -160,6 +167,52 @@ private slots:
         QVERIFY(!c->isRunning());
         QVERIFY(rig.sim.commands().contains(QStringLiteral("STOP")) ||
                 QTest::qWaitFor([&] { return rig.sim.commands().contains(QStringLiteral("STOP")); }, 5000));
+    }
+
+    void receiverCardReachesTheReceiver()
+    {
+        HubRig rig;
+        sim::ReceiverSimulatorSettings quiet;
+        quiet.telemetryIntervalMs = 0;
+        quiet.calibrationLineIntervalMs = 0;
+        sim::ReceiverSimulator receiver(quiet);
+        const QString path = rig.dir.filePath(QStringLiteral("ttyRECEIVER"));
+        QVERIFY(receiver.start(path));
+        rig.ports->setPaths({path});
+        auto *car = rig.showPage<CarPage>(u"rc-car"_s);
+        QVERIFY(car);
+        ReceiverCard *card = car->receiverCard();
+        ReceiverConfigManager *config = rig.controller()->receiverConfig();
+        QTRY_COMPARE_WITH_TIMEOUT(card->picker()->ports(), QStringList{path}, 5000);
+        card->picker()->connectButton()->click();
+        QVERIFY(rig.controller()->receiverPort()->isConnected());
+        QTRY_COMPARE_WITH_TIMEOUT(config->usbState(), ReceiverConfigManager::UsbState::Synced, 10000);
+        QVERIFY(card->settingSwitch(u"MOTION"_s)->isChecked());
+
+        // A switch and a rate reach the receiver, and the switch shows the choice meanwhile.
+        card->settingSwitch(u"MOTION"_s)->click();
+        QComboBox *gpsRate = card->settingChoice(u"GPS_RATE"_s);
+        pick(gpsRate, gpsRate->findData(10));
+        QTRY_COMPARE_WITH_TIMEOUT(receiver.setting(u"MOTION"_s), 0, 10000);
+        QTRY_COMPARE_WITH_TIMEOUT(receiver.setting(u"GPS_RATE"_s), 10, 10000);
+        QVERIFY(!card->settingSwitch(u"MOTION"_s)->isChecked());
+
+        // The boot loader's command is refused on the card and never reaches the receiver;
+        // a normal line goes out and its answer shows in the console.
+        card->consoleEntry()->setText(u"dfu"_s);
+        QTest::keyClick(card->consoleEntry(), Qt::Key_Return);
+        QVERIFY(!card->consoleRefusal().isEmpty());
+        QCOMPARE(card->consoleEntry()->text(), u"dfu"_s);
+        card->consoleEntry()->setText(u"HW"_s);
+        QTest::keyClick(card->consoleEntry(), Qt::Key_Return);
+        QTRY_VERIFY_WITH_TIMEOUT(card->consoleText().contains(u"HW:Orvane-RX"_s), 10000);
+        QVERIFY(card->consoleRefusal().isEmpty());
+        QVERIFY(!receiver.commands().contains(u"dfu"_s, Qt::CaseInsensitive));
+
+        // The first mounting step is asked for and its outcome shown.
+        card->mountingButton(0)->click();
+        QTRY_COMPARE_WITH_TIMEOUT(config->mounting(), ReceiverConfigManager::Mounting::NeedNoseUp, 10000);
+        QCOMPARE(card->mountingText(), config->mountingText());
     }
 
     void devicePickerFollowsTheUnplug()

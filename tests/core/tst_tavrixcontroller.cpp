@@ -2,7 +2,11 @@
 
 #include "inputdevice.h"
 #include "logcapture.h"
+#include "receiverconfigmanager.h"
 
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -29,6 +33,17 @@ QList<ReceiverFfbState> ffbStates(const QSignalSpy &spy)
     return states;
 }
 
+// A key of a profile as its file on disk holds it.
+QJsonObject storedKey(const ProfileManager &profiles, const QString &id, const QString &key)
+{
+    QFile file(profiles.profileDirectory() + QLatin1Char('/') + id + QStringLiteral(".json"));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QJsonDocument::fromJson(file.readAll()).object().value(key).toObject();
+}
+
+using Settings = QMap<QString, int>;
+
 } // namespace
 
 class TestTavrixController : public QObject
@@ -47,6 +62,9 @@ private slots:
     void motionWaitEndsInNoMotionData();
     void helicopterStartsAndRefusesArmingAboveIdle();
     void profileSwitchWaitsForStop();
+    void receiverSettingsFollowTheCarProfile_data();
+    void receiverSettingsFollowTheCarProfile();
+    void receiverReportsAreKeptAsItsCapsOnly();
 };
 
 void TestTavrixController::framesCarryWheelAndPedals()
@@ -367,6 +385,77 @@ void TestTavrixController::profileSwitchWaitsForStop()
     QCOMPARE(changed.size(), 1);
     QCOMPARE(changed.first().at(0).toString(), heli);
     QVERIFY(!rig.controller->devices()->isConnected(DeviceRole::WheelBase));
+}
+
+void TestTavrixController::receiverSettingsFollowTheCarProfile_data()
+{
+    QTest::addColumn<QString>("vehicleType");
+    QTest::addColumn<QJsonObject>("stored");
+    QTest::addColumn<Settings>("loaded");
+    const QJsonObject chosen{{QStringLiteral("initialized"), true},
+                             {QStringLiteral("gpsRateHz"), 10},
+                             {QStringLiteral("motionTelem"), false}};
+    QJsonObject defaults = chosen;
+    defaults.insert(QStringLiteral("initialized"), false);
+    QJsonObject untaken = chosen;
+    untaken.insert(QStringLiteral("gpsRateHz"), 3);
+    QTest::newRow("chosen for this car")
+        << QStringLiteral("rc_car") << chosen
+        << Settings{{QStringLiteral("GPS_RATE"), 10}, {QStringLiteral("MOTION"), 0}};
+    QTest::newRow("never chosen") << QStringLiteral("rc_car") << defaults << Settings{};
+    QTest::newRow("a helicopter") << QStringLiteral("rc_helicopter") << chosen << Settings{};
+    QTest::newRow("a rate the receiver does not take")
+        << QStringLiteral("rc_car") << untaken << Settings{{QStringLiteral("MOTION"), 0}};
+}
+
+void TestTavrixController::receiverSettingsFollowTheCarProfile()
+{
+    QFETCH(QString, vehicleType);
+    QFETCH(QJsonObject, stored);
+    QFETCH(Settings, loaded);
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    ReceiverConfigManager *receiver = rig.controller->receiverConfig();
+    const QString first = rig.profiles.activeProfileId();
+
+    // The user's choice reaches the profile's file, marked as chosen.
+    QVERIFY(receiver->setDesiredSetting(QStringLiteral("GPS_RATE"), 5));
+    const QJsonObject written = storedKey(rig.profiles, first, QStringLiteral("receiverSettings"));
+    QCOMPARE(written.value(QStringLiteral("gpsRateHz")).toInt(), 5);
+    QVERIFY(written.value(QStringLiteral("initialized")).toBool());
+
+    const QString other = rig.profiles.createProfile(QStringLiteral("Other"));
+    QVERIFY(rig.profiles.setActiveProfile(other));
+    QVERIFY(rig.profiles.setVehicleType(vehicleType));
+    QVERIFY(rig.profiles.setSetting(QStringLiteral("receiverSettings"), stored));
+    QVERIFY(rig.profiles.setActiveProfile(first));
+    QCOMPARE(receiver->desiredSettings().value(QStringLiteral("GPS_RATE")), 5);
+
+    // Loading a profile is no choice of the user's: nothing is written back.
+    Settings expected = receiver->desiredSettings();
+    expected.insert(loaded);
+    QSignalSpy modified(&rig.profiles, &ProfileManager::profileModified);
+    QVERIFY(rig.profiles.setActiveProfile(other));
+    QCOMPARE(receiver->desiredSettings(), expected);
+    QCOMPARE(modified.size(), 0);
+}
+
+void TestTavrixController::receiverReportsAreKeptAsItsCapsOnly()
+{
+    ControllerRig rig;
+    SET_UP_RIG(rig);
+    ReceiverConfigManager *receiver = rig.controller->receiverConfig();
+    const QString id = rig.profiles.activeProfileId();
+    receiver->onReceiverLine(QStringLiteral("Orvane:4.3.0"));
+    receiver->onReceiverLine(QStringLiteral("TELEM: OSD:1 GPS_ON:1 GPS_RATE:5 IMU:1 MOTION:0"));
+    const QJsonObject caps = storedKey(rig.profiles, id, QStringLiteral("receiverCaps"));
+    QCOMPARE(caps.value(QStringLiteral("firmware")).toString(), QStringLiteral("4.3.0"));
+    QVERIFY(caps.value(QStringLiteral("gps")).toBool());
+    QVERIFY(caps.value(QStringLiteral("imu")).toBool());
+    // What the receiver reports is not what the user chose for the car.
+    QVERIFY(!storedKey(rig.profiles, id, QStringLiteral("receiverSettings"))
+                 .value(QStringLiteral("initialized"))
+                 .toBool());
 }
 
 QTEST_MAIN(TestTavrixController)

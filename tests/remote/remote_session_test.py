@@ -32,13 +32,12 @@ def free_port():
 class Hub:
     """orvanehub in its own process, its output collected line by line."""
 
-    def __init__(self, program, port, home):
+    def __init__(self, program, home, arguments):
         env = dict(os.environ, QT_QPA_PLATFORM="offscreen", HOME=home, TMPDIR=home,
                    XDG_CONFIG_HOME=home + "/config", XDG_DATA_HOME=home + "/data")
         self.lines = []
-        self.process = subprocess.Popen(
-            [program, "--headless", "--demo", "--remote-port", str(port), "--remote-address", "127.0.0.1"],
-            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, env=env)
+        self.process = subprocess.Popen([program, "--headless", "--demo", "--remote-address", "127.0.0.1"] + arguments,
+                                        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, env=env)
         threading.Thread(target=self._read, daemon=True).start()
 
     def _read(self):
@@ -195,7 +194,7 @@ def main():
     program = sys.argv[1]
     port = free_port()
     with tempfile.TemporaryDirectory() as home:
-        hub = Hub(program, port, home)
+        hub = Hub(program, home, ["--remote-port", str(port)])
         try:
             asyncio.run(session(hub, port))
         finally:

@@ -3,6 +3,7 @@
 #include "card.h"
 #include "devicepickercard.h"
 #include "levelbar.h"
+#include "receivercard.h"
 #include "shellsettings.h"
 #include "stattile.h"
 #include "statuspill.h"
@@ -29,6 +30,9 @@ CarPage::CarPage(QWidget *parent)
     addToLeftColumn(buildConfigureCard());
     addToRightColumn(buildLiveInputCard());
     addToRightColumn(buildCarLinkCard());
+    m_receiver = new ReceiverCard(this);
+    m_receiver->setCollapsible(true);
+    addToLeftColumn(m_receiver);
     clearTelemetry();
     clearInput();
 }

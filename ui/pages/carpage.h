@@ -15,9 +15,10 @@ class StatusPill;
 namespace tavrix {
 
 class DevicePickerCard;
+class ReceiverCard;
 
 // The "rc-car" page: transmitter, game controllers per role, the configuration dialogs,
-// live input, the car link and the channels. It presents and asks; whoever owns the
+// live input, the car link, the car's receiver and the channels. It presents and asks; whoever owns the
 // transmission binds its signals to the slots here and acts on the requests it emits.
 class CarPage : public VehiclePage
 {
@@ -27,6 +28,7 @@ public:
 
     DevicePickerCard *deviceCard() const { return m_devices; }
     hub::Card *configureCard() const { return m_configure; }
+    ReceiverCard *receiverCard() const { return m_receiver; }
     hub::LevelBar *steeringBar() const { return m_steering; }
     hub::LevelBar *throttleBar() const { return m_throttle; }
     hub::StatusPill *carLinkPill() const { return m_linkPill; }
@@ -62,6 +64,7 @@ private:
 
     DevicePickerCard *m_devices = nullptr;
     hub::Card *m_configure = nullptr;
+    ReceiverCard *m_receiver = nullptr;
     QLabel *m_configureText = nullptr;
     QPushButton *m_motionOutput = nullptr;
     QPushButton *m_forceFeedback = nullptr;

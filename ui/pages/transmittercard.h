@@ -1,13 +1,8 @@
 #pragma once
 
 #include "card.h"
+#include "serialportpicker.h"
 
-#include <QList>
-
-#include <optional>
-
-class QComboBox;
-class QLabel;
 class QPushButton;
 
 namespace hub {
@@ -18,46 +13,37 @@ namespace tavrix {
 
 // The transmitter's USB port: the port list, connect/disconnect and the link state, with a
 // way to the transmitter's settings and, where offered, a choice of baud rate. It only
-// presents; the owner feeds it ports and state and acts on its requests.
+// presents; the owner feeds its picker ports and state and acts on the picker's requests.
 class TransmitterCard : public hub::Card
 {
     Q_OBJECT
 public:
     explicit TransmitterCard(QWidget *parent = nullptr);
 
-    // The serial ports to offer; an empty list shows that no transmitter is plugged in.
-    void setPorts(const QStringList &ports);
-    QStringList ports() const { return m_portList; }
-    void setConnected(bool connected, const QString &port = {});
-    bool isConnected() const { return m_connected; }
-    // Offers these rates with `selected` chosen (added when missing); without a call the
-    // card offers none and baudRate() is empty.
-    void setBaudRates(const QList<qint32> &rates, qint32 selected);
-    std::optional<qint32> baudRate() const;
+    SerialPortPicker *picker() const { return m_picker; }
+    QStringList ports() const { return m_picker->ports(); }
+    bool isConnected() const { return m_picker->isConnected(); }
+    void setBaudRates(const QList<qint32> &rates, qint32 selected)
+    {
+        m_picker->setBaudRates(rates, selected);
+    }
     void setSettingsButtonVisible(bool visible);
 
-    QComboBox *portBox() const { return m_ports; }
-    QPushButton *connectButton() const { return m_connect; }
-    QComboBox *baudBox() const { return m_baud; }
+    QComboBox *portBox() const { return m_picker->portBox(); }
+    QPushButton *connectButton() const { return m_picker->connectButton(); }
+    QComboBox *baudBox() const { return m_picker->baudBox(); }
     QPushButton *settingsButton() const { return m_settings; }
     hub::StatusPill *statusPill() const { return m_pill; }
 
 signals:
-    void connectRequested(const QString &port);
-    void disconnectRequested();
     void settingsRequested();
 
 private:
-    void refresh();
+    void showConnected(bool connected);
 
     hub::StatusPill *m_pill = nullptr;
-    QComboBox *m_ports = nullptr;
-    QPushButton *m_connect = nullptr;
-    QComboBox *m_baud = nullptr;
+    SerialPortPicker *m_picker = nullptr;
     QPushButton *m_settings = nullptr;
-    QLabel *m_hint = nullptr;
-    QStringList m_portList;
-    bool m_connected = false;
 };
 
 } // namespace tavrix
