@@ -88,8 +88,8 @@ LedStripSettings LedStripSettings::fromJson(const QJsonObject &stored)
     }
     for (const QJsonValue &entry : o.value(keys::kRangeZones).toArray()) {
         const QJsonObject zone = entry.toObject();
-        s.addZone(LedZone::clamped(intAt(zone, keys::kStartPercent), intAt(zone, keys::kEndPercent),
-                                   LedColor::fromJson(objectAt(zone, keys::kColor))));
+        s.addZone({intAt(zone, keys::kStartPercent), intAt(zone, keys::kEndPercent),
+                   LedColor::fromJson(objectAt(zone, keys::kColor))});
     }
     s.setSelectedZoneIndex(intAt(o, keys::kSelectedZoneIndex));
     return s;
