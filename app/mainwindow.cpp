@@ -9,6 +9,8 @@
 #include "helipagebinder.h"
 #include "hubservices.h"
 #include "infopage.h"
+#include "leddialog.h"
+#include "leddialogbinder.h"
 #include "motionchooserpage.h"
 #include "motionoutputbinder.h"
 #include "motionoutputdialog.h"
@@ -39,6 +41,7 @@ const QString kRemoteStatusDialog = QStringLiteral("web-status");
 const QString kTransmissionDialog = QStringLiteral("transmission");
 const QString kMotionOutputDialog = QStringLiteral("motion-output");
 const QString kWheelFfbDialog = QStringLiteral("ffb");
+const QString kLedDialog = QStringLiteral("led");
 
 } // namespace
 
@@ -203,6 +206,12 @@ void MainWindow::bindPages()
         return dialog;
     });
     connect(m_car, &CarPage::forceFeedbackRequested, this, [this] { openDialog(kWheelFfbDialog); });
+
+    m_dialogs.add(kLedDialog, [controller](QWidget *parent) {
+        auto *dialog = new LedDialog(LedDialogBinder::limits(), parent);
+        new LedDialogBinder(dialog, controller);
+        return dialog;
+    });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)

@@ -69,12 +69,25 @@ inline constexpr QLatin1String kMaxValue{"maxValue"};
 inline constexpr QLatin1String kStartValue{"startValue"};
 inline constexpr QLatin1String kActivatesPitLimiter{"activatesPitLimiter"};
 
-// ledSettings, as far as the transmit loop reads it.
+// ledSettings (its mode is kMode).
 inline constexpr QLatin1String kLedCount{"ledCount"};
 inline constexpr QLatin1String kBrightness{"brightness"};
 inline constexpr QLatin1String kActivePercentage{"activePercentage"};
 inline constexpr QLatin1String kPowerOn{"powerOn"};
 inline constexpr QLatin1String kPowerButtonIndex{"powerButtonIndex"};
+inline constexpr QLatin1String kSelectedLedIndex{"selectedLedIndex"};
+inline constexpr QLatin1String kGlobalColor{"globalColor"};
+inline constexpr QLatin1String kLedColors{"ledColors"};
+inline constexpr QLatin1String kSelectedZoneIndex{"selectedZoneIndex"};
+inline constexpr QLatin1String kRangeZones{"rangeZones"};
+// One entry of ledColors and of rangeZones, and a colour.
+inline constexpr QLatin1String kIndex{"index"};
+inline constexpr QLatin1String kColor{"color"};
+inline constexpr QLatin1String kStartPercent{"startPercent"};
+inline constexpr QLatin1String kEndPercent{"endPercent"};
+inline constexpr QLatin1String kRed{"r"};
+inline constexpr QLatin1String kGreen{"g"};
+inline constexpr QLatin1String kBlue{"b"};
 
 // helicopterConfig. The input devices are under kInputs; calibration and channels
 // are both keyed by the functions kRoll, kPitch, kThrottle and kRudder.

@@ -103,12 +103,12 @@ QJsonArray repeated(const QJsonValue &value, int count)
 
 Schema colourFields()
 {
-    return {integer("r"_L1, 0), integer("g"_L1, 0), integer("b"_L1, 0)};
+    return {integer(keys::kRed, 0), integer(keys::kGreen, 0), integer(keys::kBlue, 0)};
 }
 
 SchemaField colour(QLatin1String key, int r, int g, int b)
 {
-    return object(key, colourFields(), QJsonObject{{u"r"_s, r}, {u"g"_s, g}, {u"b"_s, b}});
+    return object(key, colourFields(), QJsonObject{{keys::kRed, r}, {keys::kGreen, g}, {keys::kBlue, b}});
 }
 
 // The per-input axis settings; the name always comes from the key the object is stored under.
@@ -251,12 +251,12 @@ Schema buildProfileFields()
         integer(keys::kPowerButtonIndex, -1),
         // "per_led", "range"; anything else shows the global colour.
         text(keys::kMode, "global"_L1),
-        integer("selectedLedIndex"_L1, 0),
-        colour("globalColor"_L1, 255, 255, 255),
-        list("ledColors"_L1, element({integer("index"_L1, 0), colour("color"_L1, 255, 255, 255)})),
-        integer("selectedZoneIndex"_L1, 0),
-        list("rangeZones"_L1, element({integer("startPercent"_L1, 0), integer("endPercent"_L1, 100),
-                                       colour("color"_L1, 255, 255, 255)})),
+        integer(keys::kSelectedLedIndex, 0),
+        colour(keys::kGlobalColor, 255, 255, 255),
+        list(keys::kLedColors, element({integer(keys::kIndex, 0), colour(keys::kColor, 255, 255, 255)})),
+        integer(keys::kSelectedZoneIndex, 0),
+        list(keys::kRangeZones, element({integer(keys::kStartPercent, 0), integer(keys::kEndPercent, 100),
+                                         colour(keys::kColor, 255, 255, 255)})),
     };
 
     Schema helicopter = {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "elrstimings.h"
+#include "ledconfigpush.h"
 #include "receiverconfigtimings.h"
 #include "receiverlinktimings.h"
 #include "receiverport.h"
@@ -39,6 +40,8 @@ struct ControllerTimings
     ReceiverLinkTimings receiverLink;
     // Command pace and reply waits of the receiver's settings, mounting and gyro calibration.
     ReceiverConfigTimings receiverConfig;
+    // The LED push's wait for each of the receiver's answers.
+    LedConfigPush::Timings ledPush;
 };
 
 } // namespace tavrix

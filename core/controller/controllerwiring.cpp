@@ -2,6 +2,7 @@
 
 #include "activeprofilefollower.h"
 #include "elrsparametermanager.h"
+#include "ledconfigpush.h"
 #include "profilekeys.h"
 #include "receiverconfigmanager.h"
 #include "receiverelrslink.h"
@@ -145,6 +146,17 @@ void TavrixController::wireReceiverConfig()
     // The user's choices live in the car's profile, loaded before the console opens.
     new ReceiverSettingsKeeper(config, m_profiles, this);
     config->setUsbOpen(m_receiverPort->isConnected());
+}
+
+// The LED push shares the receiver's console with its configuration; it answers only to
+// "LED_" replies, so the two never take each other's lines.
+void TavrixController::wireLedPush()
+{
+    m_ledPush = new LedConfigPush(m_timings.ledPush, this);
+    connect(m_ledPush, &LedConfigPush::lineOut, m_receiverPort, &ReceiverPort::writeLine);
+    connect(m_receiverPort, &ReceiverPort::lineReceived, m_ledPush, &LedConfigPush::onReceiverLine);
+    connect(m_receiverPort, &ReceiverPort::connectedChanged, m_ledPush, &LedConfigPush::setPortOpen);
+    m_ledPush->setPortOpen(m_receiverPort->isConnected());
 }
 
 } // namespace tavrix

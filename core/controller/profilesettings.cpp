@@ -2,6 +2,7 @@
 
 #include "crsftypes.h"
 #include "inputsource.h"
+#include "ledstripsettings.h"
 #include "profilekeys.h"
 #include "profileschema.h"
 
@@ -203,14 +204,16 @@ HelicopterSettings readHelicopter(const QJsonObject &config)
     return h;
 }
 
+// Read through the LED editor's own value, so the loop sees the same clamped numbers.
 LedSettings readLed(const QJsonObject &o)
 {
+    const LedStripSettings strip = LedStripSettings::fromJson(o);
     LedSettings led;
-    led.ledCount = intAt(o, keys::kLedCount);
-    led.brightness = intAt(o, keys::kBrightness);
-    led.activePercentage = intAt(o, keys::kActivePercentage);
-    led.powerOn = boolAt(o, keys::kPowerOn);
-    led.powerButtonIndex = intAt(o, keys::kPowerButtonIndex);
+    led.ledCount = strip.ledCount();
+    led.brightness = strip.brightness();
+    led.activePercentage = strip.activePercentage();
+    led.powerOn = strip.powerOn();
+    led.powerButtonIndex = strip.powerButtonIndex();
     return led;
 }
 
@@ -249,7 +252,7 @@ HelicopterSettings helicopterSettingsFromJson(const QJsonObject &helicopterConfi
 
 LedSettings ledSettingsFromJson(const QJsonObject &ledSettings)
 {
-    return readLed(completedSection(ledSettings, keys::kLedSettings));
+    return readLed(ledSettings);
 }
 
 int receiverGenerationFromFirmware(const QString &firmware)

@@ -72,6 +72,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     wireForceFeedback();
     wireReceiverPort();
     wireReceiverConfig();
+    wireLedPush();
 
     connect(m_devices, &DeviceRoleSet::connectedChanged, this, &TavrixController::onDeviceConnectedChanged);
     connect(m_devices, &DeviceRoleSet::deviceLost, this, &TavrixController::onDeviceLost);

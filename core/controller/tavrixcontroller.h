@@ -33,6 +33,7 @@ class ReceiverElrsLink;
 class ReceiverPort;
 class HelicopterTick;
 class InputBackend;
+class LedConfigPush;
 class TelemetrySensorBook;
 class TransmitterLink;
 class WheelForceFeedback;
@@ -143,6 +144,8 @@ public:
     [[nodiscard]] ReceiverPort *receiverPort() const { return m_receiverPort; }
     // The receiver's settings, mounting and gyro, over its USB console or the radio.
     [[nodiscard]] ReceiverConfigManager *receiverConfig() const { return m_receiverConfig; }
+    // Sends the LED strip settings over the receiver's USB console; refuses while it is closed.
+    [[nodiscard]] LedConfigPush *ledPush() const { return m_ledPush; }
     // The car's motion felt on the wheel base; switched off by every stop.
     [[nodiscard]] WheelForceFeedback *forceFeedback() const { return m_forceFeedback; }
 
@@ -229,6 +232,7 @@ private:
     // Creates the receiver's configuration and feeds it the console, the vehicle type,
     // the transmission state and the car's telemetry (controllerwiring.cpp).
     void wireReceiverConfig();
+    void wireLedPush();
     void onTransmitTimer();
     void onIdleInputPoll();
     void onDeviceConnectedChanged(DeviceRole role, bool connected);
@@ -264,6 +268,7 @@ private:
     ReceiverElrsLink *m_receiverLink = nullptr;
     ReceiverPort *m_receiverPort = nullptr;
     ReceiverConfigManager *m_receiverConfig = nullptr;
+    LedConfigPush *m_ledPush = nullptr;
     WheelForceFeedback *m_forceFeedback = nullptr;
     QTimer *m_transmitTimer = nullptr;
     QTimer *m_idleInputTimer = nullptr;
