@@ -2,6 +2,7 @@
 
 #include "elrstimings.h"
 #include "receiverconfigtimings.h"
+#include "receiverendpointcalibration.h"
 #include "receiverlinktimings.h"
 #include "receiverport.h"
 #include "transmitterlink.h"
@@ -39,6 +40,8 @@ struct ControllerTimings
     ReceiverLinkTimings receiverLink;
     // Command pace and reply waits of the receiver's settings, mounting and gyro calibration.
     ReceiverConfigTimings receiverConfig;
+    // The hold countdown of the receiver's end-point calibration.
+    ReceiverEndpointCalibration::Timings receiverCalibration;
 };
 
 } // namespace tavrix

@@ -5,6 +5,7 @@
 #include "profilekeys.h"
 #include "receiverconfigmanager.h"
 #include "receiverelrslink.h"
+#include "receiverendpointcalibration.h"
 #include "receiverport.h"
 #include "transmitterlink.h"
 #include "wheelforcefeedback.h"
@@ -142,6 +143,13 @@ void TavrixController::wireReceiverConfig()
     connect(this, &TavrixController::profileChanged, config, followVehicle);
     followVehicle();
     config->setUsbOpen(m_receiverPort->isConnected());
+
+    m_receiverCalibration = new ReceiverEndpointCalibration(m_timings.receiverCalibration, this);
+    connect(m_receiverPort, &ReceiverPort::lineReceived, m_receiverCalibration,
+            &ReceiverEndpointCalibration::onReceiverLine);
+    connect(m_receiverPort, &ReceiverPort::connectedChanged, m_receiverCalibration,
+            &ReceiverEndpointCalibration::setReceiverConnected);
+    m_receiverCalibration->setReceiverConnected(m_receiverPort->isConnected());
 }
 
 } // namespace tavrix

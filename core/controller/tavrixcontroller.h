@@ -30,6 +30,7 @@ class CarTick;
 class ElrsParameterManager;
 class ReceiverConfigManager;
 class ReceiverElrsLink;
+class ReceiverEndpointCalibration;
 class ReceiverPort;
 class HelicopterTick;
 class InputBackend;
@@ -143,6 +144,8 @@ public:
     [[nodiscard]] ReceiverPort *receiverPort() const { return m_receiverPort; }
     // The receiver's settings, mounting and gyro, over its USB console or the radio.
     [[nodiscard]] ReceiverConfigManager *receiverConfig() const { return m_receiverConfig; }
+    // The end points of throttle and steering as the receiver reads them, over its USB console.
+    [[nodiscard]] ReceiverEndpointCalibration *receiverCalibration() const { return m_receiverCalibration; }
     // The car's motion felt on the wheel base; switched off by every stop.
     [[nodiscard]] WheelForceFeedback *forceFeedback() const { return m_forceFeedback; }
 
@@ -226,8 +229,8 @@ private:
     void wireForceFeedback();
     // Creates the receiver's USB console port and remembers its port in the profile (controllerwiring.cpp).
     void wireReceiverPort();
-    // Creates the receiver's configuration and feeds it the console, the vehicle type,
-    // the transmission state and the car's telemetry (controllerwiring.cpp).
+    // Creates the receiver's configuration and end-point calibration and feeds them the console,
+    // the vehicle type, the transmission state and the car's telemetry (controllerwiring.cpp).
     void wireReceiverConfig();
     void onTransmitTimer();
     void onIdleInputPoll();
@@ -264,6 +267,7 @@ private:
     ReceiverElrsLink *m_receiverLink = nullptr;
     ReceiverPort *m_receiverPort = nullptr;
     ReceiverConfigManager *m_receiverConfig = nullptr;
+    ReceiverEndpointCalibration *m_receiverCalibration = nullptr;
     WheelForceFeedback *m_forceFeedback = nullptr;
     QTimer *m_transmitTimer = nullptr;
     QTimer *m_idleInputTimer = nullptr;
