@@ -14,6 +14,8 @@
 #include "motionoutputdialog.h"
 #include "motionpanelpage.h"
 #include "pagestack.h"
+#include "radiocalibrationbinder.h"
+#include "radiocalibrationdialog.h"
 #include "remoteserverbinder.h"
 #include "remotestatusdialog.h"
 #include "shellsettings.h"
@@ -39,6 +41,7 @@ const QString kRemoteStatusDialog = QStringLiteral("web-status");
 const QString kTransmissionDialog = QStringLiteral("transmission");
 const QString kMotionOutputDialog = QStringLiteral("motion-output");
 const QString kWheelFfbDialog = QStringLiteral("ffb");
+const QString kRadioCalibrationDialog = QStringLiteral("radio-cal");
 
 } // namespace
 
@@ -203,6 +206,12 @@ void MainWindow::bindPages()
         return dialog;
     });
     connect(m_car, &CarPage::forceFeedbackRequested, this, [this] { openDialog(kWheelFfbDialog); });
+
+    m_dialogs.add(kRadioCalibrationDialog, [controller](QWidget *parent) {
+        auto *dialog = new RadioCalibrationDialog(parent);
+        new RadioCalibrationBinder(dialog, controller);
+        return dialog;
+    });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)
