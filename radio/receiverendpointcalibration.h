@@ -1,22 +1,17 @@
 #pragma once
 
+#include "endpointcalibrationtimings.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
 
 #include <array>
-#include <chrono>
 #include <optional>
 
 class QTimer;
 
 namespace tavrix {
-
-struct EndpointCalibrationTimings
-{
-    // One second of the hold countdown; tests shorten it.
-    std::chrono::milliseconds countdownTick{1000};
-};
 
 // Measures where the car's receiver sees the ends of throttle and steering: the user holds
 // the transmitter's stick at each end point in turn while the receiver prints its channels

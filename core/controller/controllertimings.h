@@ -1,8 +1,8 @@
 #pragma once
 
 #include "elrstimings.h"
+#include "endpointcalibrationtimings.h"
 #include "receiverconfigtimings.h"
-#include "receiverendpointcalibration.h"
 #include "receiverlinktimings.h"
 #include "receiverport.h"
 #include "transmitterlink.h"
@@ -41,7 +41,7 @@ struct ControllerTimings
     // Command pace and reply waits of the receiver's settings, mounting and gyro calibration.
     ReceiverConfigTimings receiverConfig;
     // The hold countdown of the receiver's end-point calibration.
-    ReceiverEndpointCalibration::Timings receiverCalibration;
+    EndpointCalibrationTimings receiverCalibration;
 };
 
 } // namespace tavrix
