@@ -16,6 +16,9 @@
 #include "motionoutputdialog.h"
 #include "motionpanelpage.h"
 #include "pagestack.h"
+#include "radiocalibrationbinder.h"
+#include "radiocalibrationdialog.h"
+#include "receivercard.h"
 #include "remoteserverbinder.h"
 #include "remotestatusdialog.h"
 #include "shellsettings.h"
@@ -42,6 +45,7 @@ const QString kTransmissionDialog = QStringLiteral("transmission");
 const QString kMotionOutputDialog = QStringLiteral("motion-output");
 const QString kWheelFfbDialog = QStringLiteral("ffb");
 const QString kLedDialog = QStringLiteral("led");
+const QString kRadioCalibrationDialog = QStringLiteral("radio-cal");
 
 } // namespace
 
@@ -212,6 +216,14 @@ void MainWindow::bindPages()
         new LedDialogBinder(dialog, controller);
         return dialog;
     });
+    m_dialogs.add(kRadioCalibrationDialog, [controller](QWidget *parent) {
+        auto *dialog = new RadioCalibrationDialog(parent);
+        new RadioCalibrationBinder(dialog, controller);
+        return dialog;
+    });
+    ReceiverCard *receiver = m_car->receiverCard();
+    connect(receiver, &ReceiverCard::ledRequested, this, [this] { openDialog(kLedDialog); });
+    connect(receiver, &ReceiverCard::calibrationRequested, this, [this] { openDialog(kRadioCalibrationDialog); });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)

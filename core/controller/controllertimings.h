@@ -2,6 +2,7 @@
 
 #include "elrstimings.h"
 #include "ledconfigpush.h"
+#include "endpointcalibrationtimings.h"
 #include "receiverconfigtimings.h"
 #include "receiverlinktimings.h"
 #include "receiverport.h"
@@ -42,6 +43,8 @@ struct ControllerTimings
     ReceiverConfigTimings receiverConfig;
     // The LED push's wait for each of the receiver's answers.
     LedConfigPush::Timings ledPush;
+    // The hold countdown of the receiver's end-point calibration.
+    EndpointCalibrationTimings receiverCalibration;
 };
 
 } // namespace tavrix

@@ -6,6 +6,7 @@
 #include "profilekeys.h"
 #include "receiverconfigmanager.h"
 #include "receiverelrslink.h"
+#include "receiverendpointcalibration.h"
 #include "receiverport.h"
 #include "receiversettingskeeper.h"
 #include "transmitterlink.h"
@@ -146,6 +147,13 @@ void TavrixController::wireReceiverConfig()
     // The user's choices live in the car's profile, loaded before the console opens.
     new ReceiverSettingsKeeper(config, m_profiles, this);
     config->setUsbOpen(m_receiverPort->isConnected());
+
+    m_receiverCalibration = new ReceiverEndpointCalibration(m_timings.receiverCalibration, this);
+    connect(m_receiverPort, &ReceiverPort::lineReceived, m_receiverCalibration,
+            &ReceiverEndpointCalibration::onReceiverLine);
+    connect(m_receiverPort, &ReceiverPort::connectedChanged, m_receiverCalibration,
+            &ReceiverEndpointCalibration::setReceiverConnected);
+    m_receiverCalibration->setReceiverConnected(m_receiverPort->isConnected());
 }
 
 // The LED push shares the receiver's console with its configuration; it answers only to

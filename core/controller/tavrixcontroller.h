@@ -30,6 +30,7 @@ class CarTick;
 class ElrsParameterManager;
 class ReceiverConfigManager;
 class ReceiverElrsLink;
+class ReceiverEndpointCalibration;
 class ReceiverPort;
 class HelicopterTick;
 class InputBackend;
@@ -146,6 +147,8 @@ public:
     [[nodiscard]] ReceiverConfigManager *receiverConfig() const { return m_receiverConfig; }
     // Sends the LED strip settings over the receiver's USB console; refuses while it is closed.
     [[nodiscard]] LedConfigPush *ledPush() const { return m_ledPush; }
+    // The end points of throttle and steering as the receiver reads them, over its USB console.
+    [[nodiscard]] ReceiverEndpointCalibration *receiverCalibration() const { return m_receiverCalibration; }
     // The car's motion felt on the wheel base; switched off by every stop.
     [[nodiscard]] WheelForceFeedback *forceFeedback() const { return m_forceFeedback; }
 
@@ -229,8 +232,8 @@ private:
     void wireForceFeedback();
     // Creates the receiver's USB console port and remembers its port in the profile (controllerwiring.cpp).
     void wireReceiverPort();
-    // Creates the receiver's configuration and feeds it the console, the vehicle type,
-    // the transmission state and the car's telemetry (controllerwiring.cpp).
+    // Creates the receiver's configuration and end-point calibration and feeds them the console,
+    // the vehicle type, the transmission state and the car's telemetry (controllerwiring.cpp).
     void wireReceiverConfig();
     void wireLedPush();
     void onTransmitTimer();
@@ -269,6 +272,7 @@ private:
     ReceiverPort *m_receiverPort = nullptr;
     ReceiverConfigManager *m_receiverConfig = nullptr;
     LedConfigPush *m_ledPush = nullptr;
+    ReceiverEndpointCalibration *m_receiverCalibration = nullptr;
     WheelForceFeedback *m_forceFeedback = nullptr;
     QTimer *m_transmitTimer = nullptr;
     QTimer *m_idleInputTimer = nullptr;

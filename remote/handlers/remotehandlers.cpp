@@ -3,6 +3,7 @@
 #include "websocketserver.h"
 #include "wsaxishandler.h"
 #include "wsbuttonhandler.h"
+#include "wscalibrationhandler.h"
 #include "wsdevicehandler.h"
 #include "wsescpresethandler.h"
 #include "wshelicopterhandler.h"

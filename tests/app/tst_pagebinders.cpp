@@ -18,6 +18,9 @@
 #include "notice.h"
 #include "receivercard.h"
 #include "receiverconfigmanager.h"
+#include "radiocalibrationbinder.h"
+#include "radiocalibrationdialog.h"
+#include "receiverendpointcalibration.h"
 #include "receiverport.h"
 #include "receiversimulator.h"
 #include "remoteaddresses.h"
@@ -235,6 +238,45 @@ private slots:
         rig.backend->removeDevice(rig.secondDevice);
         QTRY_COMPARE_WITH_TIMEOUT(card.devices().size(), 1, 5000);
         QCOMPARE(card.currentDevice(u"pedals"_s), -1);
+    }
+
+    // One button starts the calibration and then measures each step: pressed again it must
+    // measure, not start over and lose what was recorded.
+    void radioCalibrationButtonsFollowTheSteps()
+    {
+        HubRig rig;
+        sim::ReceiverSimulatorSettings settings;
+        settings.calibrationLineIntervalMs = 10;
+        sim::ReceiverSimulator receiver(settings);
+        const QString path = rig.dir.filePath(u"ttyRECEIVER"_s);
+        QVERIFY(receiver.start(path));
+        QVERIFY(rig.controller()->receiverPort()->connectReceiver(path));
+        receiver.setSticks(1500, 2000);
+        RadioCalibrationDialog dialog;
+        new RadioCalibrationBinder(&dialog, rig.controller());
+        const auto enabled = [&dialog] {
+            QString flags;
+            for (QPushButton *button :
+                 {dialog.startButton(), dialog.retryButton(), dialog.skipButton(), dialog.cancelButton()})
+                flags += button->isEnabled() ? u'1' : u'0';
+            return flags;
+        };
+        QCOMPARE(enabled(), u"1000"_s);
+
+        dialog.startButton()->click(); // the first step waits
+        QCOMPARE(enabled(), u"1111"_s);
+        dialog.startButton()->click(); // and is measured
+        QCOMPARE(enabled(), u"0001"_s);
+        const int full = sim::ReceiverSimulator::crsfValue(2000);
+        QTRY_COMPARE_WITH_TIMEOUT(dialog.resultText(0), u"CRSF %1"_s.arg(full), 20000);
+        QCOMPARE(enabled(), u"1111"_s);
+
+        dialog.startButton()->click();
+        QCOMPARE(rig.controller()->receiverCalibration()->step(),
+                 ReceiverEndpointCalibration::Step::ThrottleNeutral);
+        QCOMPARE(dialog.resultText(0), u"CRSF %1"_s.arg(full));
+        dialog.cancelButton()->click();
+        QCOMPARE(enabled(), u"1000"_s);
     }
 
     void batteryTileShowsTheCarsVoltage_data()

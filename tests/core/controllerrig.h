@@ -45,6 +45,7 @@ inline ControllerTimings shortTimings()
     t.link.port.openRetryDelay = std::chrono::milliseconds(10);
     t.receiverPort.reconnect.interval = std::chrono::milliseconds(40);
     t.receiverPort.port.openRetryDelay = std::chrono::milliseconds(10);
+    t.receiverCalibration.countdownTick = std::chrono::milliseconds(20);
     return t;
 }
 
