@@ -12,6 +12,8 @@ namespace {
 
 const QLatin1String kQueryTelemetry{"GET_TELEM"};
 const QLatin1String kQueryOsd{"GET_OSD"};
+// The settings reply does not always carry the version; the status line names it.
+const QLatin1String kQueryVersion{"VER"};
 const QLatin1String kQueryAxes{"GET_IMU_AXES"};
 const QLatin1String kOrientFlat{"IMU_ORIENT FLAT"};
 const QLatin1String kOrientNoseUp{"IMU_ORIENT NOSEUP"};
@@ -106,6 +108,7 @@ void ReceiverConfigManager::setUsbOpen(bool open)
     }
     setUsbState(UsbState::Reading);
     updateElrsRefresh();
+    queueCommand(kQueryVersion);
     queueCommand(kQueryTelemetry);
     queueCommand(kQueryOsd);
 }

@@ -4,10 +4,12 @@
 #include "wsaxishandler.h"
 #include "wsbuttonhandler.h"
 #include "wscalibrationhandler.h"
+#include "wscalibrationhandler.h"
 #include "wsdevicehandler.h"
 #include "wsescpresethandler.h"
 #include "wshelicopterhandler.h"
 #include "wsinputhandler.h"
+#include "wsledhandler.h"
 #include "wsprofilehandler.h"
 #include "wsreceiverhandler.h"
 #include "wstelemetryhandler.h"
@@ -33,6 +35,8 @@ void registerRemoteHandlers(WebSocketServer &server, TavrixController *controlle
     add<WsButtonHandler>(server, controller);
     add<WsProfileHandler>(server, controller);
     add<WsEscPresetHandler>(server, controller);
+    add<WsCalibrationHandler>(server, controller);
+    add<WsLedHandler>(server, controller);
     add<WsHelicopterHandler>(server, controller);
     add<WsTelemetryHandler>(server, controller);
     add<WsReceiverHandler>(server, controller);
