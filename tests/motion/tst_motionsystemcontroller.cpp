@@ -236,10 +236,11 @@ private slots:
         QTest::addColumn<int>("travelPct");
         QTest::addColumn<int>("seconds");
         QTest::addColumn<int>("maxDeviation"); // from centre
+        QTest::addColumn<int>("reportedTravel");
         // 1 s at one frame per 20 ms: 49 frames of the pattern, then the centre.
-        QTest::newRow("travel 30 %") << 30 << 1 << 9830;
-        QTest::newRow("travel 0 runs at 1 %") << 0 << 1 << 327;
-        QTest::newRow("0 s runs 1 s") << 30 << 0 << 9830;
+        QTest::newRow("travel 30 %") << 30 << 1 << 9830 << 30;
+        QTest::newRow("travel 0 runs at 1 %") << 0 << 1 << 327 << 1;
+        QTest::newRow("0 s runs 1 s") << 30 << 0 << 9830 << 30;
     }
 
     void patternTestStaysWithinItsClamps()
@@ -247,11 +248,15 @@ private slots:
         QFETCH(int, travelPct);
         QFETCH(int, seconds);
         QFETCH(int, maxDeviation);
+        QFETCH(int, reportedTravel);
         MotionRig rig;
         QVERIFY(rig.connectReady());
+        QSignalSpy started(&rig.controller, &MotionSystemController::testStarted);
         QSignalSpy finished(&rig.controller, &MotionSystemController::testFinished);
         const qsizetype from = rig.board.commands().size();
         QVERIFY(rig.controller.startPatternTest(2, travelPct, 100, seconds));
+        QCOMPARE(started.size(), 1);
+        QCOMPARE(started.at(0).at(1).toInt(), reportedTravel);
         QVERIFY(finished.wait(kWaitMs));
         QVERIFY(!rig.controller.isTestRunning());
         QVERIFY(rig.letHeartbeatsPass());
