@@ -6,6 +6,8 @@
 #include "motionframes.h"
 #include "motionlineparser.h"
 #include "motionpatterns.h"
+#include "motionsystemcontroller.h"
+#include "serialportdirectory.h"
 
 #include <QTest>
 
@@ -213,13 +215,16 @@ private slots:
         QTest::addColumn<int>("platform");
         QTest::addColumn<int>("minutes");
         QTest::addColumn<QList<int>>("seconds");
-        QTest::addColumn<QString>("kinds"); // B board, P this PC
+        QTest::addColumn<QString>("kinds"); // B board, else the pattern this PC runs
         QTest::newRow("5DOF, 1 minute")
             << kFiveDof << 1 << QList<int>{8, 8, 8, 8, 8, 8, 5, 5, 2} << QStringLiteral("BBBBBBBBB");
         QTest::newRow("2DOF, 1 minute, the cycle repeats")
-            << kTwoDof << 1 << QList<int>{8, 8, 5, 5, 8, 5, 8, 5, 8} << QStringLiteral("BBBBBBPPB");
+            << kTwoDof << 1 << QList<int>{8, 8, 5, 5, 8, 5, 8, 5, 8} << QStringLiteral("BBBBBB11B");
+        QTest::newRow("5DOF, 2 minutes")
+            << kFiveDof << 2 << QList<int>{8, 8, 8, 8, 8, 8, 5, 5, 5, 5, 5, 5, 8, 5, 8, 8, 8, 5}
+            << QStringLiteral("BBBBBBBBBBBBBB23BB");
         QTest::newRow("0 minutes run 1")
-            << kTwoDof << 0 << QList<int>{8, 8, 5, 5, 8, 5, 8, 5, 8} << QStringLiteral("BBBBBBPPB");
+            << kTwoDof << 0 << QList<int>{8, 8, 5, 5, 8, 5, 8, 5, 8} << QStringLiteral("BBBBBB11B");
     }
 
     void fullSystemTestKeepsToItsTime()
@@ -235,12 +240,38 @@ private slots:
         qint64 elapsedMs = 0;
         while (const auto next = plan.next(elapsedMs)) {
             ran.append(next->step.seconds);
-            ranKinds.append(next->step.kind == StepKind::BoardTest ? QLatin1Char('B') : QLatin1Char('P'));
+            ranKinds.append(next->step.kind == StepKind::BoardTest ? QLatin1Char('B')
+                                                                   : QChar(u'0' + next->step.pattern));
             elapsedMs += next->step.seconds * 1000;
             QVERIFY(ran.size() < 100);
         }
         QCOMPARE(ran, seconds);
         QCOMPARE(ranKinds, kinds);
+    }
+
+    // The board shows up as an ST-LINK virtual COM port; the list names it for what it is.
+    void portListNamesTheBoard_data()
+    {
+        QTest::addColumn<QString>("description");
+        QTest::addColumn<int>("vendorId");
+        QTest::addColumn<bool>("board");
+        QTest::newRow("STMicroelectronics vendor") << QStringLiteral("USB Serial") << 0x0483 << true;
+        QTest::newRow("ST-LINK by name, any case") << QStringLiteral("stlink virtual COM") << 0 << true;
+        QTest::newRow("STM32 by name") << QStringLiteral("STM32 Virtual ComPort") << 0 << true;
+        QTest::newRow("another adapter") << QStringLiteral("CP2102 USB to UART") << 0x10c4 << false;
+        QTest::newRow("no description") << QString() << 0 << false;
+    }
+
+    void portListNamesTheBoard()
+    {
+        QFETCH(QString, description);
+        QFETCH(int, vendorId);
+        QFETCH(bool, board);
+        const QString port = QStringLiteral("ttyACM0");
+        const QString label = MotionSystemController::portLabel(
+            SerialPortDescription{port, description, {}, quint16(vendorId), 0});
+        const QString shown = board ? MotionSystemController::tr("Orvane Motion Controller") : description;
+        QCOMPARE(label, shown.isEmpty() ? port : port + QLatin1Char(' ') + shown);
     }
 
     void lastStepIsNeverShorterThanOneSecond()

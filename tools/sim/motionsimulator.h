@@ -78,6 +78,8 @@ public:
     void fail();
     // A wedged link: the board still takes commands but sends nothing at all.
     void setSilent(bool silent) { m_silent = silent; }
+    // Sends a line of the test's choosing, as if the board had printed it.
+    void injectLine(const QString &line) { sendLine(line); }
     // Moves the actuators as `ms` of time passing would.
     void advance(int ms);
 
