@@ -311,6 +311,24 @@ private slots:
         QCOMPARE(finished.size(), 1);
     }
 
+    void anUnpluggedBoardEndsTheTest()
+    {
+        MotionRig rig;
+        QVERIFY(rig.connectReady());
+        QVERIFY(rig.controller.startPatternTest(4, 30, 100, 30));
+        QVERIFY(rig.waitForCommand('6'));
+        QSignalSpy finished(&rig.controller, &MotionSystemController::testFinished);
+        QSignalSpy connected(&rig.controller, &MotionSystemController::connectedChanged);
+        QSignalSpy errors(&rig.controller, &MotionSystemController::errorOccurred);
+        rig.board.hangUp();
+        QVERIFY(errors.wait(kWaitMs));
+        QCOMPARE(finished.size(), 1);
+        QCOMPARE(connected.size(), 1);
+        QVERIFY(!connected.at(0).at(0).toBool());
+        QVERIFY(!rig.controller.isTestRunning());
+        QVERIFY(rig.controller.controllerState().isEmpty());
+    }
+
     void aSilentBoardIsReported_data()
     {
         QTest::addColumn<bool>("silentFromStart");
