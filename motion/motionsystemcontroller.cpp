@@ -163,7 +163,10 @@ void MotionSystemController::disconnectPort()
         send(motionframes::release());
     if (wasTesting)
         emit testFinished();
-    closeAfterStop(open);
+    if (open)
+        endConnection(ClosePort::Yes);
+    else
+        forgetBoard();
 }
 
 bool MotionSystemController::stopTests()
@@ -187,15 +190,20 @@ bool MotionSystemController::stopAll()
     return stopTests();
 }
 
-void MotionSystemController::closeAfterStop(bool portStillOpen)
+void MotionSystemController::endConnection(ClosePort closePort)
 {
-    if (portStillOpen) {
+    if (closePort == ClosePort::Yes) {
         m_closing = true;
         m_port->close();
         m_closing = false;
-        emit connectedChanged(false);
-        emit statusLine(tr("Disconnected"));
     }
+    emit connectedChanged(false);
+    emit statusLine(tr("Disconnected"));
+    forgetBoard();
+}
+
+void MotionSystemController::forgetBoard()
+{
     m_state.clear();
     m_positions.clear();
 }
@@ -207,9 +215,7 @@ void MotionSystemController::onPortConnectedChanged(bool connected)
     // The port went away under us (unplugged, or the line hung up).
     if (stopAll())
         emit testFinished();
-    closeAfterStop(false);
-    emit connectedChanged(false);
-    emit statusLine(tr("Disconnected"));
+    endConnection(ClosePort::No);
     emit errorOccurred(tr("Motion controller disconnected (port lost)"));
 }
 

@@ -134,8 +134,14 @@ private:
     bool stopTests();
     // Stops every test and the heartbeat timers; true when a test was running.
     bool stopAll();
-    // Closes the port when it is still open and forgets what the board last said.
-    void closeAfterStop(bool portStillOpen);
+    enum class ClosePort
+    {
+        Yes,
+        No // already closed by the loss of the device
+    };
+    // Tells the connection is over and forgets what the board last said.
+    void endConnection(ClosePort closePort);
+    void forgetBoard();
 
     std::shared_ptr<const SerialPortDirectory> m_ports;
     Timings m_timings;
