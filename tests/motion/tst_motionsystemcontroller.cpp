@@ -210,7 +210,7 @@ private slots:
         QSignalSpy echoed(&rig.controller, &MotionSystemController::settingsEchoed);
         QSignalSpy positions(&rig.controller, &MotionSystemController::axisPositionsUpdated);
         QVERIFY(rig.connectReady());
-        QVERIFY(echoed.wait(kWaitMs) || !echoed.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!echoed.isEmpty(), kWaitMs);
         QCOMPARE(codes(rig.board.commands()).mid(0, 2), (QList<int>{'C', 'Q'}));
         QTRY_VERIFY_WITH_TIMEOUT(!positions.isEmpty(), kWaitMs);
         QCOMPARE((positions.last().at(0).value<QMap<int, int>>().size()), 6);
