@@ -28,6 +28,10 @@ HubServices::HubServices(Options options, QObject *parent)
             qWarning().noquote() << "hub: game controllers:" << m_inputProblem;
     }
 
+    // The motion board's port list is the transmitter's (the same serial ports, or the
+    // same pseudo-terminals in a demo or a test).
+    m_motionSystem = new MotionSystemController(options.ports, options.motionSystemTimings, this);
+
     m_profiles = options.dataDirectory.isEmpty() ? new ProfileManager(this)
                                                  : new ProfileManager(options.dataDirectory, this);
     m_profiles->loadProfiles();
@@ -70,6 +74,12 @@ void HubServices::createMotionOutput(const Options &options)
 
 HubServices::~HubServices()
 {
+    // A platform mid-test must not keep moving once the hub is gone: Release goes out while
+    // the port is still open, and the port writes it out as it closes.
+    if (m_motionSystem->isTestRunning())
+        m_motionSystem->release();
+    delete m_motionSystem;
+    m_motionSystem = nullptr;
     // The controller stops transmission ("STOP\n") and releases the devices before the
     // profile store writes its files and the backend goes away; the backend's listeners
     // go first, and before them the remote clients and the motion output, which reach the controller.

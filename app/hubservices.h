@@ -2,6 +2,7 @@
 
 #include "controllertimings.h"
 #include "inputbackend.h"
+#include "motionsystemcontroller.h"
 
 #include <QHostAddress>
 #include <QObject>
@@ -21,9 +22,9 @@ class WebSocketServer;
 
 // Owns the hub's long-lived services for one run: the profile store, the game-controller
 // backend with its hot-plug news, the transmission controller and the reopening of lost
-// controllers, the mobile app's remote server and the motion telemetry output. The main window and the
-// headless runner both present one HubServices; neither owns a service directly, so the two modes run exactly
-// the same code.
+// controllers, the mobile app's remote server, the motion telemetry output and the motion platforms'
+// controller. The main window and the headless runner both present one HubServices; neither owns a service
+// directly, so the two modes run exactly the same code.
 class HubServices : public QObject
 {
     Q_OBJECT
@@ -50,6 +51,7 @@ public:
         // saved motion output settings say; 0 leaves them in charge.
         QString motionOutputHost;
         quint16 motionOutputPort = 0;
+        MotionSystemController::Timings motionSystemTimings;
     };
 
     explicit HubServices(Options options, QObject *parent = nullptr);
@@ -64,6 +66,8 @@ public:
     [[nodiscard]] WebSocketServer *remoteServer() const { return m_remote; }
     // The car's motion as telemetry for motion-rig software.
     [[nodiscard]] MotionTelemetrySender *motionOutput() const { return m_motionOutput; }
+    // The motion platforms' controller board.
+    [[nodiscard]] MotionSystemController *motionSystem() const { return m_motionSystem; }
     // Why the requested input source could not be used (empty when it could).
     [[nodiscard]] QString inputProblem() const { return m_inputProblem; }
 
@@ -79,6 +83,7 @@ private:
     LostDeviceReopener *m_reopener = nullptr;
     WebSocketServer *m_remote = nullptr;
     MotionTelemetrySender *m_motionOutput = nullptr;
+    MotionSystemController *m_motionSystem = nullptr;
 };
 
 } // namespace tavrix

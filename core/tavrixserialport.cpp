@@ -60,6 +60,7 @@ bool TavrixSerialPort::open(const QString &portName, qint32 baudRate)
     if (!opened) {
         if (m_openCancelled)
             return false;
+        m_lastError = lastError;
         if (lastError == QSerialPort::PermissionError) {
             emit errorOccurred(tr("%1: %2 stayed busy — it may be in use by another application, or the "
                                   "transmitter is still starting up. Wait a few seconds and try again.")
@@ -212,6 +213,7 @@ void TavrixSerialPort::onErrorOccurred(QSerialPort::SerialPortError error)
     if (error == QSerialPort::NoError || m_opening || m_settingControlLines || m_closing)
         return;
 
+    m_lastError = error;
     if (error == QSerialPort::ResourceError) {
         closeAfterLoss(m_port->errorString());
         return;

@@ -46,6 +46,9 @@ public:
     qint64 write(const QByteArray &bytes);
 
     bool isOpen() const;
+    // The kind of the failure errorOccurred reported last (a failed open included), for
+    // owners whose answer depends on it: a busy port, a failing write, a lost device.
+    [[nodiscard]] QSerialPort::SerialPortError lastError() const { return m_lastError; }
     // Bytes written but still waiting in the port's own buffer (the device is not
     // taking them as fast as they come).
     [[nodiscard]] qint64 bytesToWrite() const;
@@ -97,6 +100,7 @@ private:
     bool m_openCancelled = false;
     bool m_settingControlLines = false;
     bool m_closing = false;
+    QSerialPort::SerialPortError m_lastError = QSerialPort::NoError;
     ControlLines m_controlLines = ControlLines::Raised;
 };
 
