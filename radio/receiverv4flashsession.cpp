@@ -422,6 +422,7 @@ bool ReceiverV4FlashSession::retried(const std::function<bool()> &step)
             return failCancelled();
         if (attempt == kStepAttempts)
             return fail(tr("giving up after %1 attempts: %2").arg(kStepAttempts).arg(m_client.error()));
+        log(tr("  [%1 s] %2 - resyncing").arg(elapsedSeconds(), m_client.error()));
         if (!resync())
             return false;
     }
