@@ -102,6 +102,24 @@ private slots:
         m_log.clear();
     }
 
+    // Identifying a running board reads its console and leaves it running its firmware.
+    void readBoardLeavesTheFirmwareRunning()
+    {
+        m_board = std::make_unique<V4BoardSimulator>();
+        QVERIFY(m_board->start());
+        ReceiverV4Flasher flasher;
+        QSignalSpy info(&flasher, &ReceiverV4Flasher::boardInfo);
+        QSignalSpy finished(&flasher, &ReceiverV4Flasher::finished);
+        QVERIFY(flasher.readBoard(m_board->clientPath()));
+
+        QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, kGenerousMs);
+        QVERIFY(finished.at(0).at(0).toBool());
+        QCOMPARE(info.count(), 1);
+        QCOMPARE(info.at(0),
+                 (QVariantList{QStringLiteral("4.3.0"), QStringLiteral("Orvane-V4-G0B1"), false}));
+        QCOMPARE(m_board->state(), V4BoardSimulator::State::Firmware);
+    }
+
     void updateWritesTheVectorTableLast_data()
     {
         QTest::addColumn<bool>("needsPowerCycle");
