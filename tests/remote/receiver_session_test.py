@@ -2,7 +2,8 @@
 """The car's receiver as the mobile app reaches it, from outside: `orvane-sim receiver` on a
 pty plays the receiver's USB console beside `orvanehub --headless --demo --receiver LINK`,
 and an independent WebSocket client (Debian's python3-websockets) changes its settings,
-runs the two mounting steps and the gyro calibration. The simulator's log of the commands
+runs the two mounting steps and the gyro calibration, and pushes an LED strip configuration
+over the receiver's console. The simulator's log of the commands
 it received is the evidence that the requests reached the receiver.
 
 Usage: receiver_session_test.py <orvanehub> <orvane-sim>
@@ -118,6 +119,26 @@ async def session(hub, receiver, port):
         check(not any(command.lower() == "dfu" for command in commands), commands)
         check(["IMU_ORIENT FLAT", "IMU_ORIENT NOSEUP", "IMU_CAL"] ==
               [c for c in commands if c.startswith("IMU_")], commands)
+
+        # An LED strip of 12 LEDs in two coloured zones, pushed one command at a time.
+        for event, data in (("set_led_count", {"count": 12}), ("set_led_mode", {"mode": "range"}),
+                            ("add_zone", {"startPercent": 0, "endPercent": 40, "color": {"r": 255, "g": 0, "b": 0}}),
+                            ("add_zone", {"startPercent": 60, "endPercent": 100, "color": {"r": 0, "g": 0, "b": 255}})):
+            reply = await app.ask(event, data)
+            check(reply["success"] is True, reply)
+        check((await app.ask("action_subscribe", {"events": ["event_led_push_progress"]}))["success"], "subscribe")
+        reply = await app.ask("trigger_led_config")
+        check(reply["success"] is True, reply)
+
+        async def pushed():
+            status = (await app.ask("get_led_status"))["data"]
+            return not status["configPending"] and status["configState"] in ("complete", "idle")
+        await app.until(pushed, "the LED push to end")
+        outcomes = [p["data"]["state"] for p in app.pushes if p["event"] == "event_led_push_progress"]
+        check(outcomes[-1:] == ["success"], outcomes)
+        commands = receiver.commands()
+        check("LED_COUNT=12" in commands and "LED_MODE=RANGE" in commands, commands)
+        check("LED_RANGE_END=1,100" in commands, commands)
 
 
 def main():

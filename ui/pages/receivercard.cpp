@@ -35,8 +35,7 @@ ReceiverCard::ReceiverCard(QWidget *parent)
     m_pill = new hub::StatusPill(hub::Tone::Neutral, QString(), this);
     addHeaderWidget(m_pill);
 
-    m_picker =
-        new SerialPortPicker(tr("Plug the receiver's J14 cable in over USB; its port appears here."), this);
+    m_picker = new SerialPortPicker(tr("Plug the receiver in over USB; its port appears here."), this);
     body()->addWidget(m_picker);
     m_status = addMutedLabel();
     m_info = addMutedLabel();
