@@ -114,26 +114,17 @@ int runBridge(QCoreApplication &app, const QStringList &arguments)
 
     tavrix::sim::BridgeSimulator bridge(settings);
     tavrix::sim::BridgeLog log;
+    if (!openLog(log, parser, logOption))
+        return 1;
     if (parser.isSet(logOption)) {
-        if (!log.open(parser.value(logOption))) {
-            err << "orvane-sim: cannot write " << parser.value(logOption) << ": " << log.errorString()
-                << '\n';
-            return 1;
-        }
         log.attach(&bridge);
     }
-    if (!bridge.start(parser.value(linkOption))) {
-        err << "orvane-sim: cannot create the pseudo-terminal: " << bridge.errorString() << '\n';
+    if (!startDevice(bridge, parser.value(linkOption)))
         return 1;
-    }
     bridge.setGarbling(parser.isSet(garbleOption));
 
+    printPaths(bridge);
     QTextStream out(stdout);
-    out << "pty: " << bridge.slavePath() << '\n';
-    if (!bridge.linkPath().isEmpty())
-        out << "link: " << bridge.linkPath() << '\n';
-    out.flush();
-
     QObject::connect(&bridge, &tavrix::sim::BridgeSimulator::pluggedIn, &app, [&] {
         out << "pty: " << bridge.slavePath() << '\n';
         out.flush();

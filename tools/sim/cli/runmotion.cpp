@@ -60,50 +60,21 @@ int runMotion(QCoreApplication &app, const QStringList &arguments)
 
     tavrix::sim::MotionSimulator board(settings);
     tavrix::sim::BridgeLog log;
+    if (!openLog(log, parser, logOption))
+        return 1;
     if (parser.isSet(logOption)) {
-        if (!log.open(parser.value(logOption))) {
-            err << "orvane-sim: cannot write " << parser.value(logOption) << ": " << log.errorString()
-                << '\n';
-            return 1;
-        }
         QObject::connect(&board, &tavrix::sim::MotionSimulator::commandReceived, &log,
                          &tavrix::sim::BridgeLog::logCommand);
         QObject::connect(&board, &tavrix::sim::MotionSimulator::garbageReceived, &log,
                          &tavrix::sim::BridgeLog::logGarbage);
     }
-    if (!board.start(parser.value(linkOption))) {
-        err << "orvane-sim: cannot create the pseudo-terminal: " << board.errorString() << '\n';
+    if (!startDevice(board, parser.value(linkOption)))
         return 1;
-    }
     if (parser.isSet(failOption))
         board.fail();
     board.setSilent(parser.isSet(silentOption));
 
-    QTextStream out(stdout);
-    const auto printPaths = [&] {
-        out << "pty: " << board.slavePath() << '\n';
-        if (!board.linkPath().isEmpty())
-            out << "link: " << board.linkPath() << '\n';
-        out.flush();
-    };
-    printPaths();
-    return runUntilStopped(
-        app,
-        [&] {
-            err << "orvane-sim: unplugged\n";
-            err.flush();
-            log.logEvent(QStringLiteral("unplugged"), QDateTime::currentMSecsSinceEpoch());
-            board.hangUp();
-        },
-        [&] {
-            if (!board.plugIn()) {
-                err << "orvane-sim: replug failed: " << board.errorString() << '\n';
-                err.flush();
-                return;
-            }
-            log.logEvent(QStringLiteral("plugged-in"), QDateTime::currentMSecsSinceEpoch());
-            printPaths();
-        });
+    return runPluggable(app, board, log);
 }
 
 } // namespace tavrix::sim::cli

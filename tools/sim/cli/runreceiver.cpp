@@ -92,45 +92,16 @@ int runReceiver(QCoreApplication &app, const QStringList &arguments)
 
     tavrix::sim::ReceiverSimulator receiver(settings);
     tavrix::sim::BridgeLog log;
+    if (!openLog(log, parser, logOption))
+        return 1;
     if (parser.isSet(logOption)) {
-        if (!log.open(parser.value(logOption))) {
-            err << "orvane-sim: cannot write " << parser.value(logOption) << ": " << log.errorString()
-                << '\n';
-            return 1;
-        }
         QObject::connect(&receiver, &tavrix::sim::ReceiverSimulator::commandReceived, &log,
                          &tavrix::sim::BridgeLog::logCommand);
     }
-    if (!receiver.start(parser.value(linkOption))) {
-        err << "orvane-sim: cannot create the pseudo-terminal: " << receiver.errorString() << '\n';
+    if (!startDevice(receiver, parser.value(linkOption)))
         return 1;
-    }
 
-    QTextStream out(stdout);
-    const auto printPaths = [&] {
-        out << "pty: " << receiver.slavePath() << '\n';
-        if (!receiver.linkPath().isEmpty())
-            out << "link: " << receiver.linkPath() << '\n';
-        out.flush();
-    };
-    printPaths();
-    return runUntilStopped(
-        app,
-        [&] {
-            err << "orvane-sim: unplugged\n";
-            err.flush();
-            log.logEvent(QStringLiteral("unplugged"), QDateTime::currentMSecsSinceEpoch());
-            receiver.hangUp();
-        },
-        [&] {
-            if (!receiver.plugIn()) {
-                err << "orvane-sim: replug failed: " << receiver.errorString() << '\n';
-                err.flush();
-                return;
-            }
-            log.logEvent(QStringLiteral("plugged-in"), QDateTime::currentMSecsSinceEpoch());
-            printPaths();
-        });
+    return runPluggable(app, receiver, log);
 }
 
 } // namespace tavrix::sim::cli

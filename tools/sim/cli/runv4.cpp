@@ -93,12 +93,9 @@ int runV4(QCoreApplication &app, const QStringList &arguments)
 
     V4BoardSimulator board(settings);
     tavrix::sim::BridgeLog log;
+    if (!openLog(log, parser, logOption))
+        return 1;
     if (parser.isSet(logOption)) {
-        if (!log.open(parser.value(logOption))) {
-            err << "orvane-sim: cannot write " << parser.value(logOption) << ": " << log.errorString()
-                << '\n';
-            return 1;
-        }
         QObject::connect(&board, &V4BoardSimulator::commandReceived, &log,
                          &tavrix::sim::BridgeLog::logCommand);
         QObject::connect(&board, &V4BoardSimulator::bootloaderCommandReceived, &log,
@@ -109,16 +106,10 @@ int runV4(QCoreApplication &app, const QStringList &arguments)
                 log.logEvent(QLatin1String(names[int(state)]), QDateTime::currentMSecsSinceEpoch());
             });
     }
-    if (!board.start(parser.value(linkOption))) {
-        err << "orvane-sim: cannot create the pseudo-terminal: " << board.errorString() << '\n';
+    if (!startDevice(board, parser.value(linkOption)))
         return 1;
-    }
 
-    QTextStream out(stdout);
-    out << "pty: " << board.slavePath() << '\n';
-    if (!board.linkPath().isEmpty())
-        out << "link: " << board.linkPath() << '\n';
-    out.flush();
+    printPaths(board);
     return runUntilStopped(
         app,
         [&] {

@@ -70,4 +70,13 @@ std::optional<int> wholeNumber(const QCommandLineParser &parser, const QCommandL
     return int(value);
 }
 
+bool openLog(BridgeLog &log, const QCommandLineParser &parser, const QCommandLineOption &option)
+{
+    if (!parser.isSet(option) || log.open(parser.value(option)))
+        return true;
+    QTextStream(stderr) << "orvane-sim: cannot write " << parser.value(option) << ": " << log.errorString()
+                        << '\n';
+    return false;
+}
+
 } // namespace tavrix::sim::cli

@@ -2,8 +2,12 @@
 
 // The command-line front end of orvane-sim: one run function per simulated device, and
 // what they share (signal handling, choosing a value by name, numeric options).
+#include "bridgelog.h"
+
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
+#include <QTextStream>
 
 #include <cstddef>
 #include <functional>
@@ -49,6 +53,54 @@ template<typename T, size_t N> QString choiceNames(const Choice<T> (&choices)[N]
 // A whole number option (decimal, or hexadecimal with 0x) no smaller than `minimum`.
 std::optional<int> wholeNumber(const QCommandLineParser &parser, const QCommandLineOption &option,
                                int minimum, int maximum);
+
+// Opens the JSON-lines log named by `option`, if given; false, with the reason on stderr,
+// when it cannot be written.
+bool openLog(BridgeLog &log, const QCommandLineParser &parser, const QCommandLineOption &option);
+
+// Starts the device's pseudo-terminal (and its link path, if any); false with the reason on stderr.
+template<class Device> bool startDevice(Device &device, const QString &linkPath)
+{
+    if (device.start(linkPath))
+        return true;
+    QTextStream(stderr) << "orvane-sim: cannot create the pseudo-terminal: " << device.errorString() << '\n';
+    return false;
+}
+
+// "pty: PATH" and "link: PATH" on stdout, which scripts wait for.
+template<class Device> void printPaths(const Device &device)
+{
+    QTextStream out(stdout);
+    out << "pty: " << device.slavePath() << '\n';
+    if (!device.linkPath().isEmpty())
+        out << "link: " << device.linkPath() << '\n';
+    out.flush();
+}
+
+// Prints where the device listens and runs until SIGINT or SIGTERM; SIGUSR1 unplugs it and
+// SIGUSR2 plugs it back in (its paths printed again), both noted in the log.
+template<class Device> int runPluggable(QCoreApplication &app, Device &device, BridgeLog &log)
+{
+    printPaths(device);
+    QTextStream err(stderr);
+    return runUntilStopped(
+        app,
+        [&] {
+            err << "orvane-sim: unplugged\n";
+            err.flush();
+            log.logEvent(QStringLiteral("unplugged"), QDateTime::currentMSecsSinceEpoch());
+            device.hangUp();
+        },
+        [&] {
+            if (!device.plugIn()) {
+                err << "orvane-sim: replug failed: " << device.errorString() << '\n';
+                err.flush();
+                return;
+            }
+            log.logEvent(QStringLiteral("plugged-in"), QDateTime::currentMSecsSinceEpoch());
+            printPaths(device);
+        });
+}
 
 int runBridge(QCoreApplication &app, const QStringList &arguments);
 int runReceiver(QCoreApplication &app, const QStringList &arguments);
