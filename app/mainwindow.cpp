@@ -223,7 +223,8 @@ void MainWindow::bindPages()
     });
     ReceiverCard *receiver = m_car->receiverCard();
     connect(receiver, &ReceiverCard::ledRequested, this, [this] { openDialog(kLedDialog); });
-    connect(receiver, &ReceiverCard::calibrationRequested, this, [this] { openDialog(kRadioCalibrationDialog); });
+    connect(receiver, &ReceiverCard::calibrationRequested, this,
+            [this] { openDialog(kRadioCalibrationDialog); });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "elrstimings.h"
-#include "ledconfigpush.h"
 #include "endpointcalibrationtimings.h"
+#include "ledconfigpush.h"
 #include "receiverconfigtimings.h"
 #include "receiverlinktimings.h"
 #include "receiverport.h"

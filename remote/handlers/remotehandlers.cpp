@@ -4,7 +4,6 @@
 #include "wsaxishandler.h"
 #include "wsbuttonhandler.h"
 #include "wscalibrationhandler.h"
-#include "wscalibrationhandler.h"
 #include "wsdevicehandler.h"
 #include "wsescpresethandler.h"
 #include "wshelicopterhandler.h"
