@@ -12,7 +12,6 @@ Usage: receiver_session_test.py <orvanehub> <orvane-sim>
 import asyncio
 import json
 import os
-import signal
 import subprocess
 import sys
 import tempfile
@@ -21,7 +20,7 @@ import time
 
 import websockets
 
-from remote_session_test import TIMEOUT, App, Hub, check, free_port
+from remote_session_test import TIMEOUT, App, Hub, check, free_port, stop_process
 
 
 class Receiver:
@@ -50,13 +49,7 @@ class Receiver:
             return [record["command"] for record in map(json.loads, log) if record.get("kind") == "command"]
 
     def stop(self):
-        if self.process.poll() is None:
-            self.process.send_signal(signal.SIGTERM)
-            try:
-                self.process.wait(TIMEOUT)
-            except subprocess.TimeoutExpired:
-                self.process.kill()
-        return self.process.returncode
+        return stop_process(self.process)
 
 
 async def session(hub, receiver, port):

@@ -55,12 +55,18 @@ class Hub:
             await asyncio.sleep(0.05)
 
     def stop(self):
-        if self.process.poll() is None:
-            self.process.send_signal(signal.SIGTERM)
-            try:
-                self.process.wait(TIMEOUT)
-            except subprocess.TimeoutExpired:
-                self.process.kill()
+        stop_process(self.process)
+
+
+def stop_process(process):
+    """SIGTERM, as a user's Ctrl-C or a service manager would; killed only if it hangs."""
+    if process.poll() is None:
+        process.send_signal(signal.SIGTERM)
+        try:
+            process.wait(TIMEOUT)
+        except subprocess.TimeoutExpired:
+            process.kill()
+    return process.returncode
 
 
 class App:
