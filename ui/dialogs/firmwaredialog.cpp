@@ -104,6 +104,7 @@ QWidget *FirmwareDialog::createSourceCard(Rows rows)
         row->addWidget(m_browse);
         card->body()->addLayout(row);
         m_fileNote = mutedLabel(card);
+        m_fileNote->hide();
         card->body()->addWidget(m_fileNote);
     }
     if (rows.testFlag(Row::Port)) {
@@ -202,8 +203,10 @@ void FirmwareDialog::setFirmwareFile(const QString &path)
 
 void FirmwareDialog::setFirmwareFileNote(const QString &note)
 {
-    if (m_fileNote)
-        m_fileNote->setText(note);
+    if (!m_fileNote)
+        return;
+    m_fileNote->setText(note);
+    m_fileNote->setVisible(!note.isEmpty());
 }
 
 void FirmwareDialog::setPorts(const QStringList &ports)
