@@ -5,6 +5,8 @@
 #include "dashboardbinder.h"
 #include "dashboardpage.h"
 #include "debugconsole.h"
+#include "firmwaredialog.h"
+#include "firmwaredialogbinder.h"
 #include "helipage.h"
 #include "helipagebinder.h"
 #include "hubservices.h"
@@ -21,6 +23,7 @@
 #include "receivercard.h"
 #include "remoteserverbinder.h"
 #include "remotestatusdialog.h"
+#include "serialportdirectory.h"
 #include "shellsettings.h"
 #include "sidebar.h"
 #include "tavrixcontroller.h"
@@ -46,6 +49,7 @@ const QString kMotionOutputDialog = QStringLiteral("motion-output");
 const QString kWheelFfbDialog = QStringLiteral("ffb");
 const QString kLedDialog = QStringLiteral("led");
 const QString kRadioCalibrationDialog = QStringLiteral("radio-cal");
+const QString kReceiverV4FirmwareDialog = QStringLiteral("fw-receiver-v4");
 
 } // namespace
 
@@ -225,6 +229,23 @@ void MainWindow::bindPages()
     connect(receiver, &ReceiverCard::ledRequested, this, [this] { openDialog(kLedDialog); });
     connect(receiver, &ReceiverCard::calibrationRequested, this,
             [this] { openDialog(kRadioCalibrationDialog); });
+
+    m_dialogs.add(kReceiverV4FirmwareDialog, [controller](QWidget *parent) {
+        auto *dialog =
+            new FirmwareDialog(FirmwareDialog::Row::FirmwareFile | FirmwareDialog::Row::Port, parent);
+        new ReceiverV4FirmwareBinder(
+            dialog,
+            [controller] {
+                QStringList names;
+                for (const SerialPortDescription &port : controller->portDirectory().ports())
+                    names.append(port.portName);
+                return names;
+            },
+            dialog);
+        return dialog;
+    });
+    connect(m_info, &InfoPage::firmwareUpdatesRequested, this,
+            [this] { openDialog(kReceiverV4FirmwareDialog); });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)

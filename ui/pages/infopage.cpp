@@ -64,6 +64,13 @@ QWidget *InfoPage::buildAboutCard()
         1);
     card->body()->addLayout(row);
     card->body()->addStretch(1);
+
+    auto *firmware = new QPushButton(tr("Firmware updates"), card);
+    connect(firmware, &QPushButton::clicked, this, &InfoPage::firmwareUpdatesRequested);
+    auto *firmwareRow = new QHBoxLayout;
+    firmwareRow->addWidget(firmware);
+    firmwareRow->addStretch(1);
+    card->body()->addLayout(firmwareRow);
     return card;
 }
 
