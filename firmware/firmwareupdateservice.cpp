@@ -61,26 +61,27 @@ bool FirmwareUpdateService::isBusy() const
 
 bool FirmwareUpdateService::check(FirmwareDevice device, const QString &currentVersion)
 {
-    return begin(device, currentVersion, false);
+    return begin(device, currentVersion, false, {});
 }
 
 bool FirmwareUpdateService::update(FirmwareDevice device, const QString &currentVersion,
                                    const QString &receiverPort)
 {
-    m_receiverPort = receiverPort;
-    return begin(device, currentVersion, true);
+    return begin(device, currentVersion, true, receiverPort);
 }
 
-bool FirmwareUpdateService::begin(FirmwareDevice device, const QString &currentVersion, bool install)
+bool FirmwareUpdateService::begin(FirmwareDevice device, const QString &currentVersion, bool install,
+                                  const QString &receiverPort)
 {
     if (isBusy())
         return false;
-    if (install && device == FirmwareDevice::Receiver && m_receiverPort.isEmpty()) {
+    if (install && device == FirmwareDevice::Receiver && receiverPort.isEmpty()) {
         m_message = tr("No serial port for the receiver.");
         return false;
     }
     m_device = device;
     m_install = install;
+    m_receiverPort = receiverPort;
     m_currentVersion = currentVersion;
     m_release = {};
     m_uf2.clear();

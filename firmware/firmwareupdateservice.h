@@ -110,7 +110,8 @@ signals:
     void finished(bool ok, const QString &message);
 
 private:
-    bool begin(FirmwareDevice device, const QString &currentVersion, bool install);
+    bool begin(FirmwareDevice device, const QString &currentVersion, bool install,
+               const QString &receiverPort);
     bool refuseSoc(State step, const QString &message);
     void enter(State state, const QString &message = {});
     void setProgress(int percent);
