@@ -1,5 +1,7 @@
 #include "commandlineoptions.h"
 
+#include "updateaddress.h"
+
 #include <QCommandLineParser>
 #include <QRegularExpression>
 
@@ -72,6 +74,18 @@ QString parseRemoteOptions(const QCommandLineParser &parser, CommandLineOptions 
         if (!options.remoteAddress.setAddress(text.trimmed()))
             return QStringLiteral("--remote-address: \"%1\" is not an IP address").arg(text);
     }
+    return {};
+}
+
+QString parseUpdateUrl(const QCommandLineParser &parser, CommandLineOptions &options)
+{
+    const QString option = QStringLiteral("update-url");
+    if (!parser.isSet(option))
+        return {};
+    options.updateUrl = updateUrlFromText(parser.value(option));
+    if (options.updateUrl.isEmpty())
+        return QStringLiteral("--update-url: \"%1\" is not an http:// or https:// address")
+            .arg(parser.value(option));
     return {};
 }
 
@@ -152,10 +166,11 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
                                            QStringLiteral("address"));
     const QCommandLineOption motionOutput(QStringLiteral("motion-output"), QString(),
                                           QStringLiteral("host:port"));
+    const QCommandLineOption updateUrl(QStringLiteral("update-url"), QString(), QStringLiteral("url"));
     const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
     const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
     parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, receiver,
-                       vehicle, remotePort, remoteAddress, motionOutput, elrsList, elrsSet});
+                       vehicle, remotePort, remoteAddress, motionOutput, updateUrl, elrsList, elrsSet});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
@@ -186,6 +201,8 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     if (const QString error = parseRemoteOptions(parser, options); !error.isEmpty())
         return error;
     if (const QString error = parseMotionOutput(parser, options); !error.isEmpty())
+        return error;
+    if (const QString error = parseUpdateUrl(parser, options); !error.isEmpty())
         return error;
     options.action =
         parser.isSet(headless) ? CommandLineOptions::Action::Headless : CommandLineOptions::Action::Window;
@@ -301,6 +318,8 @@ QString commandLineHelp()
         "                         Stream the car's motion as DiRT Rally telemetry to motion\n"
         "                         software (SimHub, FlyPT Mover, SimTools) at this address for\n"
         "                         this run, such as 127.0.0.1:20777. The saved setting is kept.\n"
+        "  --update-url <url>     Read the firmware update manifest from this http(s) address for\n"
+        "                         this run instead of the saved one.\n"
         "\n"
         "Headless options:\n"
         "  --transmitter <port>   The transmitter's serial port (default: the port remembered in\n"

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 
 #include <optional>
 
@@ -73,6 +74,8 @@ struct CommandLineOptions
     // saved motion output settings decide).
     QString motionOutputHost;
     quint16 motionOutputPort = 0;
+    // The firmware update manifest's address for this run; empty: the saved one.
+    QUrl updateUrl;
 };
 
 struct CommandLineParse

@@ -2,6 +2,7 @@
 
 #include "controlsreading.h"
 #include "devicechangenotifier.h"
+#include "firmwareupdateservice.h"
 #include "inputbackend.h"
 #include "inputbackendfactory.h"
 #include "lostdevicereopener.h"
@@ -9,9 +10,12 @@
 #include "profilemanager.h"
 #include "remotehandlers.h"
 #include "tavrixcontroller.h"
+#include "updateaddress.h"
 #include "websocketserver.h"
 
 #include <QDebug>
+#include <QDir>
+#include <QStandardPaths>
 
 namespace tavrix {
 
@@ -49,6 +53,20 @@ HubServices::HubServices(Options options, QObject *parent)
         m_remote->start(options.remotePort);
 
     createMotionOutput(options);
+    createFirmwareUpdates(options);
+}
+
+void HubServices::createFirmwareUpdates(const Options &options)
+{
+    FirmwareUpdateService::Options updates;
+    updates.manifestUrl = options.updateUrl.isEmpty() ? savedUpdateUrl() : options.updateUrl;
+    updates.cacheFolder = QDir(QStandardPaths::writableLocation(QStandardPaths::CacheLocation))
+                              .filePath(QStringLiteral("firmware"));
+    m_firmwareUpdates = new FirmwareUpdateService(updates, this);
+    // A bridge update ends when the bridge is back on its serial port.
+    m_firmwareUpdates->setBridgeConnected(m_controller->isSerialConnected());
+    connect(m_controller, &TavrixController::serialConnectedChanged, m_firmwareUpdates,
+            &FirmwareUpdateService::setBridgeConnected);
 }
 
 void HubServices::createMotionOutput(const Options &options)

@@ -7,12 +7,14 @@
 #include <QHostAddress>
 #include <QObject>
 #include <QString>
+#include <QUrl>
 
 #include <memory>
 
 namespace tavrix {
 
 class DeviceChangeNotifier;
+class FirmwareUpdateService;
 class LostDeviceReopener;
 class MotionTelemetrySender;
 class ProfileManager;
@@ -52,6 +54,8 @@ public:
         QString motionOutputHost;
         quint16 motionOutputPort = 0;
         MotionSystemController::Timings motionSystemTimings;
+        // The firmware update manifest's address; empty: the saved one.
+        QUrl updateUrl;
     };
 
     explicit HubServices(Options options, QObject *parent = nullptr);
@@ -68,11 +72,14 @@ public:
     [[nodiscard]] MotionTelemetrySender *motionOutput() const { return m_motionOutput; }
     // The motion platforms' controller board.
     [[nodiscard]] MotionSystemController *motionSystem() const { return m_motionSystem; }
+    // Checks for and installs firmware of the receiver and the transmitter.
+    [[nodiscard]] FirmwareUpdateService *firmwareUpdates() const { return m_firmwareUpdates; }
     // Why the requested input source could not be used (empty when it could).
     [[nodiscard]] QString inputProblem() const { return m_inputProblem; }
 
 private:
     void createMotionOutput(const Options &options);
+    void createFirmwareUpdates(const Options &options);
 
     // Declared first so it is destroyed last: the controller's devices read through it.
     std::unique_ptr<InputBackend> m_inputBackend;
@@ -84,6 +91,7 @@ private:
     WebSocketServer *m_remote = nullptr;
     MotionTelemetrySender *m_motionOutput = nullptr;
     MotionSystemController *m_motionSystem = nullptr;
+    FirmwareUpdateService *m_firmwareUpdates = nullptr;
 };
 
 } // namespace tavrix

@@ -79,6 +79,9 @@ private slots:
 
         parsed = parseCommandLine(words("--headless --vehicle car"));
         QCOMPARE(parsed.options.vehicle, std::optional<VehicleType>(VehicleType::Car));
+
+        parsed = parseCommandLine(words("--update-url http://127.0.0.1:8000/fw/manifest.json"));
+        QCOMPARE(parsed.options.updateUrl, QUrl(QStringLiteral("http://127.0.0.1:8000/fw/manifest.json")));
     }
 
     void devicesByIndexAndName_data()
@@ -154,6 +157,8 @@ private slots:
         row("motion output without port", "--motion-output 127.0.0.1", "is not IP:PORT");
         row("motion output to port 0", "--headless --motion-output 127.0.0.1:0", "is not IP:PORT");
         row("motion output to a name", "--motion-output rig:20777", "is not IP:PORT");
+        row("update address not web", "--update-url file:///tmp/manifest.json", "--update-url");
+        row("update address relative", "--headless --update-url manifest.json", "--update-url");
     }
 
     void badCommandLinesAreRefused()
