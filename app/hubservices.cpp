@@ -46,14 +46,14 @@ HubServices::HubServices(Options options, QObject *parent)
     m_reopener = new LostDeviceReopener(m_controller, this);
     connect(m_deviceChanges, &DeviceChangeNotifier::devicesChanged, m_reopener, &LostDeviceReopener::reopen);
 
+    createFirmwareUpdates(options);
     m_remote = new WebSocketServer(m_controller, this);
-    registerRemoteHandlers(*m_remote, m_controller);
+    registerRemoteHandlers(*m_remote, m_controller, m_firmwareUpdates);
     m_remote->setListenAddress(options.remoteAddress);
     if (options.remotePort != 0)
         m_remote->start(options.remotePort);
 
     createMotionOutput(options);
-    createFirmwareUpdates(options);
 }
 
 void HubServices::createFirmwareUpdates(const Options &options)

@@ -6,11 +6,13 @@
 #include "wscalibrationhandler.h"
 #include "wsdevicehandler.h"
 #include "wsescpresethandler.h"
+#include "wsfirmwarehandler.h"
 #include "wshelicopterhandler.h"
 #include "wsinputhandler.h"
 #include "wsledhandler.h"
 #include "wsprofilehandler.h"
 #include "wsreceiverhandler.h"
+#include "wssocupdatehandler.h"
 #include "wstelemetryhandler.h"
 #include "wstransmissionhandler.h"
 
@@ -25,7 +27,8 @@ template<class Handler> void add(WebSocketServer &server, TavrixController *cont
 
 } // namespace
 
-void registerRemoteHandlers(WebSocketServer &server, TavrixController *controller)
+void registerRemoteHandlers(WebSocketServer &server, TavrixController *controller,
+                            FirmwareUpdateService *firmware)
 {
     add<WsDeviceHandler>(server, controller);
     add<WsTransmissionHandler>(server, controller);
@@ -34,6 +37,10 @@ void registerRemoteHandlers(WebSocketServer &server, TavrixController *controlle
     add<WsButtonHandler>(server, controller);
     add<WsProfileHandler>(server, controller);
     add<WsEscPresetHandler>(server, controller);
+    if (firmware) {
+        server.registerHandler(new WsFirmwareHandler(controller, firmware, &server));
+        server.registerHandler(new WsSocUpdateHandler(controller, firmware, &server));
+    }
     add<WsCalibrationHandler>(server, controller);
     add<WsLedHandler>(server, controller);
     add<WsHelicopterHandler>(server, controller);
