@@ -73,6 +73,10 @@ struct CommandLineOptions
     // saved motion output settings decide).
     QString motionOutputHost;
     quint16 motionOutputPort = 0;
+    // The motion platform's controller board, connected at the start; empty: left alone.
+    QString motionPort;
+    // 2, 3 or 5 (degrees of freedom); unset: the platform chosen last time.
+    std::optional<int> motionPlatform;
 };
 
 struct CommandLineParse

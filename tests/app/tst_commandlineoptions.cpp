@@ -79,6 +79,10 @@ private slots:
 
         parsed = parseCommandLine(words("--headless --vehicle car"));
         QCOMPARE(parsed.options.vehicle, std::optional<VehicleType>(VehicleType::Car));
+
+        parsed = parseCommandLine(words("--headless --motion /dev/ttyACM1 --motion-platform 3"));
+        QCOMPARE(parsed.options.motionPort, QStringLiteral("/dev/ttyACM1"));
+        QCOMPARE(parsed.options.motionPlatform, std::optional<int>(3));
     }
 
     void devicesByIndexAndName_data()
@@ -154,6 +158,13 @@ private slots:
         row("motion output without port", "--motion-output 127.0.0.1", "is not IP:PORT");
         row("motion output to port 0", "--headless --motion-output 127.0.0.1:0", "is not IP:PORT");
         row("motion output to a name", "--motion-output rig:20777", "is not IP:PORT");
+        row("empty motion port", "--headless --motion=", "--motion needs a serial port");
+        row("motion on the transmitter's port", "--headless --transmitter P --motion P",
+            "--motion cannot share the port P");
+        row("motion on the receiver's port", "--headless --receiver P --motion P", "cannot share the port P");
+        row("motion platform without a board", "--headless --motion-platform 3", "needs --motion");
+        row("motion platform of 4 DOF", "--motion M --motion-platform 4", "must be 2, 3 or 5");
+        row("motion platform not a number", "--motion M --motion-platform 3dof", "must be 2, 3 or 5");
     }
 
     void badCommandLinesAreRefused()
@@ -167,6 +178,7 @@ private slots:
         QCOMPARE(parsed.options.action, Action::Window);
         QVERIFY(parsed.options.devices.isEmpty());
         QVERIFY(!parsed.options.start);
+        QVERIFY(parsed.options.motionPort.isEmpty());
     }
 };
 
