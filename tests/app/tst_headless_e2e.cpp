@@ -355,6 +355,15 @@ private slots:
         QVERIFY2(hub.process->exitCode() == 0, qPrintable(hub.transcript()));
         QTRY_COMPARE_WITH_TIMEOUT(commands().value(commands().size() - 1), QStringLiteral("R"), 5000);
         QCOMPARE(commands().count(QStringLiteral("R")), 1);
+
+        // With neither a transmitter nor a board to run, there is nothing to wait for.
+        QProcess alone;
+        alone.setProcessEnvironment(env);
+        alone.start(kHub, {QStringLiteral("--headless"), QStringLiteral("--motion"),
+                           home.filePath(QStringLiteral("ttyNone")), QStringLiteral("--remote-port"),
+                           QStringLiteral("0")});
+        QVERIFY(alone.waitForFinished(20000));
+        QCOMPARE(alone.exitCode(), 1);
     }
 
     void badCommandLineExitsWithStatusTwo()

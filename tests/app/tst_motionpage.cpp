@@ -11,6 +11,7 @@
 #include "statuspill.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSlider>
@@ -149,10 +150,13 @@ private slots:
         QTest::addColumn<bool>("testRunning");
         QTest::addColumn<int>("chosen");
         QTest::addColumn<bool>("accepted");
-        QTest::newRow("idle: 2DOF") << false << 2 << true;
-        QTest::newRow("idle: 3DOF") << false << 3 << true;
-        QTest::newRow("during a board test: another platform") << true << 2 << false;
-        QTest::newRow("during a board test: the same platform") << true << 5 << true;
+        // What the page offers the platform it shows: actuators, and the patterns that move it.
+        QTest::addColumn<int>("actuators");
+        QTest::addColumn<int>("patterns");
+        QTest::newRow("idle: 2DOF") << false << 2 << true << 2 << 2;
+        QTest::newRow("idle: 3DOF (no yaw or surge actuator)") << false << 3 << true << 4 << 3;
+        QTest::newRow("during a board test: another platform") << true << 2 << false << 6 << 5;
+        QTest::newRow("during a board test: the same platform") << true << 5 << true << 6 << 5;
     }
 
     void platformChoiceIsRefusedWhileATestRuns()
@@ -160,6 +164,8 @@ private slots:
         QFETCH(bool, testRunning);
         QFETCH(int, chosen);
         QFETCH(bool, accepted);
+        QFETCH(int, actuators);
+        QFETCH(int, patterns);
         MotionPageRig rig;
         QVERIFY(rig.motion()->setPlatformKind(5));
         QVERIFY(rig.open());
@@ -177,9 +183,10 @@ private slots:
         QCOMPARE(rig.hub.window->currentPage(),
                  accepted ? QStringLiteral("motion-panel") : QStringLiteral("motion-chooser"));
         QCOMPARE(chooser->refusal().isEmpty(), accepted);
-        // The page offers what the platform has: 2DOF 2 actuators, 3DOF 4, 5DOF 6.
-        QCOMPARE(rig.page->actuatorsCard()->actuatorCount(), expected == 2 ? 2 : expected == 3 ? 4 : 6);
         QCOMPARE(rig.page->platform(), expected);
+        QCOMPARE(rig.page->actuatorsCard()->actuatorCount(), actuators);
+        QCOMPARE(rig.page->testCard()->patternBox()->count(), patterns);
+        QCOMPARE(rig.page->testCard()->actuatorBox()->count(), actuators + 1);
         rig.page->releaseButton()->click();
     }
 };
