@@ -114,6 +114,30 @@ QString parseMotionOutput(const QCommandLineParser &parser, CommandLineOptions &
     return {};
 }
 
+// The board may sit beside the transmitter and the receiver, never on one of their ports.
+QString parseMotionPlatform(const QCommandLineParser &parser, CommandLineOptions &options)
+{
+    const QString port = QStringLiteral("motion");
+    const QString platform = QStringLiteral("motion-platform");
+    if (parser.isSet(port)) {
+        options.motionPort = parser.value(port).trimmed();
+        if (options.motionPort.isEmpty())
+            return QStringLiteral("--motion needs a serial port, such as /dev/ttyACM1 or COM5");
+        if (options.motionPort == options.transmitterPort || options.motionPort == options.receiverPort)
+            return QStringLiteral("--motion cannot share the port %1").arg(options.motionPort);
+    }
+    if (parser.isSet(platform)) {
+        if (!parser.isSet(port))
+            return QStringLiteral("--motion-platform needs --motion, the motion controller's port");
+        const QString text = parser.value(platform).trimmed();
+        if (text != QLatin1String("2") && text != QLatin1String("3") && text != QLatin1String("5"))
+            return QStringLiteral("--motion-platform must be 2, 3 or 5 (degrees of freedom), not \"%1\"")
+                .arg(text);
+        options.motionPlatform = text.toInt();
+    }
+    return {};
+}
+
 QString parseBaudRate(const QCommandLineParser &parser, CommandLineOptions &options)
 {
     const QString baud = QStringLiteral("baud");
@@ -167,10 +191,14 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     const QCommandLineOption motionOutput(QStringLiteral("motion-output"), QString(),
                                           QStringLiteral("host:port"));
     const QCommandLineOption updateUrl(QStringLiteral("update-url"), QString(), QStringLiteral("url"));
+    const QCommandLineOption motion(QStringLiteral("motion"), QString(), QStringLiteral("port"));
+    const QCommandLineOption motionPlatform(QStringLiteral("motion-platform"), QString(),
+                                            QStringLiteral("dof"));
     const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
     const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
     parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, receiver,
-                       vehicle, remotePort, remoteAddress, motionOutput, updateUrl, elrsList, elrsSet});
+                       vehicle, remotePort, remoteAddress, motionOutput, updateUrl, motion, motionPlatform,
+                       elrsList, elrsSet});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
@@ -247,6 +275,8 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
             return QStringLiteral("--vehicle must be car or heli, not \"%1\"").arg(parser.value(vehicle));
     }
     options.start = options.start || parser.isSet(start);
+    if (const QString error = parseMotionPlatform(parser, options); !error.isEmpty())
+        return error;
 
     const bool helicopter = options.vehicle == VehicleType::Helicopter;
     for (const DeviceRoleInfo &role : deviceRoles()) {
@@ -318,6 +348,12 @@ QString commandLineHelp()
         "                         Stream the car's motion as DiRT Rally telemetry to motion\n"
         "                         software (SimHub, FlyPT Mover, SimTools) at this address for\n"
         "                         this run, such as 127.0.0.1:20777. The saved setting is kept.\n"
+        "  --motion <port>        Connect the motion platform's controller board at the start.\n"
+        "                         Headless without a transmitter, the hub runs the platform alone;\n"
+        "                         SIGINT or SIGTERM sends it Release (motors off) before exiting.\n"
+        "  --motion-platform 2|3|5\n"
+        "                         With --motion: the platform (2DOF, 3DOF, 5DOF; default: the last\n"
+        "                         one chosen).\n"
         "  --update-url <url>     Read the firmware update manifest from this http(s) address for\n"
         "                         this run instead of the saved one.\n"
         "\n"

@@ -76,6 +76,10 @@ struct CommandLineOptions
     quint16 motionOutputPort = 0;
     // The firmware update manifest's address for this run; empty: the saved one.
     QUrl updateUrl;
+    // The motion platform's controller board, connected at the start; empty: left alone.
+    QString motionPort;
+    // 2, 3 or 5 (degrees of freedom); unset: the platform chosen last time.
+    std::optional<int> motionPlatform;
 };
 
 struct CommandLineParse

@@ -139,11 +139,13 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
         plan = demo->plan();
         // A real (or simulated) receiver may sit beside the simulated bridge.
         plan.receiverPort = options.receiverPort;
-        if (!options.receiverPort.isEmpty())
+        plan.motionPort = options.motionPort;
+        plan.motionPlatform = options.motionPlatform;
+        if (!options.receiverPort.isEmpty() || !options.motionPort.isEmpty())
             serviceOptions.ports = std::make_shared<CompositeSerialPortDirectory>(
                 QList<std::shared_ptr<const SerialPortDirectory>>{
-                    serviceOptions.ports,
-                    std::make_shared<PathSerialPortDirectory>(QStringList{options.receiverPort})});
+                    serviceOptions.ports, std::make_shared<PathSerialPortDirectory>(
+                                              QStringList{options.receiverPort, options.motionPort})});
         out << "demo: simulated bridge on " << demo->bridgePort() << ", profiles in " << demo->dataDirectory()
             << '\n';
         // What the simulated bridge is told (not its keepalives), so a run can be checked from outside.
@@ -153,7 +155,7 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
                                  out << "demo bridge: " << command << '\n' << Qt::flush;
                          });
     } else {
-        serviceOptions.ports = portsWith({options.transmitterPort, options.receiverPort});
+        serviceOptions.ports = portsWith({options.transmitterPort, options.receiverPort, options.motionPort});
     }
 
     serviceOptions.remotePort = options.remotePort;
@@ -174,7 +176,7 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
     QObject::connect(&runner, &HeadlessRunner::finished, &app, &QCoreApplication::exit, Qt::QueuedConnection);
     UnixSignalWatcher signalWatcher({SIGINT, SIGTERM});
     if (!signalWatcher.isActive())
-        err << "orvanehub: cannot watch SIGINT/SIGTERM; stopping will not send STOP\n";
+        err << "orvanehub: cannot watch SIGINT/SIGTERM; stopping will not send STOP or Release\n";
     QObject::connect(&signalWatcher, &UnixSignalWatcher::signalReceived, &runner, [&runner](int number) {
         runner.stop(number == SIGINT ? QStringLiteral("SIGINT") : QStringLiteral("SIGTERM"));
     });

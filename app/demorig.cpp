@@ -1,6 +1,7 @@
 #include "demorig.h"
 
 #include "bridgesimulator.h"
+#include "motionsimulator.h"
 #include "receiversimulator.h"
 #include "replayplayer.h"
 #include "replayscript.h"
@@ -25,13 +26,15 @@ const QList<RoleChoice> &demoDevices()
 
 } // namespace
 
-DemoRig::DemoRig(Receiver receiver, QObject *parent)
+DemoRig::DemoRig(Receiver receiver, MotionBoard motion, QObject *parent)
     : QObject(parent)
     , m_dataDirectory(QDir::tempPath() + QStringLiteral("/orvanehub-demo-XXXXXX"))
     , m_bridge(new sim::BridgeSimulator(sim::BridgeSimulatorSettings{}, this))
 {
     if (receiver == Receiver::Simulated)
         m_receiver = new sim::ReceiverSimulator(sim::ReceiverSimulatorSettings{}, this);
+    if (motion == MotionBoard::Simulated)
+        m_motion = new sim::MotionSimulator(sim::MotionSimulatorSettings{}, this);
 }
 
 DemoRig::~DemoRig() = default;
@@ -51,6 +54,10 @@ bool DemoRig::prepare(QString *error)
         *error = QStringLiteral("cannot start the simulated receiver: %1").arg(m_receiver->errorString());
         return false;
     }
+    if (m_motion && !m_motion->start(m_dataDirectory.filePath(QStringLiteral("ttyOrvaneDemoMotion")))) {
+        *error = QStringLiteral("cannot start the simulated motion board: %1").arg(m_motion->errorString());
+        return false;
+    }
     return true;
 }
 
@@ -64,6 +71,11 @@ QString DemoRig::receiverPort() const
     return m_receiver ? m_receiver->clientPath() : QString();
 }
 
+QString DemoRig::motionPort() const
+{
+    return m_motion ? m_motion->clientPath() : QString();
+}
+
 HubServices::Options DemoRig::takeServiceOptions(QString *error)
 {
     HubServices::Options options;
@@ -71,7 +83,8 @@ HubServices::Options DemoRig::takeServiceOptions(QString *error)
     options.ports =
         std::make_shared<CompositeSerialPortDirectory>(QList<std::shared_ptr<const SerialPortDirectory>>{
             std::make_shared<SystemSerialPortDirectory>(),
-            std::make_shared<PathSerialPortDirectory>(QStringList{bridgePort(), receiverPort()})});
+            std::make_shared<PathSerialPortDirectory>(
+                QStringList{bridgePort(), receiverPort(), motionPort()})});
 
     ReplayScript script = ReplayScript::load(QString::fromLatin1(kReplayResource));
     if (!script.isValid()) {

@@ -12,6 +12,7 @@
 
 namespace tavrix::sim {
 class BridgeSimulator;
+class MotionSimulator;
 class ReceiverSimulator;
 } // namespace tavrix::sim
 
@@ -23,7 +24,8 @@ namespace tavrix {
 // play the drive shipped in the program (":/demo/demo-loop.jsonl") round after round; the
 // profiles live in a private temporary folder, so the user's own are never read or written.
 // The window's demo also plays the car's receiver on its USB console, so its settings,
-// sensors and console show live data.
+// sensors and console show live data, and the motion platform's controller board, so the
+// motion page shows live heartbeats and runs its tests.
 class DemoRig : public QObject
 {
     Q_OBJECT
@@ -36,7 +38,14 @@ public:
         Simulated,
     };
 
-    explicit DemoRig(Receiver receiver = Receiver::None, QObject *parent = nullptr);
+    enum class MotionBoard
+    {
+        None,
+        Simulated,
+    };
+
+    explicit DemoRig(Receiver receiver = Receiver::None, MotionBoard motion = MotionBoard::None,
+                     QObject *parent = nullptr);
     ~DemoRig() override;
 
     // Makes the private folder and starts the simulated bridge. False with *error on failure.
@@ -55,12 +64,15 @@ public:
     [[nodiscard]] QString bridgePort() const;
     // Empty without a simulated receiver.
     [[nodiscard]] QString receiverPort() const;
+    // Empty without a simulated motion board.
+    [[nodiscard]] QString motionPort() const;
     [[nodiscard]] QString dataDirectory() const { return m_dataDirectory.path(); }
 
 private:
     QTemporaryDir m_dataDirectory;
     sim::BridgeSimulator *m_bridge;
     sim::ReceiverSimulator *m_receiver = nullptr;
+    sim::MotionSimulator *m_motion = nullptr;
 };
 
 } // namespace tavrix

@@ -1,5 +1,6 @@
 #include "headlessrunner.h"
 
+#include "headlessmotion.h"
 #include "hubservices.h"
 #include "inputdevice.h"
 #include "motiontelemetrysender.h"
@@ -31,7 +32,7 @@ HeadlessRunner::HeadlessRunner(HubServices &services, SessionPlan plan, QTextStr
                                const Timings &timings, QObject *parent)
     : QObject(parent)
     , m_services(services)
-    , m_starter(new SessionStarter(services.controller(), std::move(plan), timings.retryInterval, this))
+    , m_starter(new SessionStarter(services.controller(), plan, timings.retryInterval, this))
     , m_out(out)
     , m_err(err)
     , m_timings(timings)
@@ -44,6 +45,11 @@ HeadlessRunner::HeadlessRunner(HubServices &services, SessionPlan plan, QTextStr
         emit finished(1);
     });
     watchController();
+    if (!plan.motionPort.isEmpty()) {
+        m_motion = new HeadlessMotion(services.motionSystem(), plan.motionPort, plan.motionPlatform, this);
+        connect(m_motion, &HeadlessMotion::line, this, &HeadlessRunner::printLine);
+        connect(m_motion, &HeadlessMotion::error, this, &HeadlessRunner::printError);
+    }
 }
 
 void HeadlessRunner::watchController()
@@ -106,6 +112,13 @@ bool HeadlessRunner::begin()
     if (motion->isEnabled())
         printLine(
             QStringLiteral("motion output: streaming to %1:%2").arg(motion->host()).arg(motion->port()));
+    const bool motionRunning = m_motion && m_motion->begin();
+    if (m_motion && !m_starter->knowsTransmitterPort()) {
+        if (!motionRunning)
+            return false;
+        printLine(QStringLiteral("no transmitter port: running the motion platform alone"));
+        return true;
+    }
     return m_starter->begin();
 }
 
@@ -125,6 +138,8 @@ void HeadlessRunner::stop(const QString &reason)
     m_stopping = true;
     printLine(QStringLiteral("stopping (%1)").arg(reason));
     m_starter->halt();
+    if (m_motion)
+        m_motion->stop();
     m_services.controller()->stopTransmission();
     // The port flushes "STOP\n" when it closes; finish once this slot has returned.
     QTimer::singleShot(0, this, [this] { emit finished(0); });

@@ -11,6 +11,7 @@ class QTextStream;
 
 namespace tavrix {
 
+class HeadlessMotion;
 class HubServices;
 
 // `orvanehub --headless`: brings the plan about through a SessionStarter and writes what
@@ -34,9 +35,11 @@ public:
     HeadlessRunner(HubServices &services, SessionPlan plan, QTextStream &out, QTextStream &err,
                    QObject *parent = nullptr);
 
-    // Starts bringing the plan about. False (and finished(1)) when it cannot even begin.
+    // Starts bringing the plan about. False (and finished(1)) when it cannot even begin. With a
+    // motion board in the plan and no transmitter port known, the board runs alone.
     bool begin();
-    // Stops transmission ("STOP" goes to the bridge) and, a moment later, finishes with status 0.
+    // Releases the motion platform ("R"), stops transmission ("STOP" goes to the bridge) and,
+    // a moment later, finishes with status 0.
     void stop(const QString &reason);
 
 signals:
@@ -52,6 +55,7 @@ private:
 
     HubServices &m_services;
     SessionStarter *m_starter;
+    HeadlessMotion *m_motion = nullptr;
     QTextStream &m_out;
     QTextStream &m_err;
     Timings m_timings;

@@ -92,9 +92,9 @@ void HubServices::createMotionOutput(const Options &options)
 
 HubServices::~HubServices()
 {
-    // A platform mid-test must not keep moving once the hub is gone: Release goes out while
-    // the port is still open, and the port writes it out as it closes.
-    if (m_motionSystem->isTestRunning())
+    // A platform must not keep moving, or hold its motors on, once the hub is gone: Release
+    // goes out while the port is still open, and the port writes it out as it closes.
+    if (m_motionSystem->isConnected())
         m_motionSystem->release();
     delete m_motionSystem;
     m_motionSystem = nullptr;

@@ -7,6 +7,7 @@
 #include "hubservices.h"
 #include "logrouter.h"
 #include "mainwindow.h"
+#include "motionsystemcontroller.h"
 #include "screenshotmode.h"
 #include "sessionstarter.h"
 #include "shellsettings.h"
@@ -24,6 +25,20 @@
 
 namespace {
 
+// The motion board named on the command line, else the demo's simulated one, if either.
+void connectMotionBoard(tavrix::MotionSystemController *motion, const tavrix::CommandLineOptions &options,
+                        const tavrix::DemoRig *demo)
+{
+    const QString port = !options.motionPort.isEmpty() ? options.motionPort
+                         : demo                        ? demo->motionPort()
+                                                       : QString();
+    if (port.isEmpty())
+        return;
+    if (options.motionPlatform && !motion->setPlatformKind(*options.motionPlatform))
+        qWarning("hub: motion platform %dDOF refused", *options.motionPlatform);
+    motion->connectPort(port);
+}
+
 int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
 {
     QApplication app(argc, argv);
@@ -38,7 +53,8 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
     tavrix::installTranslation(app, translator, QLocale::system().uiLanguages());
 
     // SIGINT/SIGTERM close the window like the user would, so transmission stops
-    // ("STOP\n" goes out) and the demo's private folder is removed.
+    // ("STOP\n" goes out), the motion platform is released ("R") and the demo's private
+    // folder is removed.
     tavrix::UnixSignalWatcher signalWatcher({SIGINT, SIGTERM});
     QObject::connect(&signalWatcher, &tavrix::UnixSignalWatcher::signalReceived, &app,
                      &QCoreApplication::quit);
@@ -50,7 +66,11 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
         std::unique_ptr<tavrix::DemoRig> demo;
         tavrix::HubServices::Options serviceOptions;
         if (options.demo) {
-            demo = std::make_unique<tavrix::DemoRig>(tavrix::DemoRig::Receiver::Simulated);
+            // A board named with --motion takes the place of the simulated one.
+            demo = std::make_unique<tavrix::DemoRig>(tavrix::DemoRig::Receiver::Simulated,
+                                                     options.motionPort.isEmpty()
+                                                         ? tavrix::DemoRig::MotionBoard::Simulated
+                                                         : tavrix::DemoRig::MotionBoard::None);
             QString error;
             if (demo->prepare(&error))
                 serviceOptions = demo->takeServiceOptions(&error);
@@ -78,6 +98,8 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
 
         window.present(*services);
         window.show();
+        // After present(), so the motion page hears the connection and the first heartbeat.
+        connectMotionBoard(services->motionSystem(), options, demo.get());
 
         if (const auto snapshotOptions = tavrix::ScreenshotMode::fromEnvironment()) {
             auto *snapshots = new tavrix::ScreenshotMode(&window, theme, *snapshotOptions, &window);

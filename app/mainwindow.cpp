@@ -16,6 +16,7 @@
 #include "motionchooserpage.h"
 #include "motionoutputbinder.h"
 #include "motionoutputdialog.h"
+#include "motionpanelbinder.h"
 #include "motionpanelpage.h"
 #include "pagestack.h"
 #include "radiocalibrationbinder.h"
@@ -119,7 +120,7 @@ void MainWindow::createPages()
     m_car = new CarPage(m_pages);
     m_heli = new HeliPage(m_pages);
     m_motionChooser = new MotionChooserPage(m_pages);
-    m_motionPanel = new MotionPanelPage(m_pages);
+    m_motionPanel = new MotionPanelPage(MotionPanelBinder::testLimits(), m_pages);
     m_info = new InfoPage(m_pages);
     m_pages->addPage(QStringLiteral("dashboard"), m_dashboard);
     m_pages->addPage(QStringLiteral("vehicles"), m_vehicles);
@@ -134,10 +135,6 @@ void MainWindow::createPages()
     connect(m_vehicles, &VehiclesPage::vehicleChosen, this, &MainWindow::showPage);
     connect(m_car, &CarPage::backRequested, this, goTo(QStringLiteral("vehicles")));
     connect(m_heli, &HeliPage::backRequested, this, goTo(QStringLiteral("vehicles")));
-    connect(m_motionChooser, &MotionChooserPage::platformChosen, this, [this](int dof) {
-        m_motionPanel->setPlatform(dof);
-        showPage(QStringLiteral("motion-panel"));
-    });
     connect(m_motionPanel, &MotionPanelPage::backRequested, this, goTo(QStringLiteral("motion-chooser")));
     connect(m_info, &InfoPage::debugConsoleRequested, this, &MainWindow::openDebugConsole);
     connect(m_info, &InfoPage::reduceMotionChanged, m_sidebar, &hub::Sidebar::setReduceMotion);
@@ -225,6 +222,13 @@ void MainWindow::bindPages()
         new RadioCalibrationBinder(dialog, controller);
         return dialog;
     });
+    auto *motion =
+        new MotionPanelBinder(m_motionPanel, m_motionChooser, m_services->motionSystem(), controller, this);
+    connect(m_motionChooser, &MotionChooserPage::platformChosen, this, [this, motion](int dof) {
+        if (motion->choosePlatform(dof))
+            showPage(QStringLiteral("motion-panel"));
+    });
+
     ReceiverCard *receiver = m_car->receiverCard();
     connect(receiver, &ReceiverCard::ledRequested, this, [this] { openDialog(kLedDialog); });
     connect(receiver, &ReceiverCard::calibrationRequested, this,

@@ -26,6 +26,8 @@ SessionPlan SessionPlan::fromOptions(const CommandLineOptions &options)
     plan.receiverPort = options.receiverPort;
     plan.devices = options.devices;
     plan.start = options.start;
+    plan.motionPort = options.motionPort;
+    plan.motionPlatform = options.motionPlatform;
     return plan;
 }
 
@@ -95,6 +97,12 @@ bool SessionStarter::begin()
     attempt();
     m_retryTimer.start();
     return true;
+}
+
+bool SessionStarter::knowsTransmitterPort() const
+{
+    return !m_plan.transmitterPort.isEmpty() ||
+           !m_controller->profileManager()->transmitterPortName().isEmpty();
 }
 
 void SessionStarter::halt()

@@ -28,6 +28,10 @@ struct SessionPlan
     // Roles not listed keep the devices saved in the profile.
     QList<RoleChoice> devices;
     bool start = false;
+    // The motion platform's board, connected once at the start (not by SessionStarter, which
+    // only brings up the transmission side); empty: left alone.
+    QString motionPort;
+    std::optional<int> motionPlatform;
 
     [[nodiscard]] static SessionPlan fromOptions(const CommandLineOptions &options);
 };
@@ -67,6 +71,8 @@ public:
     // Makes the first attempt at once. False (with failed() emitted) when there is no port to
     // connect to at all: none given and none remembered.
     bool begin();
+    // Whether begin() has a transmitter port to go on: given in the plan or remembered.
+    [[nodiscard]] bool knowsTransmitterPort() const;
     // No more attempts (the process is about to stop transmission and quit).
     void halt();
 

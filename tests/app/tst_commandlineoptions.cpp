@@ -82,6 +82,9 @@ private slots:
 
         parsed = parseCommandLine(words("--update-url http://127.0.0.1:8000/fw/manifest.json"));
         QCOMPARE(parsed.options.updateUrl, QUrl(QStringLiteral("http://127.0.0.1:8000/fw/manifest.json")));
+        parsed = parseCommandLine(words("--headless --motion /dev/ttyACM1 --motion-platform 3"));
+        QCOMPARE(parsed.options.motionPort, QStringLiteral("/dev/ttyACM1"));
+        QCOMPARE(parsed.options.motionPlatform, std::optional<int>(3));
     }
 
     void devicesByIndexAndName_data()
@@ -159,6 +162,13 @@ private slots:
         row("motion output to a name", "--motion-output rig:20777", "is not IP:PORT");
         row("update address not web", "--update-url file:///tmp/manifest.json", "--update-url");
         row("update address relative", "--headless --update-url manifest.json", "--update-url");
+        row("empty motion port", "--headless --motion=", "--motion needs a serial port");
+        row("motion on the transmitter's port", "--headless --transmitter P --motion P",
+            "--motion cannot share the port P");
+        row("motion on the receiver's port", "--headless --receiver P --motion P", "cannot share the port P");
+        row("motion platform without a board", "--headless --motion-platform 3", "needs --motion");
+        row("motion platform of 4 DOF", "--motion M --motion-platform 4", "must be 2, 3 or 5");
+        row("motion platform not a number", "--motion M --motion-platform 3dof", "must be 2, 3 or 5");
     }
 
     void badCommandLinesAreRefused()
@@ -172,6 +182,7 @@ private slots:
         QCOMPARE(parsed.options.action, Action::Window);
         QVERIFY(parsed.options.devices.isEmpty());
         QVERIFY(!parsed.options.start);
+        QVERIFY(parsed.options.motionPort.isEmpty());
     }
 };
 

@@ -310,6 +310,62 @@ private slots:
         QCOMPARE(commands.count("\"CFGMODE OFF\""), 4);
     }
 
+    // No transmitter anywhere: the hub runs the motion board alone, and a stop by signal
+    // switches the seat's motors off before the process goes.
+    void motionPlatformAloneIsReleasedOnSigterm()
+    {
+        QTemporaryDir home;
+        const QProcessEnvironment env = freshEnvironment(home);
+        const QString link = home.filePath(QStringLiteral("ttyMotion"));
+        const QString log = home.filePath(QStringLiteral("motion.jsonl"));
+        RunningProcess board;
+        board.start(kSim,
+                    {QStringLiteral("motion"), QStringLiteral("--log"), log, QStringLiteral("--link"), link,
+                     QStringLiteral("--platform"), QStringLiteral("3dof")},
+                    env);
+        QTRY_VERIFY2_WITH_TIMEOUT(board.out.contains("link: "), qPrintable(board.transcript()), 10000);
+        const auto commands = [&log] {
+            QStringList seen;
+            QFile file(log);
+            if (file.open(QIODevice::ReadOnly)) {
+                while (!file.atEnd()) {
+                    const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
+                    if (line.value(QStringLiteral("kind")).toString() == QLatin1String("command"))
+                        seen.append(line.value(QStringLiteral("command")).toString());
+                }
+            }
+            return seen;
+        };
+
+        RunningProcess hub;
+        hub.start(kHub,
+                  {QStringLiteral("--headless"), QStringLiteral("--motion"), link,
+                   QStringLiteral("--motion-platform"), QStringLiteral("3"), QStringLiteral("--remote-port"),
+                   QStringLiteral("0")},
+                  env);
+        // The first heartbeat is answered with the settings and the question for their echo.
+        QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("#CFG i="), qPrintable(hub.transcript()), 15000);
+        QVERIFY2(hub.out.contains("state ready"), qPrintable(hub.transcript()));
+        QVERIFY2(commands().contains(QStringLiteral("Q")), qPrintable(commands().join(u',')));
+        QCOMPARE(hub.process->state(), QProcess::Running);
+
+        hub.process->terminate();
+        QVERIFY(hub.process->waitForFinished(10000));
+        QCOMPARE(hub.process->exitStatus(), QProcess::NormalExit);
+        QVERIFY2(hub.process->exitCode() == 0, qPrintable(hub.transcript()));
+        QTRY_COMPARE_WITH_TIMEOUT(commands().value(commands().size() - 1), QStringLiteral("R"), 5000);
+        QCOMPARE(commands().count(QStringLiteral("R")), 1);
+
+        // With neither a transmitter nor a board to run, there is nothing to wait for.
+        QProcess alone;
+        alone.setProcessEnvironment(env);
+        alone.start(kHub, {QStringLiteral("--headless"), QStringLiteral("--motion"),
+                           home.filePath(QStringLiteral("ttyNone")), QStringLiteral("--remote-port"),
+                           QStringLiteral("0")});
+        QVERIFY(alone.waitForFinished(20000));
+        QCOMPARE(alone.exitCode(), 1);
+    }
+
     void badCommandLineExitsWithStatusTwo()
     {
         // Every refusal is the parser's own test; here only that it ends the program with 2.

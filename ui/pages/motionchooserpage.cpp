@@ -11,16 +11,15 @@ namespace tavrix {
 MotionChooserPage::MotionChooserPage(QWidget *parent)
     : hub::Page(tr("Motion"), tr("Motion platforms that move your seat with the car."), parent)
 {
-    content()->addWidget(new hub::Notice(
-        hub::Glyph::Info,
-        tr("Motion platforms come in a later version of the HUB. You can look at the platforms here; "
-           "none of them can be connected or driven yet."),
-        this));
+    m_refusal = new hub::Notice(hub::Glyph::Info, QString(), this);
+    m_refusal->setTone(hub::Tone::Danger);
+    m_refusal->hide();
+    content()->addWidget(m_refusal);
 
     const QStringList descriptions = {
         tr("Two actuators for pitch and roll. A compact start for a seat or a cockpit."),
-        tr("Three actuators for pitch, roll and heave."),
-        tr("Five axes for full rigs: pitch, roll, heave, surge and sway."),
+        tr("Four lifting actuators for pitch, roll and heave."),
+        tr("Six actuators for full rigs: pitch, roll and heave, with yaw and surge."),
     };
     auto *grid = new QGridLayout;
     grid->setSpacing(kGap);
@@ -28,7 +27,6 @@ MotionChooserPage::MotionChooserPage(QWidget *parent)
     for (int i = 0; i < dofs.size(); ++i) {
         auto *tile =
             new hub::ChoiceTile(hub::Glyph::Motion, tr("%1DOF").arg(dofs.at(i)), descriptions.at(i), this);
-        tile->setBadge(tr("Later version"));
         grid->addWidget(tile, 0, i);
         m_tiles.append(tile);
         const int dof = dofs.at(i);
@@ -41,6 +39,24 @@ MotionChooserPage::MotionChooserPage(QWidget *parent)
 hub::ChoiceTile *MotionChooserPage::tile(int degreesOfFreedom) const
 {
     return m_tiles.value(platforms().indexOf(degreesOfFreedom));
+}
+
+void MotionChooserPage::setCurrentPlatform(int degreesOfFreedom)
+{
+    const QList<int> dofs = platforms();
+    for (int i = 0; i < dofs.size(); ++i)
+        m_tiles.at(i)->setBadge(dofs.at(i) == degreesOfFreedom ? tr("Current") : QString());
+}
+
+void MotionChooserPage::showRefusal(const QString &message)
+{
+    m_refusal->setText(message);
+    m_refusal->setVisible(!message.isEmpty());
+}
+
+QString MotionChooserPage::refusal() const
+{
+    return m_refusal->isHidden() ? QString() : m_refusal->text();
 }
 
 } // namespace tavrix

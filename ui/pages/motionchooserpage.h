@@ -4,12 +4,13 @@
 
 namespace hub {
 class ChoiceTile;
-}
+class Notice;
+} // namespace hub
 
 namespace tavrix {
 
-// The "motion-chooser" page: the 2DOF, 3DOF and 5DOF platforms. Motion platforms are not
-// driven by this version; the page says so and the choice only opens the platform's page.
+// The "motion-chooser" page: the 2DOF, 3DOF and 5DOF platforms, the current one marked. A
+// choice is only asked for; the owner decides and shows a refusal here.
 class MotionChooserPage : public hub::Page
 {
     Q_OBJECT
@@ -19,11 +20,17 @@ public:
     hub::ChoiceTile *tile(int degreesOfFreedom) const;
     static QList<int> platforms() { return {2, 3, 5}; }
 
+    void setCurrentPlatform(int degreesOfFreedom);
+    // Why the last choice was refused; an empty text hides it.
+    void showRefusal(const QString &message);
+    QString refusal() const;
+
 signals:
     void platformChosen(int degreesOfFreedom);
 
 private:
     QList<hub::ChoiceTile *> m_tiles;
+    hub::Notice *m_refusal = nullptr;
 };
 
 } // namespace tavrix

@@ -1,75 +1,89 @@
 #include "motionpanelpage.h"
 
 #include "card.h"
-#include "emptystate.h"
+#include "logview.h"
+#include "motionactuatorscard.h"
+#include "motionconnectioncard.h"
+#include "motionsettingscard.h"
 #include "notice.h"
 #include "pageheader.h"
-#include "stattile.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace tavrix {
 
-MotionPanelPage::MotionPanelPage(QWidget *parent)
+MotionPanelPage::MotionPanelPage(const MotionTestLimits &limits, QWidget *parent)
     : hub::Page(tr("Motion platform"), QString(), parent)
 {
     header()->setBackLink(tr("Motion"));
     connect(header(), &hub::PageHeader::backRequested, this, &MotionPanelPage::backRequested);
 
-    content()->addWidget(new hub::Notice(
-        hub::Glyph::Info,
-        tr("Motion platforms come in a later version of the HUB. This page shows no live controls."), this));
+    m_webPanel = new QPushButton(tr("Web panel"), this);
+    m_webPanel->setToolTip(tr("Run tests and settings from a phone's browser."));
+    header()->addAction(m_webPanel);
+    connect(m_webPanel, &QPushButton::clicked, this, &MotionPanelPage::webPanelRequested);
+    // Never disabled: Release is allowed at any time and stops every test at once.
+    m_release = new QPushButton(tr("Release"), this);
+    m_release->setProperty("variant", QStringLiteral("danger"));
+    m_release->setToolTip(tr("Stops every test at once and switches the motors off. Auto home to resume."));
+    m_release->setMinimumWidth(140);
+    header()->addAction(m_release);
+    connect(m_release, &QPushButton::clicked, this, &MotionPanelPage::releaseRequested);
 
-    auto *row = new QHBoxLayout;
-    row->setSpacing(kGap);
-    auto *platform = new hub::Card(tr("Platform"), this);
-    auto *tiles = new QHBoxLayout;
-    tiles->setSpacing(8);
-    m_dofTile = new hub::StatTile(tr("Degrees of freedom"), platform);
-    m_actuatorsTile = new hub::StatTile(tr("Actuators"), platform);
-    tiles->addWidget(m_dofTile);
-    tiles->addWidget(m_actuatorsTile);
-    platform->body()->addLayout(tiles);
-    m_axes = new QLabel(platform);
-    m_axes->setObjectName(QStringLiteral("mutedText"));
-    m_axes->setWordWrap(true);
-    platform->body()->addWidget(m_axes);
-    platform->body()->addStretch(1);
+    m_error = new hub::Notice(hub::Glyph::Info, QString(), this);
+    m_error->setTone(hub::Tone::Danger);
+    m_error->hide();
+    content()->addWidget(m_error);
 
-    auto *controller = new hub::Card(tr("Motion controller"), this);
-    m_controller =
-        new hub::EmptyState(hub::Glyph::Motion, tr("Not available yet"),
-                            tr("Connecting the USB motion controller, testing the actuators and the "
-                               "phone web panel come with motion platform support."),
-                            controller);
-    controller->body()->addWidget(m_controller);
-    row->addWidget(platform, 1);
-    row->addWidget(controller, 1);
-    content()->addLayout(row);
+    auto *top = new QHBoxLayout;
+    top->setSpacing(kGap);
+    m_connection = new MotionConnectionCard(this);
+    m_actuators = new MotionActuatorsCard(this);
+    top->addWidget(m_connection, 1);
+    top->addWidget(m_actuators, 1);
+    content()->addLayout(top);
+
+    m_tests = new MotionTestCard(limits, this);
+    content()->addWidget(m_tests);
+
+    auto *bottom = new QHBoxLayout;
+    bottom->setSpacing(kGap);
+    m_settings = new MotionSettingsCard(this);
+    auto *logCard = new hub::Card(tr("Controller log"), this);
+    m_log = new hub::LogView(logCard);
+    m_log->setMaximumBlockCount(kLogLines);
+    m_log->setMinimumHeight(160);
+    logCard->body()->addWidget(m_log);
+    bottom->addWidget(m_settings, 1);
+    bottom->addWidget(logCard, 2);
+    content()->addLayout(bottom);
     content()->addStretch(1);
-    setPlatform(2);
+    setPlatform(5);
 }
 
 void MotionPanelPage::setPlatform(int degreesOfFreedom)
 {
     m_dof = degreesOfFreedom;
     header()->setTitle(tr("%1DOF motion platform").arg(degreesOfFreedom));
-    header()->setSubtitle(tr("What this platform will do once motion support arrives."));
-    m_dofTile->setValue(QString::number(degreesOfFreedom));
-    m_actuatorsTile->setValue(QString::number(degreesOfFreedom));
-    switch (degreesOfFreedom) {
-    case 2:
-        m_axes->setText(tr("Moves the seat in pitch and roll."));
-        break;
-    case 3:
-        m_axes->setText(tr("Moves the seat in pitch, roll and heave."));
-        break;
-    default:
-        m_axes->setText(tr("Moves the seat in pitch, roll, heave, surge and sway."));
-        break;
-    }
+    header()->setSubtitle(tr("Connect the motion controller, home the platform, then test it."));
+}
+
+void MotionPanelPage::showError(const QString &message)
+{
+    m_error->setText(message);
+    m_error->setVisible(!message.isEmpty());
+}
+
+QString MotionPanelPage::error() const
+{
+    return m_error->isHidden() ? QString() : m_error->text();
+}
+
+void MotionPanelPage::appendLog(const QString &line)
+{
+    m_log->appendLine(line);
 }
 
 } // namespace tavrix
