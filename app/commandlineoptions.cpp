@@ -1,5 +1,7 @@
 #include "commandlineoptions.h"
 
+#include "motionwebpanel.h"
+
 #include <QCommandLineParser>
 #include <QRegularExpression>
 
@@ -100,6 +102,24 @@ QString parseMotionOutput(const QCommandLineParser &parser, CommandLineOptions &
     return {};
 }
 
+// --web-panel starts the phone's motion page at its usual port; --web-panel-port picks another
+// first port (and implies --web-panel).
+QString parseWebPanel(const QCommandLineParser &parser, CommandLineOptions &options)
+{
+    const QString portOption = QStringLiteral("web-panel-port");
+    if (parser.isSet(portOption)) {
+        const QString text = parser.value(portOption);
+        bool ok = false;
+        const uint port = text.trimmed().toUInt(&ok);
+        if (!ok || port == 0 || port > 65535)
+            return QStringLiteral("--web-panel-port: \"%1\" is not a port (1 to 65535)").arg(text);
+        options.webPanelPort = quint16(port);
+    } else if (parser.isSet(QStringLiteral("web-panel"))) {
+        options.webPanelPort = MotionWebPanel::kDefaultPort;
+    }
+    return {};
+}
+
 QString parseBaudRate(const QCommandLineParser &parser, CommandLineOptions &options)
 {
     const QString baud = QStringLiteral("baud");
@@ -152,10 +172,14 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
                                            QStringLiteral("address"));
     const QCommandLineOption motionOutput(QStringLiteral("motion-output"), QString(),
                                           QStringLiteral("host:port"));
+    const QCommandLineOption webPanel(QStringLiteral("web-panel"), QString());
+    const QCommandLineOption webPanelPort(QStringLiteral("web-panel-port"), QString(),
+                                          QStringLiteral("port"));
     const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
     const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
     parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, receiver,
-                       vehicle, remotePort, remoteAddress, motionOutput, elrsList, elrsSet});
+                       vehicle, remotePort, remoteAddress, motionOutput, webPanel, webPanelPort, elrsList,
+                       elrsSet});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
@@ -186,6 +210,8 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     if (const QString error = parseRemoteOptions(parser, options); !error.isEmpty())
         return error;
     if (const QString error = parseMotionOutput(parser, options); !error.isEmpty())
+        return error;
+    if (const QString error = parseWebPanel(parser, options); !error.isEmpty())
         return error;
     options.action =
         parser.isSet(headless) ? CommandLineOptions::Action::Headless : CommandLineOptions::Action::Window;
@@ -301,6 +327,10 @@ QString commandLineHelp()
         "                         Stream the car's motion as DiRT Rally telemetry to motion\n"
         "                         software (SimHub, FlyPT Mover, SimTools) at this address for\n"
         "                         this run, such as 127.0.0.1:20777. The saved setting is kept.\n"
+        "  --web-panel            Start the motion platforms' web panel for phones on this\n"
+        "                         network (first free port of 8090-8099; its address is logged).\n"
+        "  --web-panel-port <port>\n"
+        "                         Start it on the first free port of <port> and the nine after.\n"
         "\n"
         "Headless options:\n"
         "  --transmitter <port>   The transmitter's serial port (default: the port remembered in\n"

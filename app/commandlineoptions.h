@@ -73,6 +73,8 @@ struct CommandLineOptions
     // saved motion output settings decide).
     QString motionOutputHost;
     quint16 motionOutputPort = 0;
+    // The motion web panel's first port to try; 0: the panel is not started.
+    quint16 webPanelPort = 0;
 };
 
 struct CommandLineParse

@@ -160,6 +160,7 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
     serviceOptions.remoteAddress = options.remoteAddress;
     serviceOptions.motionOutputHost = options.motionOutputHost;
     serviceOptions.motionOutputPort = options.motionOutputPort;
+    serviceOptions.webPanelPort = options.webPanelPort;
     HubServices services(std::move(serviceOptions));
     if (options.vehicle) {
         QString error;

@@ -15,6 +15,7 @@ namespace tavrix {
 class DeviceChangeNotifier;
 class LostDeviceReopener;
 class MotionTelemetrySender;
+class MotionWebPanel;
 class ProfileManager;
 class SerialPortDirectory;
 class TavrixController;
@@ -22,9 +23,9 @@ class WebSocketServer;
 
 // Owns the hub's long-lived services for one run: the profile store, the game-controller
 // backend with its hot-plug news, the transmission controller and the reopening of lost
-// controllers, the mobile app's remote server, the motion telemetry output and the motion platforms'
-// controller. The main window and the headless runner both present one HubServices; neither owns a service
-// directly, so the two modes run exactly the same code.
+// controllers, the mobile app's remote server, the motion telemetry output, the motion platforms'
+// controller and its web panel. The main window and the headless runner both present one HubServices; neither
+// owns a service directly, so the two modes run exactly the same code.
 class HubServices : public QObject
 {
     Q_OBJECT
@@ -52,6 +53,9 @@ public:
         QString motionOutputHost;
         quint16 motionOutputPort = 0;
         MotionSystemController::Timings motionSystemTimings;
+        // The motion web panel starts on the first free port from here; 0 (the default)
+        // leaves it stopped until someone asks for it.
+        quint16 webPanelPort = 0;
     };
 
     explicit HubServices(Options options, QObject *parent = nullptr);
@@ -68,11 +72,14 @@ public:
     [[nodiscard]] MotionTelemetrySender *motionOutput() const { return m_motionOutput; }
     // The motion platforms' controller board.
     [[nodiscard]] MotionSystemController *motionSystem() const { return m_motionSystem; }
+    // The phone's page for the motion platforms; stopped unless started.
+    [[nodiscard]] MotionWebPanel *webPanel() const { return m_webPanel; }
     // Why the requested input source could not be used (empty when it could).
     [[nodiscard]] QString inputProblem() const { return m_inputProblem; }
 
 private:
     void createMotionOutput(const Options &options);
+    void startWebPanel(quint16 firstPort);
 
     // Declared first so it is destroyed last: the controller's devices read through it.
     std::unique_ptr<InputBackend> m_inputBackend;
@@ -84,6 +91,7 @@ private:
     WebSocketServer *m_remote = nullptr;
     MotionTelemetrySender *m_motionOutput = nullptr;
     MotionSystemController *m_motionSystem = nullptr;
+    MotionWebPanel *m_webPanel = nullptr;
 };
 
 } // namespace tavrix

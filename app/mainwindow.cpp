@@ -15,6 +15,8 @@
 #include "motionoutputbinder.h"
 #include "motionoutputdialog.h"
 #include "motionpanelpage.h"
+#include "motionwebdialog.h"
+#include "motionwebdialogbinder.h"
 #include "pagestack.h"
 #include "radiocalibrationbinder.h"
 #include "radiocalibrationdialog.h"
@@ -43,6 +45,7 @@ namespace {
 const QString kRemoteStatusDialog = QStringLiteral("web-status");
 const QString kTransmissionDialog = QStringLiteral("transmission");
 const QString kMotionOutputDialog = QStringLiteral("motion-output");
+const QString kMotionWebDialog = QStringLiteral("motion-web");
 const QString kWheelFfbDialog = QStringLiteral("ffb");
 const QString kLedDialog = QStringLiteral("led");
 const QString kRadioCalibrationDialog = QStringLiteral("radio-cal");
@@ -204,6 +207,14 @@ void MainWindow::bindPages()
     });
     connect(m_car, &CarPage::motionOutputRequested, this, [this] { openDialog(kMotionOutputDialog); });
 
+    // Opening the dialog starts nothing: the panel listens only when asked to (startPanel).
+    auto *motionWeb = new MotionWebDialogBinder(m_services->webPanel(), this);
+    m_dialogs.add(kMotionWebDialog, [motionWeb](QWidget *parent) {
+        auto *dialog = new MotionWebDialog(parent);
+        motionWeb->bindDialog(dialog);
+        return dialog;
+    });
+
     m_dialogs.add(kWheelFfbDialog, [controller](QWidget *parent) {
         auto *dialog = new WheelFfbDialog(parent);
         new WheelFfbDialogBinder(dialog, controller);
@@ -223,7 +234,8 @@ void MainWindow::bindPages()
     });
     ReceiverCard *receiver = m_car->receiverCard();
     connect(receiver, &ReceiverCard::ledRequested, this, [this] { openDialog(kLedDialog); });
-    connect(receiver, &ReceiverCard::calibrationRequested, this, [this] { openDialog(kRadioCalibrationDialog); });
+    connect(receiver, &ReceiverCard::calibrationRequested, this,
+            [this] { openDialog(kRadioCalibrationDialog); });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)
