@@ -62,6 +62,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
             fail("a path that is not the start of the target");
         checkParameters(*request);
         (void)request->isSameOrigin();
+        (void)request->isHostAnAddress();
     }
     const Reply reply{int(size % 600), QByteArrayLiteral("text/plain"), buffer.toByteArray()};
     const QByteArray bytes = reply.toBytes();

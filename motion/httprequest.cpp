@@ -1,5 +1,6 @@
 #include "httprequest.h"
 
+#include <QHostAddress>
 #include <QString>
 #include <QUrl>
 
@@ -101,6 +102,16 @@ bool Request::isSameOrigin() const
     const QString authority =
         url.port() < 0 ? url.host() : QStringLiteral("%1:%2").arg(url.host()).arg(url.port());
     return authority.compare(QString::fromLatin1(host), Qt::CaseInsensitive) == 0;
+}
+
+bool Request::isHostAnAddress() const
+{
+    if (host.isEmpty())
+        return true;
+    const QUrl url(QStringLiteral("http://") + QString::fromLatin1(host), QUrl::StrictMode);
+    const QString name = url.host();
+    return url.isValid() && (name.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0 ||
+                             !QHostAddress(name).isNull());
 }
 
 std::optional<Request> parseRequest(QByteArrayView head)

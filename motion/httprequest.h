@@ -37,6 +37,10 @@ struct Request
     [[nodiscard]] std::optional<int> integer(QByteArrayView name) const;
     // The Origin header names this same host and port (a page the panel served itself).
     [[nodiscard]] bool isSameOrigin() const;
+    // The Host header names the server by an IP address or "localhost" (or is absent), as the
+    // panel's own URL does. A name would let another site rebind it to this machine and pass
+    // as the panel's own page.
+    [[nodiscard]] bool isHostAnAddress() const;
 };
 
 // The request in a complete head (up to and including "\r\n\r\n"); nothing when the request

@@ -127,7 +127,7 @@ void MotionWebPanel::serve(QTcpSocket *socket)
     http::Reply reply;
     if (!request)
         reply = http::Reply::text(http::kBadRequest, QStringLiteral("bad request"));
-    else if (request->method == "POST" && !request->isSameOrigin())
+    else if (request->method == "POST" && (!request->isSameOrigin() || !request->isHostAnAddress()))
         // Another site's page in the phone's browser must not move the seat.
         reply = http::Reply::text(http::kForbidden, QStringLiteral("forbidden"));
     else

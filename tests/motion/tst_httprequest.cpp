@@ -79,6 +79,27 @@ private slots:
         QCOMPARE(request->isSameOrigin(), sameOrigin);
     }
 
+    void tellsAddressesFromNames_data()
+    {
+        QTest::addColumn<QByteArray>("host");
+        QTest::addColumn<bool>("address");
+        QTest::newRow("IPv4 and port") << QByteArray("192.168.1.20:8090") << true;
+        QTest::newRow("IPv6") << QByteArray("[::1]:8090") << true;
+        QTest::newRow("localhost") << QByteArray("LocalHost:8090") << true;
+        QTest::newRow("a name") << QByteArray("evil.example:8090") << false;
+        QTest::newRow("a name that looks numeric") << QByteArray("192.168.1.20.nip.io:8090") << false;
+    }
+
+    void tellsAddressesFromNames()
+    {
+        QFETCH(QByteArray, host);
+        QFETCH(bool, address);
+        const std::optional<Request> request =
+            parseRequest("POST /home HTTP/1.1\r\nHost: " + host + "\r\n\r\n");
+        QVERIFY(request);
+        QCOMPARE(request->isHostAnAddress(), address);
+    }
+
     void headEndsAtTheBlankLine()
     {
         QCOMPARE(headLength("GET / HTTP/1.1\r\nHost: x\r\n"), -1);

@@ -200,6 +200,8 @@ private slots:
         row("unknown method", Setup::Ready, "DELETE /cfg HTTP/1.1", 404, "not found", "");
         row("post from another site", Setup::Ready, "POST /home HTTP/1.1", 403, "forbidden", "", 60,
             "Origin: http://evil.example\r\n");
+        row("post through another site's name", Setup::Ready, "POST /home HTTP/1.1", 403, "forbidden", "", 60,
+            "Host: evil.example:%PORT%\r\nOrigin: http://evil.example:%PORT%\r\n");
         row("post from the panel's page", Setup::Ready, "POST /move?axis=0&mm=20 HTTP/1.1", 200,
             "ax0 -> 20mm", "M", 60, "Origin: http://127.0.0.1:%PORT%\r\n");
     }
@@ -223,7 +225,7 @@ private slots:
 
         extraHeaders.replace("%PORT%", QByteArray::number(rig.panel.port()));
         const QByteArray reply =
-            exchange(rig.panel.port(), requestLine + "\r\n" + rig.hostHeader() + extraHeaders + "\r\n");
+            exchange(rig.panel.port(), requestLine + "\r\n" + extraHeaders + rig.hostHeader() + "\r\n");
         QCOMPARE(statusOf(reply), status);
         QCOMPARE(QString::fromUtf8(bodyOf(reply)), body);
         if (setup != Setup::Disconnected) {
