@@ -1,6 +1,7 @@
 #include "commandlineoptions.h"
 
 #include "updateaddress.h"
+#include "motionwebpanel.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>
@@ -138,6 +139,24 @@ QString parseMotionPlatform(const QCommandLineParser &parser, CommandLineOptions
     return {};
 }
 
+// --web-panel starts the phone's motion page at its usual port; --web-panel-port picks another
+// first port (and implies --web-panel).
+QString parseWebPanel(const QCommandLineParser &parser, CommandLineOptions &options)
+{
+    const QString portOption = QStringLiteral("web-panel-port");
+    if (parser.isSet(portOption)) {
+        const QString text = parser.value(portOption);
+        bool ok = false;
+        const uint port = text.trimmed().toUInt(&ok);
+        if (!ok || port == 0 || port > 65535)
+            return QStringLiteral("--web-panel-port: \"%1\" is not a port (1 to 65535)").arg(text);
+        options.webPanelPort = quint16(port);
+    } else if (parser.isSet(QStringLiteral("web-panel"))) {
+        options.webPanelPort = MotionWebPanel::kDefaultPort;
+    }
+    return {};
+}
+
 QString parseBaudRate(const QCommandLineParser &parser, CommandLineOptions &options)
 {
     const QString baud = QStringLiteral("baud");
@@ -194,11 +213,14 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     const QCommandLineOption motion(QStringLiteral("motion"), QString(), QStringLiteral("port"));
     const QCommandLineOption motionPlatform(QStringLiteral("motion-platform"), QString(),
                                             QStringLiteral("dof"));
+    const QCommandLineOption webPanel(QStringLiteral("web-panel"), QString());
+    const QCommandLineOption webPanelPort(QStringLiteral("web-panel-port"), QString(),
+                                          QStringLiteral("port"));
     const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
     const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
     parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, receiver,
                        vehicle, remotePort, remoteAddress, motionOutput, updateUrl, motion, motionPlatform,
-                       elrsList, elrsSet});
+                       webPanel, webPanelPort, elrsList, elrsSet});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
@@ -231,6 +253,8 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     if (const QString error = parseMotionOutput(parser, options); !error.isEmpty())
         return error;
     if (const QString error = parseUpdateUrl(parser, options); !error.isEmpty())
+        return error;
+    if (const QString error = parseWebPanel(parser, options); !error.isEmpty())
         return error;
     options.action =
         parser.isSet(headless) ? CommandLineOptions::Action::Headless : CommandLineOptions::Action::Window;
@@ -356,6 +380,10 @@ QString commandLineHelp()
         "                         one chosen).\n"
         "  --update-url <url>     Read the firmware update manifest from this http(s) address for\n"
         "                         this run instead of the saved one.\n"
+        "  --web-panel            Start the motion platforms' web panel for phones on this\n"
+        "                         network (first free port of 8090-8099; its address is logged).\n"
+        "  --web-panel-port <port>\n"
+        "                         Start it on the first free port of <port> and the nine after.\n"
         "\n"
         "Headless options:\n"
         "  --transmitter <port>   The transmitter's serial port (default: the port remembered in\n"

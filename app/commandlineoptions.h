@@ -80,6 +80,8 @@ struct CommandLineOptions
     QString motionPort;
     // 2, 3 or 5 (degrees of freedom); unset: the platform chosen last time.
     std::optional<int> motionPlatform;
+    // The motion web panel's first port to try; 0: the panel is not started.
+    quint16 webPanelPort = 0;
 };
 
 struct CommandLineParse

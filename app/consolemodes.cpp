@@ -163,6 +163,7 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
     serviceOptions.motionOutputHost = options.motionOutputHost;
     serviceOptions.motionOutputPort = options.motionOutputPort;
     serviceOptions.updateUrl = options.updateUrl;
+    serviceOptions.webPanelPort = options.webPanelPort;
     HubServices services(std::move(serviceOptions));
     if (options.vehicle) {
         QString error;

@@ -7,7 +7,9 @@
 #include "inputbackendfactory.h"
 #include "lostdevicereopener.h"
 #include "motiontelemetrysender.h"
+#include "motionwebpanel.h"
 #include "profilemanager.h"
+#include "remoteaddresses.h"
 #include "remotehandlers.h"
 #include "tavrixcontroller.h"
 #include "updateaddress.h"
@@ -35,6 +37,11 @@ HubServices::HubServices(Options options, QObject *parent)
     // The motion board's port list is the transmitter's (the same serial ports, or the
     // same pseudo-terminals in a demo or a test).
     m_motionSystem = new MotionSystemController(options.ports, options.motionSystemTimings, this);
+    MotionWebPanel::Options webOptions;
+    webOptions.urlHost = [] { return remoteaddresses::webPanelHost(remoteaddresses::lanInterfaces()); };
+    m_webPanel = new MotionWebPanel(m_motionSystem, std::move(webOptions), this);
+    if (options.webPanelPort != 0)
+        startWebPanel(options.webPanelPort);
 
     m_profiles = options.dataDirectory.isEmpty() ? new ProfileManager(this)
                                                  : new ProfileManager(options.dataDirectory, this);
@@ -90,8 +97,21 @@ void HubServices::createMotionOutput(const Options &options)
         m_motionOutput->streamForThisRun(options.motionOutputHost, options.motionOutputPort);
 }
 
+void HubServices::startWebPanel(quint16 firstPort)
+{
+    if (m_webPanel->start(firstPort))
+        qInfo().noquote() << tr("Web panel started at %1").arg(m_webPanel->url());
+    else
+        qWarning().noquote() << tr("Web panel failed to start (ports %1-%2 all in use)")
+                                    .arg(firstPort)
+                                    .arg(firstPort + MotionWebPanel::kPortAttempts - 1);
+}
+
 HubServices::~HubServices()
 {
+    // No phone reaches the motion controller once the hub is going.
+    delete m_webPanel;
+    m_webPanel = nullptr;
     // A platform must not keep moving, or hold its motors on, once the hub is gone: Release
     // goes out while the port is still open, and the port writes it out as it closes.
     if (m_motionSystem->isConnected())

@@ -17,6 +17,7 @@ class DeviceChangeNotifier;
 class FirmwareUpdateService;
 class LostDeviceReopener;
 class MotionTelemetrySender;
+class MotionWebPanel;
 class ProfileManager;
 class SerialPortDirectory;
 class TavrixController;
@@ -24,9 +25,9 @@ class WebSocketServer;
 
 // Owns the hub's long-lived services for one run: the profile store, the game-controller
 // backend with its hot-plug news, the transmission controller and the reopening of lost
-// controllers, the mobile app's remote server, the motion telemetry output and the motion platforms'
-// controller. The main window and the headless runner both present one HubServices; neither owns a service
-// directly, so the two modes run exactly the same code.
+// controllers, the mobile app's remote server, the motion telemetry output, the motion platforms'
+// controller and its web panel. The main window and the headless runner both present one HubServices; neither
+// owns a service directly, so the two modes run exactly the same code.
 class HubServices : public QObject
 {
     Q_OBJECT
@@ -56,6 +57,9 @@ public:
         MotionSystemController::Timings motionSystemTimings;
         // The firmware update manifest's address; empty: the saved one.
         QUrl updateUrl;
+        // The motion web panel starts on the first free port from here; 0 (the default)
+        // leaves it stopped until someone asks for it.
+        quint16 webPanelPort = 0;
     };
 
     explicit HubServices(Options options, QObject *parent = nullptr);
@@ -74,12 +78,15 @@ public:
     [[nodiscard]] MotionSystemController *motionSystem() const { return m_motionSystem; }
     // Checks for and installs firmware of the receiver and the transmitter.
     [[nodiscard]] FirmwareUpdateService *firmwareUpdates() const { return m_firmwareUpdates; }
+    // The phone's page for the motion platforms; stopped unless started.
+    [[nodiscard]] MotionWebPanel *webPanel() const { return m_webPanel; }
     // Why the requested input source could not be used (empty when it could).
     [[nodiscard]] QString inputProblem() const { return m_inputProblem; }
 
 private:
     void createMotionOutput(const Options &options);
     void createFirmwareUpdates(const Options &options);
+    void startWebPanel(quint16 firstPort);
 
     // Declared first so it is destroyed last: the controller's devices read through it.
     std::unique_ptr<InputBackend> m_inputBackend;
@@ -92,6 +99,7 @@ private:
     MotionTelemetrySender *m_motionOutput = nullptr;
     MotionSystemController *m_motionSystem = nullptr;
     FirmwareUpdateService *m_firmwareUpdates = nullptr;
+    MotionWebPanel *m_webPanel = nullptr;
 };
 
 } // namespace tavrix

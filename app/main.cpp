@@ -88,7 +88,8 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
         serviceOptions.remoteAddress = options.remoteAddress;
         serviceOptions.motionOutputHost = options.motionOutputHost;
         serviceOptions.motionOutputPort = options.motionOutputPort;
-    serviceOptions.updateUrl = options.updateUrl;
+        serviceOptions.updateUrl = options.updateUrl;
+        serviceOptions.webPanelPort = options.webPanelPort;
         services.emplace(std::move(serviceOptions));
         std::unique_ptr<tavrix::SessionStarter> demoStarter;
         if (demo) {

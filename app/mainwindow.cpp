@@ -18,6 +18,8 @@
 #include "motionoutputdialog.h"
 #include "motionpanelbinder.h"
 #include "motionpanelpage.h"
+#include "motionwebdialog.h"
+#include "motionwebdialogbinder.h"
 #include "pagestack.h"
 #include "radiocalibrationbinder.h"
 #include "radiocalibrationdialog.h"
@@ -47,6 +49,7 @@ namespace {
 const QString kRemoteStatusDialog = QStringLiteral("web-status");
 const QString kTransmissionDialog = QStringLiteral("transmission");
 const QString kMotionOutputDialog = QStringLiteral("motion-output");
+const QString kMotionWebDialog = QStringLiteral("motion-web");
 const QString kWheelFfbDialog = QStringLiteral("ffb");
 const QString kLedDialog = QStringLiteral("led");
 const QString kRadioCalibrationDialog = QStringLiteral("radio-cal");
@@ -205,6 +208,14 @@ void MainWindow::bindPages()
     });
     connect(m_car, &CarPage::motionOutputRequested, this, [this] { openDialog(kMotionOutputDialog); });
 
+    // Opening the dialog starts nothing: the panel listens only when asked to (startPanel).
+    auto *motionWeb = new MotionWebDialogBinder(m_services->webPanel(), this);
+    m_dialogs.add(kMotionWebDialog, [motionWeb](QWidget *parent) {
+        auto *dialog = new MotionWebDialog(parent);
+        motionWeb->bindDialog(dialog);
+        return dialog;
+    });
+
     m_dialogs.add(kWheelFfbDialog, [controller](QWidget *parent) {
         auto *dialog = new WheelFfbDialog(parent);
         new WheelFfbDialogBinder(dialog, controller);
@@ -224,6 +235,12 @@ void MainWindow::bindPages()
     });
     auto *motion =
         new MotionPanelBinder(m_motionPanel, m_motionChooser, m_services->motionSystem(), controller, this);
+    // The page's button starts the phone panel (once) and shows where a phone finds it.
+    connect(m_motionPanel, &MotionPanelPage::webPanelRequested, this, [this, motionWeb] {
+        motionWeb->startPanel();
+        openDialog(kMotionWebDialog);
+    });
+    connect(motionWeb, &MotionWebDialogBinder::logLine, motion, &MotionPanelBinder::appendLog);
     connect(m_motionChooser, &MotionChooserPage::platformChosen, this, [this, motion](int dof) {
         if (motion->choosePlatform(dof))
             showPage(QStringLiteral("motion-panel"));

@@ -34,6 +34,10 @@ public:
     // a test runs on another one.
     bool choosePlatform(int degreesOfFreedom);
 
+public slots:
+    // A line for the page's log, with the time it was written.
+    void appendLog(const QString &line);
+
 private:
     void bindTests();
     void bindSettings();
@@ -43,7 +47,6 @@ private:
     void onStatusLine(const QString &line);
     void onTestFinished();
     void release();
-    void appendLog(const QString &line);
 
     MotionPanelPage *m_page;
     MotionChooserPage *m_chooser;

@@ -5,6 +5,8 @@
 #include <QNetworkInterface>
 #include <QUrl>
 
+#include <algorithm>
+
 namespace tavrix::remoteaddresses {
 
 namespace {
@@ -27,23 +29,51 @@ bool isWildcard(const QHostAddress &address)
 
 } // namespace
 
-QStringList machineIpv4Addresses()
+QList<LanInterface> lanInterfaces()
 {
-    QStringList addresses;
+    QList<LanInterface> result;
     const auto interfaces = QNetworkInterface::allInterfaces();
     for (const QNetworkInterface &interface : interfaces) {
         const auto flags = interface.flags();
         if (!flags.testFlag(QNetworkInterface::IsUp) || !flags.testFlag(QNetworkInterface::IsRunning) ||
             flags.testFlag(QNetworkInterface::IsLoopBack))
             continue;
+        LanInterface lan{interface.humanReadableName(), {}};
         const auto entries = interface.addressEntries();
         for (const QNetworkAddressEntry &entry : entries) {
             const QHostAddress ip = entry.ip();
             if (ip.protocol() == QAbstractSocket::IPv4Protocol && !ip.isLoopback())
-                addresses.append(ip.toString());
+                lan.ipv4.append(ip.toString());
         }
+        result.append(lan);
     }
+    return result;
+}
+
+QStringList machineIpv4Addresses()
+{
+    QStringList addresses;
+    for (const LanInterface &lan : lanInterfaces())
+        addresses += lan.ipv4;
     return addresses;
+}
+
+QString webPanelHost(const QList<LanInterface> &interfaces)
+{
+    // Tunnels and virtual switches: up and running, but no phone on the WiFi is behind them.
+    static const QStringList kUnreachable{
+        QStringLiteral("tailscale"), QStringLiteral("openvpn"), QStringLiteral("vethernet"),
+        QStringLiteral("wsl"),       QStringLiteral("hyper-v"), QStringLiteral("virtualbox"),
+        QStringLiteral("vmware"),
+    };
+    for (const LanInterface &lan : interfaces) {
+        const bool unreachable =
+            std::any_of(kUnreachable.cbegin(), kUnreachable.cend(),
+                        [&lan](const QString &part) { return lan.name.contains(part, Qt::CaseInsensitive); });
+        if (!unreachable && !lan.ipv4.isEmpty())
+            return lan.ipv4.constFirst();
+    }
+    return QStringLiteral("127.0.0.1");
 }
 
 QStringList appUrls(const QHostAddress &listen, quint16 port, bool nameAnswered,

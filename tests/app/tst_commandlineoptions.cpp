@@ -87,6 +87,25 @@ private slots:
         QCOMPARE(parsed.options.motionPlatform, std::optional<int>(3));
     }
 
+    void webPanelPort_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("port");
+        QTest::newRow("not asked: not started") << words("--headless") << 0;
+        QTest::newRow("the usual ports") << words("--headless --web-panel") << 8090;
+        QTest::newRow("another first port") << words("--web-panel-port 9100") << 9100;
+        QTest::newRow("the port wins") << words("--web-panel --web-panel-port 9100") << 9100;
+    }
+
+    void webPanelPort()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, port);
+        const CommandLineParse parsed = parseCommandLine(arguments);
+        QVERIFY2(parsed.isValid(), qPrintable(parsed.error));
+        QCOMPARE(int(parsed.options.webPanelPort), port);
+    }
+
     void devicesByIndexAndName_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -159,6 +178,8 @@ private slots:
         row("remote address not one", "--remote-address phone", "is not an IP address");
         row("motion output without port", "--motion-output 127.0.0.1", "is not IP:PORT");
         row("motion output to port 0", "--headless --motion-output 127.0.0.1:0", "is not IP:PORT");
+        row("web panel port 0", "--web-panel-port 0", "is not a port");
+        row("web panel port not a number", "--headless --web-panel-port http", "is not a port");
         row("motion output to a name", "--motion-output rig:20777", "is not IP:PORT");
         row("update address not web", "--update-url file:///tmp/manifest.json", "--update-url");
         row("update address relative", "--headless --update-url manifest.json", "--update-url");

@@ -48,6 +48,8 @@ using namespace tavrix;
 using namespace tavrix::testing;
 using namespace Qt::StringLiterals;
 
+Q_DECLARE_METATYPE(tavrix::remoteaddresses::LanInterface)
+
 namespace {
 
 // A mobile app on this machine, connected once the server accepted it.
@@ -533,6 +535,38 @@ private slots:
         QFETCH(QString, peer);
         QFETCH(QString, readable);
         QCOMPARE(remoteaddresses::readablePeer(peer), readable);
+    }
+
+    // The web panel's address is one a phone on the WiFi can reach.
+    void webPanelHostSkipsTunnelsAndVirtualNetworks_data()
+    {
+        using Lan = remoteaddresses::LanInterface;
+        QTest::addColumn<QList<Lan>>("interfaces");
+        QTest::addColumn<QString>("host");
+        const Lan wifi{u"wlan0"_s, {u"192.168.1.20"_s, u"192.168.1.21"_s}};
+        QTest::newRow("the first address of the first")
+            << QList<Lan>{wifi, {u"eth0"_s, {u"10.0.0.5"_s}}} << u"192.168.1.20"_s;
+        QTest::newRow("tunnels and virtual switches skipped, any case")
+            << QList<Lan>{{u"tailscale0"_s, {u"100.64.0.1"_s}},
+                          {u"OpenVPN TAP"_s, {u"10.8.0.2"_s}},
+                          {u"vEthernet (Default Switch)"_s, {u"172.20.0.1"_s}},
+                          {u"vEthernet (WSL)"_s, {u"172.21.0.1"_s}},
+                          {u"Hyper-V Virtual Ethernet"_s, {u"172.22.0.1"_s}},
+                          {u"VirtualBox Host-Only Network"_s, {u"192.168.56.1"_s}},
+                          {u"VMware Network Adapter VMnet8"_s, {u"192.168.80.1"_s}},
+                          wifi}
+            << u"192.168.1.20"_s;
+        QTest::newRow("one without IPv4 passed over")
+            << QList<Lan>{{u"eth0"_s, {}}, wifi} << u"192.168.1.20"_s;
+        QTest::newRow("nothing reachable")
+            << QList<Lan>{{u"tailscale0"_s, {u"100.64.0.1"_s}}} << u"127.0.0.1"_s;
+    }
+
+    void webPanelHostSkipsTunnelsAndVirtualNetworks()
+    {
+        QFETCH(QList<remoteaddresses::LanInterface>, interfaces);
+        QFETCH(QString, host);
+        QCOMPARE(remoteaddresses::webPanelHost(interfaces), host);
     }
 };
 

@@ -66,7 +66,8 @@ private slots:
             QStringLiteral("dark-dlg-ffb.png"),           QStringLiteral("dark-dlg-motion-output.png"),
             QStringLiteral("dark-dlg-web-status.png"),    QStringLiteral("dark-dlg-msgbox.png"),
             QStringLiteral("dark-dlg-led.png"),           QStringLiteral("dark-dlg-radio-cal.png"),
-            QStringLiteral("dark-dlg-fw-receiver-v4.png")};
+            QStringLiteral("dark-dlg-fw-receiver-v4.png"),
+            QStringLiteral("dark-dlg-motion-web.png")};
         for (const char *page :
              {"dashboard", "vehicles", "rc-car", "rc-heli", "motion-chooser", "motion-panel", "info"})
             expected.append(QStringLiteral("dark-%1.png").arg(QLatin1String(page)));
