@@ -45,6 +45,9 @@ constexpr double kExponentMin = 0.1;
 constexpr double kExponentMax = 10.0;
 // The deceleration step divides by 14 R + 85: keep R where the fall takes 0.9 to 11 s.
 constexpr double kDecelRateMax = 100.0;
+// A ramp longer than two minutes would feel like a broken throttle.
+constexpr double kSoftStartSecondsMax = 120.0;
+constexpr int kCurveCount = 3;
 
 const std::array<Field, 9> kAxisFields{{
     {"inverted"_L1, Kind::Bool},
@@ -74,6 +77,15 @@ const std::array<Field, 15> kDriveFields{{
     {keys::kReverseEnabled, Kind::Bool},
     {keys::kReverseButtonIndex, Kind::Int, -1.0, double(InputDevice::kUnifiedIndexEnd - 1)},
     {keys::kReverseMaxPercent, Kind::Int, 0.0, kPercentMax},
+}};
+
+// Only the desktop edits these: the remote app's message leaves them out.
+const std::array<Field, 5> kDesktopDriveFields{{
+    {keys::kSoftStartEnabled, Kind::Bool},
+    {keys::kSoftStartDurationSec, Kind::Int, 0.0, kSoftStartSecondsMax},
+    {keys::kSoftStartFloorPercent, Kind::Int, 0.0, kPercentMax},
+    {keys::kStuckThrottleDetectionEnabled, Kind::Bool},
+    {keys::kThrottleSpikeRejectionEnabled, Kind::Bool},
 }};
 
 const std::array<QLatin1String, 4> kAxisNames{keys::kSteeringAxis, keys::kThrottleAxis, keys::kBrakeAxis,
@@ -163,9 +175,52 @@ std::optional<QJsonObject> AxisSettingsJson::merged(QJsonObject stored, const QJ
         const QLatin1String name = kAxisNames[std::size_t(index)];
         stored.insert(name, axisFromRemote(stored.value(name).toObject(), element));
     }
-    takeFields(kDriveFields, stored, request);
     if (request.value(kEscModeName).isString())
         stored.insert(keys::kEscMode, int(escModeFromName(request.value(kEscModeName).toString())));
+    return mergedDrive(std::move(stored), request);
+}
+
+std::optional<QJsonObject> AxisSettingsJson::edited(QJsonObject stored, const QJsonObject &changes)
+{
+    for (QLatin1String name : kAxisNames) {
+        if (!changes.value(name).isObject())
+            continue;
+        const QJsonObject change = changes.value(name).toObject();
+        QJsonObject axis = stored.value(name).toObject();
+        takeFields(kAxisFields, axis, change);
+        const QJsonValue curve = change.value(kCurve);
+        if (curve.isDouble() && curve.toInt() >= 0 && curve.toInt() < kCurveCount)
+            axis.insert(kCurve, curve.toInt());
+        stored.insert(name, axis);
+    }
+    takeFields(kDesktopDriveFields, stored, changes);
+    if (changes.value(keys::kEscMode).isDouble())
+        stored.insert(keys::kEscMode, int(escModeFromStored(changes.value(keys::kEscMode).toInt())));
+    return mergedDrive(std::move(stored), changes);
+}
+
+AxisSettingsJson::Range AxisSettingsJson::range(QLatin1String key)
+{
+    const auto find = [key](const auto &fields) -> const Field * {
+        const auto it =
+            std::find_if(fields.begin(), fields.end(), [key](const Field &f) { return f.key == key; });
+        return it == fields.end() ? nullptr : &*it;
+    };
+    const Field *field = find(kAxisFields);
+    if (!field)
+        field = find(kDriveFields);
+    if (!field)
+        field = find(kDesktopDriveFields);
+    if (key == keys::kGearThrottleLimitPercent)
+        return {0.0, kPercentMax};
+    if (!field || field->kind == Kind::Bool || field->kind == Kind::Text)
+        return {};
+    return {field->min, field->max};
+}
+
+std::optional<QJsonObject> AxisSettingsJson::mergedDrive(QJsonObject stored, const QJsonObject &request)
+{
+    takeFields(kDriveFields, stored, request);
 
     const QJsonArray limits = request.value(keys::kGearThrottleLimitPercent).toArray();
     if (!limits.isEmpty()) {

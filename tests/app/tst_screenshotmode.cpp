@@ -65,7 +65,9 @@ private slots:
             QStringLiteral("dark-sidebar-collapsed.png"), QStringLiteral("dark-dlg-transmission.png"),
             QStringLiteral("dark-dlg-ffb.png"),           QStringLiteral("dark-dlg-motion-output.png"),
             QStringLiteral("dark-dlg-web-status.png"),    QStringLiteral("dark-dlg-msgbox.png"),
-            QStringLiteral("dark-dlg-led.png"),           QStringLiteral("dark-dlg-radio-cal.png")};
+            QStringLiteral("dark-dlg-led.png"),           QStringLiteral("dark-dlg-radio-cal.png"),
+            QStringLiteral("dark-dlg-axis.png"),          QStringLiteral("dark-dlg-drive.png"),
+            QStringLiteral("dark-dlg-pedal-verify.png")};
         for (const char *page :
              {"dashboard", "vehicles", "rc-car", "rc-heli", "motion-chooser", "motion-panel", "info"})
             expected.append(QStringLiteral("dark-%1.png").arg(QLatin1String(page)));
