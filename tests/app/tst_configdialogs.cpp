@@ -3,16 +3,20 @@
 #include "axispreset.h"
 #include "axissettingsdialog.h"
 #include "axissettingsdialogbinder.h"
+#include "carpage.h"
 #include "drivesettingsdialog.h"
 #include "drivesettingsdialogbinder.h"
 #include "hubrig.h"
+#include "inputdevice.h"
 #include "notice.h"
 #include "pedalverifydialog.h"
 #include "pedalverifydialogbinder.h"
 #include "profiletestfiles.h"
+#include "savedaxismapping.h"
 
 #include <QCheckBox>
 #include <QDoubleSpinBox>
+#include <QPushButton>
 #include <QSpinBox>
 
 #include <functional>
@@ -136,6 +140,136 @@ private slots:
         QVERIFY(!dialogs.axis.notice()->isVisible() && dialogs.drive.notice()->text().isEmpty());
         // Nothing else moved: the edit was the one setting.
         QCOMPARE(rig.controller()->settings().axes.steering.maxOutput, before.axes.steering.maxOutput);
+    }
+
+    void calibrationPointTakesTheControlsPosition_data()
+    {
+        QTest::addColumn<int>("input");
+        QTest::addColumn<double>("position"); // steering -1..+1, a pedal's travel 0..1
+        QTest::addColumn<int>("point");
+        QTest::addColumn<QString>("storedPath");
+        QTest::addColumn<Applied>("applied");
+        using Point = AxisEditor::CalibrationPoint;
+        QTest::newRow("steering minimum")
+            << 0 << -0.8 << int(Point::Minimum) << u"Steering/inputMin"_s
+            << Applied([](const ProfileSettings &s) { return double(s.axes.steering.inputMin); });
+        QTest::newRow("steering centre") << 0 << 0.1 << int(Point::Center) << u"Steering/inputCenter"_s
+                                         << Applied([](const ProfileSettings &s) {
+                                                return double(s.drive.steeringCalibration.inputCenter);
+                                            });
+        QTest::newRow("throttle ceiling")
+            << 1 << 0.9 << int(Point::Maximum) << u"Throttle/inputMax"_s
+            << Applied([](const ProfileSettings &s) { return double(s.axes.throttle.inputMax); });
+        QTest::newRow("brake floor") << 2 << 0.2 << int(Point::Minimum) << u"Brake/inputMin"_s
+                                     << Applied([](const ProfileSettings &s) {
+                                            return double(s.axes.brake.inputMin);
+                                        });
+    }
+
+    void calibrationPointTakesTheControlsPosition()
+    {
+        QFETCH(int, input);
+        QFETCH(double, position);
+        QFETCH(int, point);
+        QFETCH(QString, storedPath);
+        QFETCH(Applied, applied);
+        HubRig rig;
+        rig.plugCarControllers();
+        TavrixController *controller = rig.controller();
+        QVERIFY(controller->connectDevice(DeviceRole::WheelBase, rig.firstDevice));
+        QVERIFY(controller->connectDevice(DeviceRole::Pedals, rig.secondDevice));
+        Dialogs dialogs(controller);
+        const InputDevice *source =
+            controller->devices()->device(input == 0 ? DeviceRole::WheelBase : DeviceRole::Pedals);
+        // The device reports a pedal -1 released to +1 pressed, its own 2% deadzone included.
+        const double expected = input == 0 ? position : 2.0 * (0.02 + 0.98 * position) - 1.0;
+        if (input == 0)
+            rig.backend->setAxis(rig.firstDevice, ControllerRig::kSteeringSlot, rawForDeviceValue(position));
+        else
+            rig.setPedals(input == 1 ? position : 0.0, input == 2 ? position : 0.0);
+        QTRY_VERIFY(qAbs(source->logicalValue(input) - expected) < 0.01);
+
+        dialogs.axis.editor(input)->captureButton(AxisEditor::CalibrationPoint(point))->click();
+
+        const float taken = source->logicalValue(input);
+        QCOMPARE(float(storedValue(rig.services->profiles(), storedPath)), taken);
+        QCOMPARE(float(applied(controller->settings())), taken);
+        QCOMPARE(dialogs.axis.editor(input)->calibrationBox()->isChecked(), true);
+    }
+
+    void presetChoiceMapsTheDeviceAndIsSavedForTheProduct_data()
+    {
+        QTest::addColumn<Edit>("edit");
+        QTest::addColumn<int>("device");
+        QTest::addColumn<QString>("preset");
+        QTest::addColumn<bool>("combined");
+        using Device = AxisSettingsDialog::MappedDevice;
+        const auto choose = [](Device device, const QString &name) {
+            return Edit([device, name](Dialogs &d) {
+                QComboBox *box = d.axis.presetBox(device);
+                pick(box, box->findText(name));
+            });
+        };
+        QTest::newRow("wheel base preset") << choose(Device::WheelBase, presets::thrustmaster)
+                                           << int(Device::WheelBase) << presets::thrustmaster << false;
+        QTest::newRow("combined preset") << choose(Device::Pedals, presets::logitechPs) << int(Device::Pedals)
+                                         << presets::logitechPs << true;
+        QTest::newRow("combined over the detected preset")
+            << Edit([](Dialogs &d) { d.axis.combinedBox(Device::Pedals)->click(); }) << int(Device::Pedals)
+            << presets::generic << true;
+    }
+
+    void presetChoiceMapsTheDeviceAndIsSavedForTheProduct()
+    {
+        QFETCH(Edit, edit);
+        QFETCH(int, device);
+        QFETCH(QString, preset);
+        QFETCH(bool, combined);
+        HubRig rig;
+        rig.plugCarControllers();
+        TavrixController *controller = rig.controller();
+        QVERIFY(controller->connectDevice(DeviceRole::WheelBase, rig.firstDevice));
+        QVERIFY(controller->connectDevice(DeviceRole::Pedals, rig.secondDevice));
+        Dialogs dialogs(controller);
+        dialogs.axis.show();
+        const DeviceRole role = device == 0 ? DeviceRole::WheelBase : DeviceRole::Pedals;
+        AxisPreset expected = presetByName(preset);
+        expected.combinedPedals = combined;
+
+        edit(dialogs);
+
+        QCOMPARE(controller->devices()->device(role)->preset(), expected);
+        const AxisMappingRecord saved =
+            AxisMappingRecord::fromConnection(rig.services->profiles()->deviceConnection(role));
+        QVERIFY(saved.hasCustomAxisMapping);
+        QCOMPARE(saved.axisMapping, expected);
+    }
+
+    void configureTopicsOpenTheirDialogs_data()
+    {
+        QTest::addColumn<int>("topic");
+        QTest::addColumn<bool>("verifyPedals");
+        QTest::addColumn<QString>("dialogClass");
+        QTest::newRow("axes") << 0 << false << u"tavrix::AxisSettingsDialog"_s;
+        QTest::newRow("drive") << 1 << false << u"tavrix::DriveSettingsDialog"_s;
+        QTest::newRow("pedals from the axes") << 0 << true << u"tavrix::PedalVerifyDialog"_s;
+    }
+
+    void configureTopicsOpenTheirDialogs()
+    {
+        QFETCH(int, topic);
+        QFETCH(bool, verifyPedals);
+        QFETCH(QString, dialogClass);
+        HubRig rig;
+        auto *car = rig.showPage<CarPage>(u"rc-car"_s);
+        QVERIFY(car);
+        car->configureButtons().at(topic)->click();
+        if (verifyPedals)
+            rig.window->findChild<AxisSettingsDialog *>()->verifyPedalsButton()->click();
+        const QList<QDialog *> open = rig.window->findChildren<QDialog *>();
+        QVERIFY(std::any_of(open.begin(), open.end(), [&](QDialog *dialog) {
+            return dialog->isVisible() && QLatin1String(dialog->metaObject()->className()) == dialogClass;
+        }));
     }
 
     void refusedEditShowsTheStoresMessageAndKeepsTheFile_data()
