@@ -103,8 +103,8 @@ AxisSettingsDialogBinder::AxisSettingsDialogBinder(AxisSettingsDialog *dialog, T
 
 AxisEditor::Limits AxisSettingsDialogBinder::limits()
 {
-    const AxisSettingsJson::Range deadzone = AxisSettingsJson::range(QLatin1String("deadzone"));
-    const AxisSettingsJson::Range exponent = AxisSettingsJson::range(QLatin1String("curveExponent"));
+    const AxisSettingsJson::Range deadzone = AxisSettingsJson::range(keys::kDeadzone);
+    const AxisSettingsJson::Range exponent = AxisSettingsJson::range(keys::kCurveExponent);
     return {deadzone.max, exponent.min, exponent.max};
 }
 

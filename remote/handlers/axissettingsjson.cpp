@@ -50,15 +50,15 @@ constexpr double kSoftStartSecondsMax = 120.0;
 constexpr int kCurveCount = 3;
 
 const std::array<Field, 9> kAxisFields{{
-    {"inverted"_L1, Kind::Bool},
-    {"deadzone"_L1, Kind::Number, 0.0, kDeadzoneMax},
-    {"minOutput"_L1, Kind::Number, 0.0, 1.0},
-    {"maxOutput"_L1, Kind::Number, 0.0, 1.0},
-    {"curveExponent"_L1, Kind::Number, kExponentMin, kExponentMax},
-    {"useCalibration"_L1, Kind::Bool},
-    {"inputMin"_L1, Kind::Number, -1.0, 1.0},
-    {"inputMax"_L1, Kind::Number, -1.0, 1.0},
-    {"inputCenter"_L1, Kind::Number, -1.0, 1.0},
+    {keys::kInverted, Kind::Bool},
+    {keys::kDeadzone, Kind::Number, 0.0, kDeadzoneMax},
+    {keys::kMinOutput, Kind::Number, 0.0, 1.0},
+    {keys::kMaxOutput, Kind::Number, 0.0, 1.0},
+    {keys::kCurveExponent, Kind::Number, kExponentMin, kExponentMax},
+    {keys::kUseCalibration, Kind::Bool},
+    {keys::kInputMin, Kind::Number, -1.0, 1.0},
+    {keys::kInputMax, Kind::Number, -1.0, 1.0},
+    {keys::kInputCenter, Kind::Number, -1.0, 1.0},
 }};
 
 const std::array<Field, 15> kDriveFields{{
@@ -93,7 +93,6 @@ const std::array<QLatin1String, 4> kAxisNames{keys::kSteeringAxis, keys::kThrott
 // By curve number (AxisCurve).
 const std::array<QLatin1String, 3> kCurveNames{"linear"_L1, "exponential"_L1, "logarithmic"_L1};
 const auto kAxes = "axes"_L1;
-const auto kCurve = "curve"_L1;
 const auto kEscModeName = keys::kEscMode;
 
 // A value of the field's kind, clamped; an undefined value when the request's is unusable.
@@ -129,8 +128,8 @@ QJsonObject axisToRemote(const QJsonObject &axis)
     QJsonObject remote{{keys::kName, axis.value(keys::kName)}};
     for (const Field &field : kAxisFields)
         remote.insert(field.key, axis.value(field.key));
-    const int curve = axis.value(kCurve).toInt();
-    remote.insert(kCurve,
+    const int curve = axis.value(keys::kCurve).toInt();
+    remote.insert(keys::kCurve,
                   curve >= 0 && curve < int(kCurveNames.size()) ? kCurveNames[curve] : kCurveNames[0]);
     return remote;
 }
@@ -138,9 +137,10 @@ QJsonObject axisToRemote(const QJsonObject &axis)
 QJsonObject axisFromRemote(QJsonObject axis, const QJsonObject &request)
 {
     takeFields(kAxisFields, axis, request);
-    const auto curve = std::find(kCurveNames.begin(), kCurveNames.end(), request.value(kCurve).toString());
+    const auto curve =
+        std::find(kCurveNames.begin(), kCurveNames.end(), request.value(keys::kCurve).toString());
     if (curve != kCurveNames.end())
-        axis.insert(kCurve, int(curve - kCurveNames.begin()));
+        axis.insert(keys::kCurve, int(curve - kCurveNames.begin()));
     return axis;
 }
 
@@ -188,9 +188,9 @@ std::optional<QJsonObject> AxisSettingsJson::edited(QJsonObject stored, const QJ
         const QJsonObject change = changes.value(name).toObject();
         QJsonObject axis = stored.value(name).toObject();
         takeFields(kAxisFields, axis, change);
-        const QJsonValue curve = change.value(kCurve);
+        const QJsonValue curve = change.value(keys::kCurve);
         if (curve.isDouble() && curve.toInt() >= 0 && curve.toInt() < kCurveCount)
-            axis.insert(kCurve, curve.toInt());
+            axis.insert(keys::kCurve, curve.toInt());
         stored.insert(name, axis);
     }
     takeFields(kDesktopDriveFields, stored, changes);
