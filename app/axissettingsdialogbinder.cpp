@@ -157,6 +157,10 @@ void AxisSettingsDialogBinder::showMappings()
 
 void AxisSettingsDialogBinder::showLive()
 {
+    // Processed by the settings the controller applies, as the transmit loop does.
+    const DriveAxes &applied = m_controller->settings().axes;
+    const std::array<const AxisSettings *, AxisSettingsDialog::kInputCount> axes{
+        &applied.steering, &applied.throttle, &applied.brake, &applied.clutch};
     for (int input = 0; input < AxisSettingsDialog::kInputCount; ++input) {
         AxisEditor *editor = m_dialog->editor(input);
         const InputDevice *device = sourceOf(input);
@@ -165,7 +169,7 @@ void AxisSettingsDialogBinder::showLive()
             continue;
         }
         const float raw = device->logicalValue(input);
-        editor->showLive(raw, stored(input).apply(raw, isBipolar(input)));
+        editor->showLive(raw, axes[std::size_t(input)]->apply(raw, isBipolar(input)));
     }
 }
 
