@@ -1,10 +1,15 @@
 #include "mainwindow.h"
 
+#include "axispreset.h"
+#include "axissettingsdialog.h"
+#include "axissettingsdialogbinder.h"
 #include "carpage.h"
 #include "carpagebinder.h"
 #include "dashboardbinder.h"
 #include "dashboardpage.h"
 #include "debugconsole.h"
+#include "drivesettingsdialog.h"
+#include "drivesettingsdialogbinder.h"
 #include "firmwaredialog.h"
 #include "firmwaredialogbinder.h"
 #include "helipage.h"
@@ -21,6 +26,9 @@
 #include "motionwebdialog.h"
 #include "motionwebdialogbinder.h"
 #include "pagestack.h"
+#include "pedalverification.h"
+#include "pedalverifydialog.h"
+#include "pedalverifydialogbinder.h"
 #include "radiocalibrationbinder.h"
 #include "radiocalibrationdialog.h"
 #include "receivercard.h"
@@ -54,6 +62,9 @@ const QString kWheelFfbDialog = QStringLiteral("ffb");
 const QString kLedDialog = QStringLiteral("led");
 const QString kRadioCalibrationDialog = QStringLiteral("radio-cal");
 const QString kReceiverV4FirmwareDialog = QStringLiteral("fw-receiver-v4");
+const QString kAxisDialog = QStringLiteral("axis");
+const QString kDriveDialog = QStringLiteral("drive");
+const QString kPedalVerifyDialog = QStringLiteral("pedal-verify");
 
 } // namespace
 
@@ -245,6 +256,7 @@ void MainWindow::bindPages()
         if (motion->choosePlatform(dof))
             showPage(QStringLiteral("motion-panel"));
     });
+    bindConfigurationDialogs();
 
     ReceiverCard *receiver = m_car->receiverCard();
     connect(receiver, &ReceiverCard::ledRequested, this, [this] { openDialog(kLedDialog); });
@@ -267,6 +279,31 @@ void MainWindow::bindPages()
     });
     connect(m_info, &InfoPage::firmwareUpdatesRequested, this,
             [this] { openDialog(kReceiverV4FirmwareDialog); });
+}
+
+void MainWindow::bindConfigurationDialogs()
+{
+    TavrixController *controller = m_services->controller();
+    m_dialogs.add(kAxisDialog, [this, controller](QWidget *parent) {
+        auto *dialog = new AxisSettingsDialog(AxisSettingsDialogBinder::limits(), presetNames(), parent);
+        new AxisSettingsDialogBinder(dialog, controller);
+        connect(dialog, &AxisSettingsDialog::pedalVerifyRequested, this,
+                [this] { openDialog(kPedalVerifyDialog); });
+        return dialog;
+    });
+    m_dialogs.add(kDriveDialog, [controller](QWidget *parent) {
+        auto *dialog = new DriveSettingsDialog(DriveSettingsDialogBinder::limits(), parent);
+        new DriveSettingsDialogBinder(dialog, controller->profileManager());
+        return dialog;
+    });
+    m_dialogs.add(kPedalVerifyDialog, [controller](QWidget *parent) {
+        auto *dialog = new PedalVerifyDialog(PedalVerification::kReleasedLimit,
+                                             PedalVerification::kFullyPressed, parent);
+        new PedalVerifyDialogBinder(dialog, controller);
+        return dialog;
+    });
+    connect(m_car, &CarPage::axisSettingsRequested, this, [this] { openDialog(kAxisDialog); });
+    connect(m_car, &CarPage::driveSettingsRequested, this, [this] { openDialog(kDriveDialog); });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)

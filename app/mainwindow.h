@@ -66,6 +66,8 @@ signals:
 private:
     void createPages();
     void bindPages();
+    // The axis, drive and pedal-verification dialogs, opened from the car page's Configure card.
+    void bindConfigurationDialogs();
     void openDebugConsole();
     // Refusals and faults the vehicle pages do not show because neither is in front.
     void showErrorElsewhere(const QString &error);

@@ -57,6 +57,20 @@ inline constexpr QLatin1String kSoftStartFloorPercent{"softStartFloorPercent"};
 inline constexpr QLatin1String kStuckThrottleDetectionEnabled{"stuckThrottleDetectionEnabled"};
 inline constexpr QLatin1String kThrottleSpikeRejectionEnabled{"throttleSpikeRejectionEnabled"};
 
+// One of the four axis-settings objects ("Steering", ...; its name is kName). The
+// input library's AxisSettings reads and writes the same names without this table.
+inline constexpr QLatin1String kInverted{"inverted"};
+inline constexpr QLatin1String kDeadzone{"deadzone"};
+inline constexpr QLatin1String kMinOutput{"minOutput"};
+inline constexpr QLatin1String kMaxOutput{"maxOutput"};
+inline constexpr QLatin1String kCurve{"curve"};
+inline constexpr QLatin1String kCurveExponent{"curveExponent"};
+inline constexpr QLatin1String kExpo{"expo"};
+inline constexpr QLatin1String kInputMin{"inputMin"};
+inline constexpr QLatin1String kInputMax{"inputMax"};
+inline constexpr QLatin1String kInputCenter{"inputCenter"};
+inline constexpr QLatin1String kUseCalibration{"useCalibration"};
+
 // One entry of buttonMappings (its name is kName).
 inline constexpr QLatin1String kButtonIndex{"buttonIndex"};
 inline constexpr QLatin1String kExtraButtons{"extraButtons"};

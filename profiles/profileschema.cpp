@@ -118,17 +118,17 @@ SchemaField axisSettings(QLatin1String inputName)
     name.fixed = true;
     return object(inputName, {
                                  name,
-                                 boolean("inverted"_L1, false),
-                                 number("deadzone"_L1, 0.0),
-                                 number("minOutput"_L1, 0.0),
-                                 number("maxOutput"_L1, 1.0),
-                                 integer("curve"_L1, 0),
-                                 number("curveExponent"_L1, 2.0),
-                                 number("expo"_L1, 0.0),
-                                 number("inputMin"_L1, -1.0),
-                                 number("inputMax"_L1, 1.0),
-                                 number("inputCenter"_L1, 0.0),
-                                 boolean("useCalibration"_L1, false),
+                                 boolean(keys::kInverted, false),
+                                 number(keys::kDeadzone, 0.0),
+                                 number(keys::kMinOutput, 0.0),
+                                 number(keys::kMaxOutput, 1.0),
+                                 integer(keys::kCurve, 0),
+                                 number(keys::kCurveExponent, 2.0),
+                                 number(keys::kExpo, 0.0),
+                                 number(keys::kInputMin, -1.0),
+                                 number(keys::kInputMax, 1.0),
+                                 number(keys::kInputCenter, 0.0),
+                                 boolean(keys::kUseCalibration, false),
                              });
 }
 

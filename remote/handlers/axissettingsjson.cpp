@@ -45,17 +45,20 @@ constexpr double kExponentMin = 0.1;
 constexpr double kExponentMax = 10.0;
 // The deceleration step divides by 14 R + 85: keep R where the fall takes 0.9 to 11 s.
 constexpr double kDecelRateMax = 100.0;
+// A ramp longer than two minutes would feel like a broken throttle.
+constexpr double kSoftStartSecondsMax = 120.0;
+constexpr int kCurveCount = 3;
 
 const std::array<Field, 9> kAxisFields{{
-    {"inverted"_L1, Kind::Bool},
-    {"deadzone"_L1, Kind::Number, 0.0, kDeadzoneMax},
-    {"minOutput"_L1, Kind::Number, 0.0, 1.0},
-    {"maxOutput"_L1, Kind::Number, 0.0, 1.0},
-    {"curveExponent"_L1, Kind::Number, kExponentMin, kExponentMax},
-    {"useCalibration"_L1, Kind::Bool},
-    {"inputMin"_L1, Kind::Number, -1.0, 1.0},
-    {"inputMax"_L1, Kind::Number, -1.0, 1.0},
-    {"inputCenter"_L1, Kind::Number, -1.0, 1.0},
+    {keys::kInverted, Kind::Bool},
+    {keys::kDeadzone, Kind::Number, 0.0, kDeadzoneMax},
+    {keys::kMinOutput, Kind::Number, 0.0, 1.0},
+    {keys::kMaxOutput, Kind::Number, 0.0, 1.0},
+    {keys::kCurveExponent, Kind::Number, kExponentMin, kExponentMax},
+    {keys::kUseCalibration, Kind::Bool},
+    {keys::kInputMin, Kind::Number, -1.0, 1.0},
+    {keys::kInputMax, Kind::Number, -1.0, 1.0},
+    {keys::kInputCenter, Kind::Number, -1.0, 1.0},
 }};
 
 const std::array<Field, 15> kDriveFields{{
@@ -76,12 +79,20 @@ const std::array<Field, 15> kDriveFields{{
     {keys::kReverseMaxPercent, Kind::Int, 0.0, kPercentMax},
 }};
 
+// Only the desktop edits these: the remote app's message leaves them out.
+const std::array<Field, 5> kDesktopDriveFields{{
+    {keys::kSoftStartEnabled, Kind::Bool},
+    {keys::kSoftStartDurationSec, Kind::Int, 0.0, kSoftStartSecondsMax},
+    {keys::kSoftStartFloorPercent, Kind::Int, 0.0, kPercentMax},
+    {keys::kStuckThrottleDetectionEnabled, Kind::Bool},
+    {keys::kThrottleSpikeRejectionEnabled, Kind::Bool},
+}};
+
 const std::array<QLatin1String, 4> kAxisNames{keys::kSteeringAxis, keys::kThrottleAxis, keys::kBrakeAxis,
                                               keys::kClutchAxis};
 // By curve number (AxisCurve).
 const std::array<QLatin1String, 3> kCurveNames{"linear"_L1, "exponential"_L1, "logarithmic"_L1};
 const auto kAxes = "axes"_L1;
-const auto kCurve = "curve"_L1;
 const auto kEscModeName = keys::kEscMode;
 
 // A value of the field's kind, clamped; an undefined value when the request's is unusable.
@@ -117,8 +128,8 @@ QJsonObject axisToRemote(const QJsonObject &axis)
     QJsonObject remote{{keys::kName, axis.value(keys::kName)}};
     for (const Field &field : kAxisFields)
         remote.insert(field.key, axis.value(field.key));
-    const int curve = axis.value(kCurve).toInt();
-    remote.insert(kCurve,
+    const int curve = axis.value(keys::kCurve).toInt();
+    remote.insert(keys::kCurve,
                   curve >= 0 && curve < int(kCurveNames.size()) ? kCurveNames[curve] : kCurveNames[0]);
     return remote;
 }
@@ -126,9 +137,10 @@ QJsonObject axisToRemote(const QJsonObject &axis)
 QJsonObject axisFromRemote(QJsonObject axis, const QJsonObject &request)
 {
     takeFields(kAxisFields, axis, request);
-    const auto curve = std::find(kCurveNames.begin(), kCurveNames.end(), request.value(kCurve).toString());
+    const auto curve =
+        std::find(kCurveNames.begin(), kCurveNames.end(), request.value(keys::kCurve).toString());
     if (curve != kCurveNames.end())
-        axis.insert(kCurve, int(curve - kCurveNames.begin()));
+        axis.insert(keys::kCurve, int(curve - kCurveNames.begin()));
     return axis;
 }
 
@@ -163,9 +175,52 @@ std::optional<QJsonObject> AxisSettingsJson::merged(QJsonObject stored, const QJ
         const QLatin1String name = kAxisNames[std::size_t(index)];
         stored.insert(name, axisFromRemote(stored.value(name).toObject(), element));
     }
-    takeFields(kDriveFields, stored, request);
     if (request.value(kEscModeName).isString())
         stored.insert(keys::kEscMode, int(escModeFromName(request.value(kEscModeName).toString())));
+    return mergedDrive(std::move(stored), request);
+}
+
+std::optional<QJsonObject> AxisSettingsJson::edited(QJsonObject stored, const QJsonObject &changes)
+{
+    for (QLatin1String name : kAxisNames) {
+        if (!changes.value(name).isObject())
+            continue;
+        const QJsonObject change = changes.value(name).toObject();
+        QJsonObject axis = stored.value(name).toObject();
+        takeFields(kAxisFields, axis, change);
+        const QJsonValue curve = change.value(keys::kCurve);
+        if (curve.isDouble() && curve.toInt() >= 0 && curve.toInt() < kCurveCount)
+            axis.insert(keys::kCurve, curve.toInt());
+        stored.insert(name, axis);
+    }
+    takeFields(kDesktopDriveFields, stored, changes);
+    if (changes.value(keys::kEscMode).isDouble())
+        stored.insert(keys::kEscMode, int(escModeFromStored(changes.value(keys::kEscMode).toInt())));
+    return mergedDrive(std::move(stored), changes);
+}
+
+AxisSettingsJson::Range AxisSettingsJson::range(QLatin1String key)
+{
+    const auto find = [key](const auto &fields) -> const Field * {
+        const auto it =
+            std::find_if(fields.begin(), fields.end(), [key](const Field &f) { return f.key == key; });
+        return it == fields.end() ? nullptr : &*it;
+    };
+    const Field *field = find(kAxisFields);
+    if (!field)
+        field = find(kDriveFields);
+    if (!field)
+        field = find(kDesktopDriveFields);
+    if (key == keys::kGearThrottleLimitPercent)
+        return {0.0, kPercentMax};
+    if (!field || field->kind == Kind::Bool || field->kind == Kind::Text)
+        return {};
+    return {field->min, field->max};
+}
+
+std::optional<QJsonObject> AxisSettingsJson::mergedDrive(QJsonObject stored, const QJsonObject &request)
+{
+    takeFields(kDriveFields, stored, request);
 
     const QJsonArray limits = request.value(keys::kGearThrottleLimitPercent).toArray();
     if (!limits.isEmpty()) {

@@ -55,9 +55,21 @@ QWidget *CarPage::buildConfigureCard()
     topics->setVerticalSpacing(4);
     const QStringList names = configureTopics();
     const int perColumn = int(names.size() + 1) / 2;
-    for (int i = 0; i < names.size(); ++i)
-        topics->addWidget(new QLabel(QStringLiteral("\u2022  ") + names.at(i), m_configure), i % perColumn,
-                          i / perColumn);
+    // The topics with an editor here open it; the others are named for what the profile keeps.
+    const QList<void (CarPage::*)()> editors = {&CarPage::axisSettingsRequested,
+                                                &CarPage::driveSettingsRequested};
+    for (int i = 0; i < names.size(); ++i) {
+        QWidget *topic = nullptr;
+        if (i < editors.size()) {
+            auto *button = new QPushButton(names.at(i), m_configure);
+            connect(button, &QPushButton::clicked, this, editors.at(i));
+            m_configureButtons.append(button);
+            topic = button;
+        } else {
+            topic = new QLabel(QStringLiteral("\u2022  ") + names.at(i), m_configure);
+        }
+        topics->addWidget(topic, i % perColumn, i / perColumn);
+    }
     m_configure->body()->addLayout(topics);
     m_configureText = new QLabel(m_configure);
     m_configureText->setObjectName(QStringLiteral("mutedText"));
@@ -79,7 +91,7 @@ void CarPage::setProfileName(const QString &name)
                                          : tr("The profile \u201C%1\u201D keeps these settings.").arg(name);
     m_configureText->setText(
         where + QLatin1Char(' ') +
-        tr("It drives with its saved values and defaults; the editors for them come in a later version."));
+        tr("It drives with its saved values and defaults; the topics shown as buttons open their editors."));
 }
 
 QWidget *CarPage::buildLiveInputCard()

@@ -38,6 +38,8 @@ public:
     QString configureText() const;
     QPushButton *motionOutputButton() const { return m_motionOutput; }
     QPushButton *forceFeedbackButton() const { return m_forceFeedback; }
+    // The Configure topics that open an editor, in the topics' order.
+    QList<QPushButton *> configureButtons() const { return m_configureButtons; }
 
     // The settings of a car profile the Configure card names, in its order.
     static QStringList configureTopics();
@@ -56,6 +58,8 @@ public slots:
 signals:
     void motionOutputRequested();
     void forceFeedbackRequested();
+    void axisSettingsRequested();
+    void driveSettingsRequested();
 
 private:
     QWidget *buildLiveInputCard();
@@ -68,6 +72,7 @@ private:
     QLabel *m_configureText = nullptr;
     QPushButton *m_motionOutput = nullptr;
     QPushButton *m_forceFeedback = nullptr;
+    QList<QPushButton *> m_configureButtons;
     hub::LevelBar *m_steering = nullptr;
     hub::LevelBar *m_throttle = nullptr;
     hub::LevelBar *m_brake = nullptr;

@@ -1,0 +1,133 @@
+#include "drivesettingsdialogbinder.h"
+
+#include "axissettingsjson.h"
+#include "profileedits.h"
+#include "profilekeys.h"
+#include "profilemanager.h"
+#include "profilesettings.h"
+
+#include <QJsonArray>
+
+namespace tavrix {
+
+namespace {
+
+namespace keys = profilekeys;
+
+int upperLimit(QLatin1String key)
+{
+    return int(AxisSettingsJson::range(key).max);
+}
+
+DriveSettingsDialog::Values valuesOf(const DriveSettings &s)
+{
+    DriveSettingsDialog::Values v;
+    v.escMode = DriveSettingsDialog::EscMode(int(s.escMode));
+    v.escNeutral = s.escNeutral;
+    v.escFullForward = s.escFullForward;
+    v.escFullReverse = s.escFullReverse;
+    v.softStartEnabled = s.softStartEnabled;
+    v.softStartDurationSec = s.softStartDurationSec;
+    v.softStartFloorPercent = s.softStartFloorPercent;
+    v.reverseEnabled = s.reverseEnabled;
+    v.reverseButtonIndex = s.reverseButtonIndex;
+    v.reverseMaxPercent = s.reverseMaxPercent;
+    v.gearLimitEnabled = s.gearThrottleLimitEnabled;
+    for (int gear = 0; gear < DriveSettings::kGears; ++gear)
+        v.gearLimitPercent[std::size_t(gear)] = s.gearThrottleLimitPercent[std::size_t(gear)];
+    v.pitLimiterEnabled = s.pitLimiterEnabled;
+    v.pitLimiterValue = s.pitLimiterValue;
+    v.smoothDeceleration = s.smoothDeceleration;
+    v.decelRate = s.decelRate;
+    v.spikeRejection = s.throttleSpikeRejectionEnabled;
+    v.stuckThrottleDetection = s.stuckThrottleDetectionEnabled;
+    return v;
+}
+
+QJsonObject storedShape(const DriveSettingsDialog::Values &v)
+{
+    QJsonArray gears;
+    for (int percent : v.gearLimitPercent)
+        gears.append(percent);
+    return {
+        {keys::kEscMode, int(v.escMode)},
+        {keys::kEscNeutral, v.escNeutral},
+        {keys::kEscFullForward, v.escFullForward},
+        {keys::kEscFullReverse, v.escFullReverse},
+        {keys::kSoftStartEnabled, v.softStartEnabled},
+        {keys::kSoftStartDurationSec, v.softStartDurationSec},
+        {keys::kSoftStartFloorPercent, v.softStartFloorPercent},
+        {keys::kReverseEnabled, v.reverseEnabled},
+        {keys::kReverseButtonIndex, v.reverseButtonIndex},
+        {keys::kReverseMaxPercent, v.reverseMaxPercent},
+        {keys::kGearThrottleLimitEnabled, v.gearLimitEnabled},
+        {keys::kGearThrottleLimitPercent, gears},
+        {keys::kPitLimiterEnabled, v.pitLimiterEnabled},
+        {keys::kPitLimiterValue, v.pitLimiterValue},
+        {keys::kSmoothDeceleration, v.smoothDeceleration},
+        {keys::kDecelRate, v.decelRate},
+        {keys::kThrottleSpikeRejectionEnabled, v.spikeRejection},
+        {keys::kStuckThrottleDetectionEnabled, v.stuckThrottleDetection},
+    };
+}
+
+} // namespace
+
+DriveSettingsDialogBinder::DriveSettingsDialogBinder(DriveSettingsDialog *dialog, ProfileManager *profiles)
+    : QObject(dialog)
+    , m_dialog(dialog)
+    , m_profiles(profiles)
+{
+    connect(dialog, &DriveSettingsDialog::edited, this, &DriveSettingsDialogBinder::apply);
+    connect(dialog, &DriveSettingsDialog::escPresetChosen, this, &DriveSettingsDialogBinder::applyEscPreset);
+    connect(profiles, &ProfileManager::profileModified, this, &DriveSettingsDialogBinder::showSettings);
+    connect(profiles, &ProfileManager::activeProfileChanged, this, &DriveSettingsDialogBinder::showSettings);
+    connect(profiles, &ProfileManager::escPresetsChanged, this, &DriveSettingsDialogBinder::showEscPresets);
+    showSettings();
+}
+
+DriveSettingsDialog::Limits DriveSettingsDialogBinder::limits()
+{
+    DriveSettingsDialog::Limits l;
+    l.channelMin = int(AxisSettingsJson::range(keys::kPitLimiterValue).min);
+    l.channelMax = upperLimit(keys::kPitLimiterValue);
+    l.decelRateMax = upperLimit(keys::kDecelRate);
+    l.softStartSecondsMax = upperLimit(keys::kSoftStartDurationSec);
+    l.buttonIndexMax = upperLimit(keys::kReverseButtonIndex);
+    return l;
+}
+
+void DriveSettingsDialogBinder::showSettings()
+{
+    m_dialog->showValues(valuesOf(ProfileSettings::fromProfile(m_profiles->activeProfile()).drive));
+    showEscPresets();
+}
+
+void DriveSettingsDialogBinder::showEscPresets()
+{
+    QList<DriveSettingsDialog::EscPresetEntry> entries;
+    for (const EscPreset &preset : m_profiles->escPresets()->presets())
+        entries.append({preset.id, preset.name});
+    const QString selected =
+        m_profiles->setting(keys::kAxisSettings).toObject().value(keys::kEscPresetId).toString();
+    m_dialog->showEscPresets(entries, selected);
+}
+
+void DriveSettingsDialogBinder::apply(const DriveSettingsDialog::Values &values)
+{
+    showOutcome(editAxisSettings(*m_profiles, storedShape(values)));
+}
+
+void DriveSettingsDialogBinder::applyEscPreset(const QString &presetId)
+{
+    showOutcome(storeRefusal(*m_profiles, [&] { return m_profiles->applyEscPreset(presetId); }));
+}
+
+void DriveSettingsDialogBinder::showOutcome(const QString &refusal)
+{
+    m_dialog->showError(refusal);
+    // What the store kept (clamped, or unchanged when it refused) is what the dialog shows.
+    showSettings();
+}
+
+} // namespace tavrix

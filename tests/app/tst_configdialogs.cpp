@@ -1,0 +1,347 @@
+// The axis, drive and pedal-verification dialogs bound to the real controller and the
+// profile store in a temporary folder, with virtual wheel and pedals.
+#include "axispreset.h"
+#include "axissettingsdialog.h"
+#include "axissettingsdialogbinder.h"
+#include "carpage.h"
+#include "drivesettingsdialog.h"
+#include "drivesettingsdialogbinder.h"
+#include "hubrig.h"
+#include "inputdevice.h"
+#include "notice.h"
+#include "pedalverifydialog.h"
+#include "pedalverifydialogbinder.h"
+#include "profiletestfiles.h"
+#include "savedaxismapping.h"
+
+#include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QPushButton>
+#include <QSpinBox>
+
+#include <functional>
+
+using namespace tavrix;
+using namespace tavrix::testing;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Both dialogs of one profile, bound the way the window binds them.
+struct Dialogs
+{
+    explicit Dialogs(TavrixController *controller)
+        : axis(AxisSettingsDialogBinder::limits(), presetNames())
+        , drive(DriveSettingsDialogBinder::limits())
+    {
+        new AxisSettingsDialogBinder(&axis, controller);
+        new DriveSettingsDialogBinder(&drive, controller->profileManager());
+    }
+    AxisSettingsDialog axis;
+    DriveSettingsDialog drive;
+};
+
+using Edit = std::function<void(Dialogs &)>;
+using Applied = std::function<double(const ProfileSettings &)>;
+
+QByteArray activeProfileBytes(ProfileManager *profiles)
+{
+    QFile file(profiles->profileDirectory() + u"/"_s + profiles->activeProfileId() + u".json"_s);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// A value of the saved file by its path under axisSettings ("Throttle/deadzone",
+// "gearThrottleLimitPercent/2").
+double storedValue(ProfileManager *profiles, const QString &path)
+{
+    QJsonValue value =
+        QJsonDocument::fromJson(activeProfileBytes(profiles)).object().value(keys::kAxisSettings);
+    for (const QString &step : path.split(u'/')) {
+        bool index = false;
+        const int at = step.toInt(&index);
+        value = index ? value.toArray().at(at) : value.toObject().value(step);
+    }
+    return value.isBool() ? double(value.toBool()) : value.toDouble(-12345.0);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Edit)
+Q_DECLARE_METATYPE(Applied)
+
+class TestConfigDialogs : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void editReachesTheFileAndTheController_data()
+    {
+        QTest::addColumn<Edit>("edit");
+        QTest::addColumn<QString>("storedPath");
+        QTest::addColumn<double>("expected");
+        QTest::addColumn<Applied>("applied");
+
+        QTest::newRow("spike protection off")
+            << Edit([](Dialogs &d) { d.drive.spikeRejectionBox()->click(); })
+            << u"throttleSpikeRejectionEnabled"_s << 0.0 << Applied([](const ProfileSettings &s) {
+                   return double(s.drive.throttleSpikeRejectionEnabled);
+               });
+        QTest::newRow("stuck-throttle protection off")
+            << Edit([](Dialogs &d) { d.drive.stuckThrottleBox()->click(); })
+            << u"stuckThrottleDetectionEnabled"_s << 0.0 << Applied([](const ProfileSettings &s) {
+                   return double(s.drive.stuckThrottleDetectionEnabled);
+               });
+        QTest::newRow("custom ESC mode")
+            << Edit([](Dialogs &d) { pick(d.drive.escModeBox(), 1); }) << u"escMode"_s << 2.0
+            << Applied([](const ProfileSettings &s) { return double(int(s.drive.escMode)); });
+        QTest::newRow("soft start ramp")
+            << Edit([](Dialogs &d) { d.drive.softStartSecondsBox()->setValue(12); })
+            << u"softStartDurationSec"_s << 12.0
+            << Applied([](const ProfileSettings &s) { return double(s.drive.softStartDurationSec); });
+        QTest::newRow("third gear limit")
+            << Edit([](Dialogs &d) { d.drive.gearLimitPercentBox(2)->setValue(40); })
+            << u"gearThrottleLimitPercent/2"_s << 40.0
+            << Applied([](const ProfileSettings &s) { return double(s.drive.gearThrottleLimitPercent[2]); });
+        QTest::newRow("pit limiter cap")
+            << Edit([](Dialogs &d) { d.drive.pitLimiterValueBox()->setValue(1500); }) << u"pitLimiterValue"_s
+            << 1500.0 << Applied([](const ProfileSettings &s) { return double(s.drive.pitLimiterValue); });
+        QTest::newRow("steering inverted")
+            << Edit([](Dialogs &d) { d.axis.editor(0)->invertedBox()->click(); }) << u"Steering/inverted"_s
+            << 1.0 << Applied([](const ProfileSettings &s) { return double(s.axes.steering.inverted); });
+        QTest::newRow("throttle deadzone")
+            << Edit([](Dialogs &d) { d.axis.editor(1)->deadzoneBox()->setValue(0.25); })
+            << u"Throttle/deadzone"_s << 0.25
+            << Applied([](const ProfileSettings &s) { return double(s.axes.throttle.deadzone); });
+        QTest::newRow("brake logarithmic curve")
+            << Edit([](Dialogs &d) { d.axis.editor(2)->curveBox()->setCurrentIndex(2); }) << u"Brake/curve"_s
+            << 2.0 << Applied([](const ProfileSettings &s) { return double(s.axes.brake.curve); });
+        // Only the pedal's own settings change: the steering keeps its default output range.
+        QTest::newRow("clutch output ceiling")
+            << Edit([](Dialogs &d) { d.axis.editor(3)->maxOutputBox()->setValue(0.6); })
+            << u"Clutch/maxOutput"_s << 0.6
+            << Applied([](const ProfileSettings &s) { return double(s.axes.clutch.maxOutput); });
+    }
+
+    void editReachesTheFileAndTheController()
+    {
+        QFETCH(Edit, edit);
+        QFETCH(QString, storedPath);
+        QFETCH(double, expected);
+        QFETCH(Applied, applied);
+        HubRig rig;
+        Dialogs dialogs(rig.controller());
+        const ProfileSettings before = rig.controller()->settings();
+
+        edit(dialogs);
+
+        // Stored the way the transmit loop computes: in single precision.
+        QCOMPARE(float(storedValue(rig.services->profiles(), storedPath)), float(expected));
+        QCOMPARE(float(applied(rig.controller()->settings())), float(expected));
+        QVERIFY(!dialogs.axis.notice()->isVisible() && dialogs.drive.notice()->text().isEmpty());
+        // Nothing else moved: the edit was the one setting.
+        QCOMPARE(rig.controller()->settings().axes.steering.maxOutput, before.axes.steering.maxOutput);
+    }
+
+    void calibrationPointTakesTheControlsPosition_data()
+    {
+        QTest::addColumn<int>("input");
+        QTest::addColumn<double>("position"); // steering -1..+1, a pedal's travel 0..1
+        QTest::addColumn<int>("point");
+        QTest::addColumn<QString>("storedPath");
+        QTest::addColumn<Applied>("applied");
+        using Point = AxisEditor::CalibrationPoint;
+        QTest::newRow("steering minimum")
+            << 0 << -0.8 << int(Point::Minimum) << u"Steering/inputMin"_s
+            << Applied([](const ProfileSettings &s) { return double(s.axes.steering.inputMin); });
+        QTest::newRow("steering centre") << 0 << 0.1 << int(Point::Center) << u"Steering/inputCenter"_s
+                                         << Applied([](const ProfileSettings &s) {
+                                                return double(s.drive.steeringCalibration.inputCenter);
+                                            });
+        QTest::newRow("throttle ceiling")
+            << 1 << 0.9 << int(Point::Maximum) << u"Throttle/inputMax"_s
+            << Applied([](const ProfileSettings &s) { return double(s.axes.throttle.inputMax); });
+        QTest::newRow("brake floor") << 2 << 0.2 << int(Point::Minimum) << u"Brake/inputMin"_s
+                                     << Applied([](const ProfileSettings &s) {
+                                            return double(s.axes.brake.inputMin);
+                                        });
+    }
+
+    void calibrationPointTakesTheControlsPosition()
+    {
+        QFETCH(int, input);
+        QFETCH(double, position);
+        QFETCH(int, point);
+        QFETCH(QString, storedPath);
+        QFETCH(Applied, applied);
+        HubRig rig;
+        rig.plugCarControllers();
+        TavrixController *controller = rig.controller();
+        QVERIFY(controller->connectDevice(DeviceRole::WheelBase, rig.firstDevice));
+        QVERIFY(controller->connectDevice(DeviceRole::Pedals, rig.secondDevice));
+        Dialogs dialogs(controller);
+        const InputDevice *source =
+            controller->devices()->device(input == 0 ? DeviceRole::WheelBase : DeviceRole::Pedals);
+        // The device reports a pedal -1 released to +1 pressed, its own 2% deadzone included.
+        const double expected = input == 0 ? position : 2.0 * (0.02 + 0.98 * position) - 1.0;
+        if (input == 0)
+            rig.backend->setAxis(rig.firstDevice, ControllerRig::kSteeringSlot, rawForDeviceValue(position));
+        else
+            rig.setPedals(input == 1 ? position : 0.0, input == 2 ? position : 0.0);
+        QTRY_VERIFY(qAbs(source->logicalValue(input) - expected) < 0.01);
+
+        dialogs.axis.editor(input)->captureButton(AxisEditor::CalibrationPoint(point))->click();
+
+        const float taken = source->logicalValue(input);
+        QCOMPARE(float(storedValue(rig.services->profiles(), storedPath)), taken);
+        QCOMPARE(float(applied(controller->settings())), taken);
+        QCOMPARE(dialogs.axis.editor(input)->calibrationBox()->isChecked(), true);
+    }
+
+    void presetChoiceMapsTheDeviceAndIsSavedForTheProduct_data()
+    {
+        QTest::addColumn<Edit>("edit");
+        QTest::addColumn<int>("device");
+        QTest::addColumn<QString>("preset");
+        QTest::addColumn<bool>("combined");
+        using Device = AxisSettingsDialog::MappedDevice;
+        const auto choose = [](Device device, const QString &name) {
+            return Edit([device, name](Dialogs &d) {
+                QComboBox *box = d.axis.presetBox(device);
+                pick(box, box->findText(name));
+            });
+        };
+        QTest::newRow("wheel base preset") << choose(Device::WheelBase, presets::thrustmaster)
+                                           << int(Device::WheelBase) << presets::thrustmaster << false;
+        QTest::newRow("combined preset") << choose(Device::Pedals, presets::logitechPs) << int(Device::Pedals)
+                                         << presets::logitechPs << true;
+        QTest::newRow("combined over the detected preset")
+            << Edit([](Dialogs &d) { d.axis.combinedBox(Device::Pedals)->click(); }) << int(Device::Pedals)
+            << presets::generic << true;
+    }
+
+    void presetChoiceMapsTheDeviceAndIsSavedForTheProduct()
+    {
+        QFETCH(Edit, edit);
+        QFETCH(int, device);
+        QFETCH(QString, preset);
+        QFETCH(bool, combined);
+        HubRig rig;
+        rig.plugCarControllers();
+        TavrixController *controller = rig.controller();
+        QVERIFY(controller->connectDevice(DeviceRole::WheelBase, rig.firstDevice));
+        QVERIFY(controller->connectDevice(DeviceRole::Pedals, rig.secondDevice));
+        Dialogs dialogs(controller);
+        dialogs.axis.show();
+        const DeviceRole role = device == 0 ? DeviceRole::WheelBase : DeviceRole::Pedals;
+        AxisPreset expected = presetByName(preset);
+        expected.combinedPedals = combined;
+
+        edit(dialogs);
+
+        QCOMPARE(controller->devices()->device(role)->preset(), expected);
+        const AxisMappingRecord saved =
+            AxisMappingRecord::fromConnection(rig.services->profiles()->deviceConnection(role));
+        QVERIFY(saved.hasCustomAxisMapping);
+        QCOMPARE(saved.axisMapping, expected);
+    }
+
+    void configureTopicsOpenTheirDialogs_data()
+    {
+        QTest::addColumn<int>("topic");
+        QTest::addColumn<bool>("verifyPedals");
+        QTest::addColumn<QString>("dialogClass");
+        QTest::newRow("axes") << 0 << false << u"tavrix::AxisSettingsDialog"_s;
+        QTest::newRow("drive") << 1 << false << u"tavrix::DriveSettingsDialog"_s;
+        QTest::newRow("pedals from the axes") << 0 << true << u"tavrix::PedalVerifyDialog"_s;
+    }
+
+    void configureTopicsOpenTheirDialogs()
+    {
+        QFETCH(int, topic);
+        QFETCH(bool, verifyPedals);
+        QFETCH(QString, dialogClass);
+        HubRig rig;
+        auto *car = rig.showPage<CarPage>(u"rc-car"_s);
+        QVERIFY(car);
+        car->configureButtons().at(topic)->click();
+        if (verifyPedals)
+            rig.window->findChild<AxisSettingsDialog *>()->verifyPedalsButton()->click();
+        const QList<QDialog *> open = rig.window->findChildren<QDialog *>();
+        QVERIFY(std::any_of(open.begin(), open.end(), [&](QDialog *dialog) {
+            return dialog->isVisible() && QLatin1String(dialog->metaObject()->className()) == dialogClass;
+        }));
+    }
+
+    void refusedEditShowsTheStoresMessageAndKeepsTheFile_data()
+    {
+        QTest::addColumn<bool>("axisDialog");
+        QTest::newRow("drive") << false;
+        QTest::newRow("axis") << true;
+    }
+
+    void refusedEditShowsTheStoresMessageAndKeepsTheFile()
+    {
+        QFETCH(bool, axisDialog);
+        HubRig rig;
+        ProfileManager *profiles = rig.services->profiles();
+        Dialogs dialogs(rig.controller());
+        QCheckBox *box =
+            axisDialog ? dialogs.axis.editor(0)->invertedBox() : dialogs.drive.spikeRejectionBox();
+        hub::Notice *notice = axisDialog ? dialogs.axis.notice() : dialogs.drive.notice();
+        const bool shown = box->isChecked();
+        const QByteArray file = activeProfileBytes(profiles);
+        QVERIFY(!file.isEmpty());
+        QSignalSpy refusals(profiles, &ProfileManager::errorOccurred);
+        {
+            // A profile file is several kilobytes: no write of one fits.
+            FileSizeLimit full(256);
+            QVERIFY(full.isActive());
+            box->click();
+        }
+        QCOMPARE(refusals.size(), 1);
+        QCOMPARE(notice->text(), refusals.at(0).at(0).toString());
+        QCOMPARE(activeProfileBytes(profiles), file);
+        // The dialog shows what the store kept, and so does the controller.
+        QCOMPARE(box->isChecked(), shown);
+        QCOMPARE(rig.controller()->settings().drive.throttleSpikeRejectionEnabled, true);
+        QCOMPARE(rig.controller()->settings().axes.steering.inverted, false);
+    }
+
+    void pedalsPassOnlyAfterEachWentFullAndBack_data()
+    {
+        QTest::addColumn<QList<QPointF>>("positions"); // (throttle, brake) in turn
+        QTest::addColumn<bool>("passed");
+        QTest::newRow("one after the other") << QList<QPointF>{{1, 0}, {0, 0}, {0, 1}, {0, 0}} << true;
+        QTest::newRow("both at once") << QList<QPointF>{{1, 1}, {0, 0}} << true;
+        QTest::newRow("brake never released") << QList<QPointF>{{1, 0}, {0, 0}, {0, 1}, {0, 0.3}} << false;
+        QTest::newRow("throttle rests above the start limit")
+            << QList<QPointF>{{0, 1}, {0, 0}, {1, 0}, {0.1, 0}} << false;
+        QTest::newRow("brake only to 90%") << QList<QPointF>{{1, 0}, {0, 0}, {0, 0.9}, {0, 0}} << false;
+        QTest::newRow("released before pressed counts for nothing")
+            << QList<QPointF>{{0, 0}, {0, 1}, {0, 0}} << false;
+    }
+
+    void pedalsPassOnlyAfterEachWentFullAndBack()
+    {
+        QFETCH(QList<QPointF>, positions);
+        QFETCH(bool, passed);
+        HubRig rig;
+        rig.plugCarControllers();
+        TavrixController *controller = rig.controller();
+        QVERIFY(controller->connectDevice(DeviceRole::WheelBase, rig.firstDevice));
+        QVERIFY(controller->connectDevice(DeviceRole::Pedals, rig.secondDevice));
+        PedalVerifyDialog dialog(PedalVerification::kReleasedLimit, PedalVerification::kFullyPressed);
+        auto *binder = new PedalVerifyDialogBinder(&dialog, controller);
+
+        for (const QPointF &pedals : positions) {
+            rig.setPedals(pedals.x(), pedals.y());
+            QTRY_VERIFY(qAbs(controller->throttle() - pedals.x()) < 0.01 &&
+                        qAbs(controller->brake() - pedals.y()) < 0.01);
+        }
+        QCOMPARE(binder->passed(), passed);
+        QTRY_COMPARE(dialog.showsPassed(), passed);
+    }
+};
+
+QTEST_MAIN(TestConfigDialogs)
+#include "tst_configdialogs.moc"
