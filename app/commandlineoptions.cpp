@@ -1,7 +1,7 @@
 #include "commandlineoptions.h"
 
-#include "updateaddress.h"
 #include "motionwebpanel.h"
+#include "updateaddress.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>
@@ -218,9 +218,10 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
                                           QStringLiteral("port"));
     const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
     const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
-    parser.addOptions({help, version, headless, listDevices, demo, start, transmitter, baud, receiver,
-                       vehicle, remotePort, remoteAddress, motionOutput, updateUrl, motion, motionPlatform,
-                       webPanel, webPanelPort, elrsList, elrsSet});
+    parser.addOptions({help,           version,       headless,     listDevices, demo,
+                       start,          transmitter,   baud,         receiver,    vehicle,
+                       remotePort,     remoteAddress, motionOutput, updateUrl,   motion,
+                       motionPlatform, webPanel,      webPanelPort, elrsList,    elrsSet});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
