@@ -25,15 +25,6 @@ namespace {
 
 constexpr int kWaitMs = 20000;
 
-QList<Board::Command> ofCode(const QList<Board::Command> &commands, char code)
-{
-    QList<Board::Command> result;
-    for (const Board::Command &command : commands)
-        if (command.code == code)
-            result.append(command);
-    return result;
-}
-
 // The main window on the hub's services with the board plugged in, the motion page in front.
 struct MotionPageRig
 {
@@ -109,7 +100,7 @@ private slots:
                              : test == QLatin1String("board") ? tests->boardButton()
                                                               : tests->fullSystemButton();
         start->click();
-        QTRY_VERIFY_WITH_TIMEOUT(!ofCode(rig.board.commands(), firstCommand).isEmpty(), kWaitMs);
+        QTRY_VERIFY_WITH_TIMEOUT(!Board::withCode(rig.board.commands(), firstCommand).isEmpty(), kWaitMs);
         QVERIFY(rig.motion()->isTestRunning());
         QVERIFY(!tests->patternButton()->isEnabled());
 
@@ -120,7 +111,7 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(rig.page->connectionCard()->statePill()->text(), QStringLiteral("released"),
                                   kWaitMs);
         QCOMPARE(rig.board.commands().last().code, 'R');
-        QCOMPARE(ofCode(rig.board.commands(), 'R').size(), 1);
+        QCOMPARE(Board::withCode(rig.board.commands(), 'R').size(), 1);
         if (test == QLatin1String("full"))
             QVERIFY(!tests->fullSystemStatus().isEmpty());
     }
@@ -139,7 +130,7 @@ private slots:
         QVERIFY(slider->isEnabled());
         for (int mm = 20; mm <= 80; ++mm)
             slider->setValue(mm);
-        const auto moves = [&rig] { return ofCode(rig.board.commands(), 'M'); };
+        const auto moves = [&rig] { return Board::withCode(rig.board.commands(), 'M'); };
         QTRY_VERIFY_WITH_TIMEOUT(!moves().isEmpty() && moves().last().values == (QList<int>{1, 80}), kWaitMs);
         QCOMPARE(moves().size(), 2);
         QCOMPARE(moves().first().values, (QList<int>{1, 20}));

@@ -43,15 +43,6 @@ QList<int> codes(const QList<Board::Command> &commands)
     return result;
 }
 
-QList<Board::Command> ofCode(const QList<Board::Command> &commands, char code)
-{
-    QList<Board::Command> result;
-    for (const Board::Command &command : commands)
-        if (command.code == code)
-            result.append(command);
-    return result;
-}
-
 // The board and the controller on one line.
 struct MotionRig
 {
@@ -262,7 +253,7 @@ private slots:
         QVERIFY(!rig.controller.isTestRunning());
         QVERIFY(rig.letHeartbeatsPass());
 
-        const QList<Board::Command> frames = ofCode(rig.board.commands().mid(from), '6');
+        const QList<Board::Command> frames = Board::withCode(rig.board.commands().mid(from), '6');
         QCOMPARE(frames.size(), 50);
         int largest = 0;
         for (const Board::Command &frame : frames) {
@@ -370,14 +361,14 @@ private slots:
         QCOMPARE(finished.size(), 1);
 
         const QList<Board::Command> sent = rig.board.commands().mid(from);
-        const QList<Board::Command> boardSteps = ofCode(sent, 'T');
+        const QList<Board::Command> boardSteps = Board::withCode(sent, 'T');
         QVERIFY(boardSteps.size() >= 6);
         const QList<QList<int>> firstCycle{{0, 80, 50, 8},  {1, 80, 50, 8},    {0, 30, 200, 5},
                                            {1, 30, 200, 5}, {255, 60, 100, 8}, {255, 25, 250, 5}};
         for (qsizetype i = 0; i < firstCycle.size(); ++i)
             QCOMPARE(boardSteps.at(i).values, firstCycle.at(i));
         // The pattern steps come after the board steps, the two actuators opposed.
-        const QList<Board::Command> frames = ofCode(sent, '6');
+        const QList<Board::Command> frames = Board::withCode(sent, '6');
         QVERIFY(!frames.isEmpty());
         QVERIFY(codes(sent).indexOf('6') > codes(sent).indexOf('T'));
         for (const Board::Command &frame : frames) {

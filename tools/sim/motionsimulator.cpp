@@ -319,4 +319,13 @@ void MotionSimulator::sendLine(const QString &line)
     emit lineSent(line);
 }
 
+QList<MotionSimulator::Command> MotionSimulator::withCode(const QList<Command> &commands, char code)
+{
+    QList<Command> result;
+    for (const Command &command : commands)
+        if (command.code == code)
+            result.append(command);
+    return result;
+}
+
 } // namespace tavrix::sim

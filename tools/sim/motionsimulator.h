@@ -72,6 +72,8 @@ public:
     // intensity, travel, speed, acceleration, park, as last set by "C".
     [[nodiscard]] std::array<int, 5> config() const { return m_config; }
     [[nodiscard]] QList<Command> commands() const { return m_commands; }
+    // The commands of one kind ('6', 'M', 'R', ...) among `commands`, in their order.
+    [[nodiscard]] static QList<Command> withCode(const QList<Command> &commands, char code);
     [[nodiscard]] bool boardTestRunning() const { return m_testRemainingMs > 0; }
 
     // A fault the board latches: state "FAIL" until the next "H".
