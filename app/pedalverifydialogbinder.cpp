@@ -6,6 +6,36 @@
 
 namespace tavrix {
 
+namespace {
+
+// The dialog names pedals and steps in its own terms; spelled out so that neither side can
+// be reordered under the other.
+PedalVerifyDialog::Pedal shown(PedalVerification::Pedal pedal)
+{
+    switch (pedal) {
+    case PedalVerification::Pedal::Throttle:
+        return PedalVerifyDialog::Pedal::Throttle;
+    case PedalVerification::Pedal::Brake:
+        return PedalVerifyDialog::Pedal::Brake;
+    }
+    return PedalVerifyDialog::Pedal::Throttle;
+}
+
+PedalVerifyDialog::Step shown(PedalVerification::Step step)
+{
+    switch (step) {
+    case PedalVerification::Step::PressFully:
+        return PedalVerifyDialog::Step::PressFully;
+    case PedalVerification::Step::Release:
+        return PedalVerifyDialog::Step::Release;
+    case PedalVerification::Step::Done:
+        return PedalVerifyDialog::Step::Done;
+    }
+    return PedalVerifyDialog::Step::PressFully;
+}
+
+} // namespace
+
 PedalVerifyDialogBinder::PedalVerifyDialogBinder(PedalVerifyDialog *dialog, TavrixController *controller)
     : QObject(dialog)
     , m_dialog(dialog)
@@ -42,8 +72,7 @@ void PedalVerifyDialogBinder::show()
     else
         m_dialog->showNoPedals();
     for (auto pedal : {PedalVerification::Pedal::Throttle, PedalVerification::Pedal::Brake})
-        m_dialog->showStep(PedalVerifyDialog::Pedal(int(pedal)),
-                           PedalVerifyDialog::Step(int(m_verification.step(pedal))));
+        m_dialog->showStep(shown(pedal), shown(m_verification.step(pedal)));
     m_dialog->showVerdict(m_verification.passed());
 }
 
