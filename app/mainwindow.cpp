@@ -1,51 +1,29 @@
 #include "mainwindow.h"
 
-#include "axispreset.h"
-#include "axissettingsdialog.h"
-#include "axissettingsdialogbinder.h"
 #include "carpage.h"
 #include "carpagebinder.h"
 #include "dashboardbinder.h"
 #include "dashboardpage.h"
 #include "debugconsole.h"
-#include "drivesettingsdialog.h"
-#include "drivesettingsdialogbinder.h"
-#include "firmwaredialog.h"
-#include "firmwaredialogbinder.h"
+#include "dialogwiring.h"
 #include "helipage.h"
 #include "helipagebinder.h"
 #include "hubservices.h"
 #include "infopage.h"
-#include "leddialog.h"
-#include "leddialogbinder.h"
 #include "motionchooserpage.h"
-#include "motionoutputbinder.h"
-#include "motionoutputdialog.h"
 #include "motionpanelbinder.h"
 #include "motionpanelpage.h"
 #include "motionwebdialog.h"
 #include "motionwebdialogbinder.h"
 #include "pagestack.h"
-#include "pedalverification.h"
-#include "pedalverifydialog.h"
-#include "pedalverifydialogbinder.h"
-#include "radiocalibrationbinder.h"
-#include "radiocalibrationdialog.h"
-#include "receivercard.h"
 #include "remoteserverbinder.h"
 #include "remotestatusdialog.h"
-#include "serialportdirectory.h"
 #include "shellsettings.h"
 #include "sidebar.h"
 #include "tavrixcontroller.h"
 #include "themeswitcher.h"
 #include "toast.h"
-#include "transmissiondialog.h"
-#include "transmissiondialogbinder.h"
-#include "transmittercard.h"
 #include "vehiclespage.h"
-#include "wheelffbdialog.h"
-#include "wheelffbdialogbinder.h"
 
 #include <QHBoxLayout>
 #include <QMessageBox>
@@ -55,16 +33,7 @@ using namespace tavrix;
 namespace {
 
 const QString kRemoteStatusDialog = QStringLiteral("web-status");
-const QString kTransmissionDialog = QStringLiteral("transmission");
-const QString kMotionOutputDialog = QStringLiteral("motion-output");
 const QString kMotionWebDialog = QStringLiteral("motion-web");
-const QString kWheelFfbDialog = QStringLiteral("ffb");
-const QString kLedDialog = QStringLiteral("led");
-const QString kRadioCalibrationDialog = QStringLiteral("radio-cal");
-const QString kReceiverV4FirmwareDialog = QStringLiteral("fw-receiver-v4");
-const QString kAxisDialog = QStringLiteral("axis");
-const QString kDriveDialog = QStringLiteral("drive");
-const QString kPedalVerifyDialog = QStringLiteral("pedal-verify");
 
 } // namespace
 
@@ -191,15 +160,6 @@ void MainWindow::bindPages()
     new HeliPageBinder(m_heli, controller, this);
     connect(controller, &TavrixController::errorOccurred, this, &MainWindow::showErrorElsewhere);
 
-    m_dialogs.add(kTransmissionDialog, [controller](QWidget *parent) {
-        auto *dialog = new TransmissionDialog(parent);
-        new TransmissionDialogBinder(dialog, controller, dialog);
-        return dialog;
-    });
-    for (VehiclePage *page : std::initializer_list<VehiclePage *>{m_car, m_heli})
-        connect(page->transmitterCard(), &TransmitterCard::settingsRequested, this,
-                [this] { openDialog(kTransmissionDialog); });
-
     auto *remote = new RemoteServerBinder(m_services->remoteServer(), this);
     remote->bindDashboard(m_dashboard);
     remote->bindInfoPage(m_info);
@@ -211,14 +171,18 @@ void MainWindow::bindPages()
     connect(m_dashboard, &DashboardPage::remoteDetailsRequested, this,
             [this] { openDialog(kRemoteStatusDialog); });
 
-    auto *motionOutput = new MotionOutputBinder(m_services->motionOutput(), this);
-    m_dialogs.add(kMotionOutputDialog, [motionOutput](QWidget *parent) {
-        auto *dialog = new MotionOutputDialog(parent);
-        motionOutput->bindDialog(dialog);
-        return dialog;
-    });
-    connect(m_car, &CarPage::motionOutputRequested, this, [this] { openDialog(kMotionOutputDialog); });
+    bindMotionPages();
 
+    const DialogWiring wiring{
+        *m_services, m_dialogs, this,        [this](const QString &key) { return openDialog(key); },
+        m_car,       m_heli,    m_dashboard, m_info};
+    wireVehicleDialogs(wiring);
+    wireConfigurationDialogs(wiring);
+    wireFirmwareDialogs(wiring);
+}
+
+void MainWindow::bindMotionPages()
+{
     // Opening the dialog starts nothing: the panel listens only when asked to (startPanel).
     auto *motionWeb = new MotionWebDialogBinder(m_services->webPanel(), this);
     m_dialogs.add(kMotionWebDialog, [motionWeb](QWidget *parent) {
@@ -226,26 +190,8 @@ void MainWindow::bindPages()
         motionWeb->bindDialog(dialog);
         return dialog;
     });
-
-    m_dialogs.add(kWheelFfbDialog, [controller](QWidget *parent) {
-        auto *dialog = new WheelFfbDialog(parent);
-        new WheelFfbDialogBinder(dialog, controller);
-        return dialog;
-    });
-    connect(m_car, &CarPage::forceFeedbackRequested, this, [this] { openDialog(kWheelFfbDialog); });
-
-    m_dialogs.add(kLedDialog, [controller](QWidget *parent) {
-        auto *dialog = new LedDialog(LedDialogBinder::limits(), parent);
-        new LedDialogBinder(dialog, controller);
-        return dialog;
-    });
-    m_dialogs.add(kRadioCalibrationDialog, [controller](QWidget *parent) {
-        auto *dialog = new RadioCalibrationDialog(parent);
-        new RadioCalibrationBinder(dialog, controller);
-        return dialog;
-    });
-    auto *motion =
-        new MotionPanelBinder(m_motionPanel, m_motionChooser, m_services->motionSystem(), controller, this);
+    auto *motion = new MotionPanelBinder(m_motionPanel, m_motionChooser, m_services->motionSystem(),
+                                         m_services->controller(), this);
     // The page's button starts the phone panel (once) and shows where a phone finds it.
     connect(m_motionPanel, &MotionPanelPage::webPanelRequested, this, [this, motionWeb] {
         motionWeb->startPanel();
@@ -256,54 +202,6 @@ void MainWindow::bindPages()
         if (motion->choosePlatform(dof))
             showPage(QStringLiteral("motion-panel"));
     });
-    bindConfigurationDialogs();
-
-    ReceiverCard *receiver = m_car->receiverCard();
-    connect(receiver, &ReceiverCard::ledRequested, this, [this] { openDialog(kLedDialog); });
-    connect(receiver, &ReceiverCard::calibrationRequested, this,
-            [this] { openDialog(kRadioCalibrationDialog); });
-
-    m_dialogs.add(kReceiverV4FirmwareDialog, [controller](QWidget *parent) {
-        auto *dialog =
-            new FirmwareDialog(FirmwareDialog::Row::FirmwareFile | FirmwareDialog::Row::Port, parent);
-        new ReceiverV4FirmwareBinder(
-            dialog,
-            [controller] {
-                QStringList names;
-                for (const SerialPortDescription &port : controller->portDirectory().ports())
-                    names.append(port.portName);
-                return names;
-            },
-            dialog);
-        return dialog;
-    });
-    connect(m_info, &InfoPage::firmwareUpdatesRequested, this,
-            [this] { openDialog(kReceiverV4FirmwareDialog); });
-}
-
-void MainWindow::bindConfigurationDialogs()
-{
-    TavrixController *controller = m_services->controller();
-    m_dialogs.add(kAxisDialog, [this, controller](QWidget *parent) {
-        auto *dialog = new AxisSettingsDialog(AxisSettingsDialogBinder::limits(), presetNames(), parent);
-        new AxisSettingsDialogBinder(dialog, controller);
-        connect(dialog, &AxisSettingsDialog::pedalVerifyRequested, this,
-                [this] { openDialog(kPedalVerifyDialog); });
-        return dialog;
-    });
-    m_dialogs.add(kDriveDialog, [controller](QWidget *parent) {
-        auto *dialog = new DriveSettingsDialog(DriveSettingsDialogBinder::limits(), parent);
-        new DriveSettingsDialogBinder(dialog, controller->profileManager());
-        return dialog;
-    });
-    m_dialogs.add(kPedalVerifyDialog, [controller](QWidget *parent) {
-        auto *dialog = new PedalVerifyDialog(PedalVerification::kReleasedLimit,
-                                             PedalVerification::kFullyPressed, parent);
-        new PedalVerifyDialogBinder(dialog, controller);
-        return dialog;
-    });
-    connect(m_car, &CarPage::axisSettingsRequested, this, [this] { openDialog(kAxisDialog); });
-    connect(m_car, &CarPage::driveSettingsRequested, this, [this] { openDialog(kDriveDialog); });
 }
 
 QWidget *MainWindow::openDialog(const QString &key)

@@ -66,8 +66,8 @@ signals:
 private:
     void createPages();
     void bindPages();
-    // The axis, drive and pedal-verification dialogs, opened from the car page's Configure card.
-    void bindConfigurationDialogs();
+    // The motion platform pages and the phone panel's dialog they open.
+    void bindMotionPages();
     void openDebugConsole();
     // Refusals and faults the vehicle pages do not show because neither is in front.
     void showErrorElsewhere(const QString &error);

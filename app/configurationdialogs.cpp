@@ -1,0 +1,51 @@
+#include "axispreset.h"
+#include "axissettingsdialog.h"
+#include "axissettingsdialogbinder.h"
+#include "carpage.h"
+#include "dialogregistry.h"
+#include "dialogwiring.h"
+#include "drivesettingsdialog.h"
+#include "drivesettingsdialogbinder.h"
+#include "hubservices.h"
+#include "pedalverification.h"
+#include "pedalverifydialog.h"
+#include "pedalverifydialogbinder.h"
+#include "tavrixcontroller.h"
+
+namespace tavrix {
+
+namespace {
+
+const QString kAxisDialog = QStringLiteral("axis");
+const QString kDriveDialog = QStringLiteral("drive");
+const QString kPedalVerifyDialog = QStringLiteral("pedal-verify");
+
+} // namespace
+
+void wireConfigurationDialogs(const DialogWiring &wiring)
+{
+    TavrixController *controller = wiring.services.controller();
+    const auto openPedalVerify = wiring.opener(kPedalVerifyDialog);
+    wiring.dialogs.add(kAxisDialog, [controller, openPedalVerify](QWidget *parent) {
+        auto *dialog = new AxisSettingsDialog(AxisSettingsDialogBinder::limits(), presetNames(), parent);
+        new AxisSettingsDialogBinder(dialog, controller);
+        QObject::connect(dialog, &AxisSettingsDialog::pedalVerifyRequested, dialog, openPedalVerify);
+        return dialog;
+    });
+    wiring.dialogs.add(kDriveDialog, [controller](QWidget *parent) {
+        auto *dialog = new DriveSettingsDialog(DriveSettingsDialogBinder::limits(), parent);
+        new DriveSettingsDialogBinder(dialog, controller->profileManager());
+        return dialog;
+    });
+    wiring.dialogs.add(kPedalVerifyDialog, [controller](QWidget *parent) {
+        auto *dialog = new PedalVerifyDialog(PedalVerification::kReleasedLimit,
+                                             PedalVerification::kFullyPressed, parent);
+        new PedalVerifyDialogBinder(dialog, controller);
+        return dialog;
+    });
+    QObject::connect(wiring.car, &CarPage::axisSettingsRequested, wiring.context, wiring.opener(kAxisDialog));
+    QObject::connect(wiring.car, &CarPage::driveSettingsRequested, wiring.context,
+                     wiring.opener(kDriveDialog));
+}
+
+} // namespace tavrix

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QObject;
+class QWidget;
+
+namespace tavrix {
+
+class CarPage;
+class DashboardPage;
+class DialogRegistry;
+class HeliPage;
+class HubServices;
+class InfoPage;
+
+// What one group of dialogs needs from the window to register itself: the services the
+// dialogs edit, the registry they go into, the pages whose buttons open them, and a way to
+// open a dialog by key. Each group lives in its own file (vehicle, configuration, firmware,
+// ...) so the window only lists the groups.
+struct DialogWiring
+{
+    HubServices &services;
+    DialogRegistry &dialogs;
+    // Owns the connections: the window, which outlives every page and dialog.
+    QObject *context;
+    std::function<QWidget *(const QString &key)> open;
+    CarPage *car;
+    HeliPage *heli;
+    DashboardPage *dashboard;
+    InfoPage *info;
+
+    // A slot that opens `key`, for connecting a page's button.
+    std::function<void()> opener(const QString &key) const
+    {
+        return [open = open, key] { open(key); };
+    }
+};
+
+// Transmission, force feedback, motion output, the receiver's LED strip and end points.
+void wireVehicleDialogs(const DialogWiring &wiring);
+// Axis, drive and pedal verification, opened from the car page's Configure card.
+void wireConfigurationDialogs(const DialogWiring &wiring);
+// Firmware updates, opened from the About page.
+void wireFirmwareDialogs(const DialogWiring &wiring);
+
+} // namespace tavrix
