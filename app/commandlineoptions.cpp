@@ -216,12 +216,13 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     const QCommandLineOption webPanel(QStringLiteral("web-panel"), QString());
     const QCommandLineOption webPanelPort(QStringLiteral("web-panel-port"), QString(),
                                           QStringLiteral("port"));
+    const QCommandLineOption logFile(QStringLiteral("log-file"), QString(), QStringLiteral("path"));
     const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
     const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
-    parser.addOptions({help,           version,       headless,     listDevices, demo,
-                       start,          transmitter,   baud,         receiver,    vehicle,
-                       remotePort,     remoteAddress, motionOutput, updateUrl,   motion,
-                       motionPlatform, webPanel,      webPanelPort, elrsList,    elrsSet});
+    parser.addOptions({help,         version,   headless, listDevices,    demo,       start,
+                       transmitter,  baud,      receiver, vehicle,        remotePort, remoteAddress,
+                       motionOutput, updateUrl, motion,   motionPlatform, webPanel,   webPanelPort,
+                       logFile,      elrsList,  elrsSet});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
@@ -257,6 +258,11 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
         return error;
     if (const QString error = parseWebPanel(parser, options); !error.isEmpty())
         return error;
+    if (parser.isSet(logFile)) {
+        options.logFile = parser.value(logFile).trimmed();
+        if (options.logFile.isEmpty())
+            return QStringLiteral("--log-file needs a file path");
+    }
     options.action =
         parser.isSet(headless) ? CommandLineOptions::Action::Headless : CommandLineOptions::Action::Window;
 
@@ -385,6 +391,9 @@ QString commandLineHelp()
         "                         network (first free port of 8090-8099; its address is logged).\n"
         "  --web-panel-port <port>\n"
         "                         Start it on the first free port of <port> and the nine after.\n"
+        "  --log-file <path>      Write the log to this file instead of the state folder's\n"
+        "                         orvanehub.log (~/.local/state/OrvaneLabs, rotated at 1 MiB,\n"
+        "                         five files kept).\n"
         "\n"
         "Headless options:\n"
         "  --transmitter <port>   The transmitter's serial port (default: the port remembered in\n"

@@ -82,6 +82,8 @@ struct CommandLineOptions
     std::optional<int> motionPlatform;
     // The motion web panel's first port to try; 0: the panel is not started.
     quint16 webPanelPort = 0;
+    // Where the run's log goes on disk; empty: the state folder's rotating orvanehub.log.
+    QString logFile;
 };
 
 struct CommandLineParse

@@ -2,12 +2,15 @@
 
 #include "bridgesimulator.h"
 
+#include "consoletee.h"
 #include "demorig.h"
 #include "devicereport.h"
 #include "elrssession.h"
 #include "headlessrunner.h"
 #include "hubservices.h"
 #include "inputbackendfactory.h"
+#include "logfileattachment.h"
+#include "logrouter.h"
 #include "serialportdirectory.h"
 #include "startup.h"
 #include "tavrixcontroller.h"
@@ -121,8 +124,14 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
                                       "%{if-critical}error: %{endif}%{message}"));
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
 
-    QTextStream out(stdout);
-    QTextStream err(stderr);
+    // Everything the run prints also goes to its log file, in the order it happened.
+    LogRouter::installMessageHandler();
+    LogRouter &router = *LogRouter::instance();
+    const LogFileAttachment logFile(options.logFile, router);
+    ConsoleTee outTee(stdout, QtInfoMsg, router);
+    ConsoleTee errTee(stderr, QtWarningMsg, router);
+    QTextStream out(&outTee);
+    QTextStream err(&errTee);
 
     std::unique_ptr<DemoRig> demo;
     HubServices::Options serviceOptions;

@@ -1,5 +1,7 @@
 #include "logrouter.h"
 
+#include "rotatinglogfile.h"
+
 #include <QDateTime>
 #include <QMutexLocker>
 
@@ -87,8 +89,22 @@ void LogRouter::route(QtMsgType type, const QString &message)
         m_recent.push_back(line);
         while (m_recent.size() > size_t(kHistoryLines))
             m_recent.pop_front();
+        if (m_file)
+            m_file->append(QDate::currentDate().toString(Qt::ISODate) + QLatin1Char(' ') + line);
     }
     emit messageLogged(type, line);
+}
+
+void LogRouter::writeTo(RotatingLogFile *file)
+{
+    QMutexLocker lock(&m_mutex);
+    m_file = file;
+}
+
+QString LogRouter::logFilePath() const
+{
+    QMutexLocker lock(&m_mutex);
+    return m_file ? m_file->path() : QString();
 }
 
 QStringList LogRouter::recentLines() const

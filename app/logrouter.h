@@ -8,6 +8,8 @@
 
 namespace tavrix {
 
+class RotatingLogFile;
+
 // Collects every log message of the process and hands it to the debug console. One
 // process-wide router is made on first use by instance(); the application's message handler
 // passes each message to it first and then to the handler that was installed before.
@@ -31,6 +33,12 @@ public:
     // Records one message and announces it; safe to call from any thread.
     void route(QtMsgType type, const QString &message);
 
+    // Also hands every line, dated, to `file` (null: no longer), which must outlive the
+    // attachment. The file writes on its own thread, so routing never waits on the disk.
+    void writeTo(RotatingLogFile *file);
+    // The file lines go to; empty when the log is not written to disk.
+    QString logFilePath() const;
+
     // The most recent lines, oldest first, at most kHistoryLines.
     QStringList recentLines() const;
 
@@ -43,6 +51,7 @@ signals:
 private:
     mutable QMutex m_mutex;
     std::deque<QString> m_recent;
+    RotatingLogFile *m_file = nullptr;
 };
 
 } // namespace tavrix

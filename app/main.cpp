@@ -5,6 +5,7 @@
 #include "consolemodes.h"
 #include "demorig.h"
 #include "hubservices.h"
+#include "logfileattachment.h"
 #include "logrouter.h"
 #include "mainwindow.h"
 #include "motionsystemcontroller.h"
@@ -48,6 +49,7 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
     hub::applyTheme(app, theme);
 
     tavrix::LogRouter::installMessageHandler();
+    const tavrix::LogFileAttachment logFile(options.logFile, *tavrix::LogRouter::instance());
 
     QTranslator translator;
     tavrix::installTranslation(app, translator, QLocale::system().uiLanguages());

@@ -10,6 +10,7 @@
 #include "helipagebinder.h"
 #include "hubservices.h"
 #include "infopage.h"
+#include "logrouter.h"
 #include "motionchooserpage.h"
 #include "motionpanelbinder.h"
 #include "motionpanelpage.h"
@@ -25,8 +26,11 @@
 #include "toast.h"
 #include "vehiclespage.h"
 
+#include <QDesktopServices>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QMessageBox>
+#include <QUrl>
 
 using namespace tavrix;
 
@@ -120,6 +124,7 @@ void MainWindow::createPages()
     connect(m_heli, &HeliPage::backRequested, this, goTo(QStringLiteral("vehicles")));
     connect(m_motionPanel, &MotionPanelPage::backRequested, this, goTo(QStringLiteral("motion-chooser")));
     connect(m_info, &InfoPage::debugConsoleRequested, this, &MainWindow::openDebugConsole);
+    connect(m_info, &InfoPage::logFolderRequested, this, &MainWindow::openLogFolder);
     connect(m_info, &InfoPage::reduceMotionChanged, m_sidebar, &hub::Sidebar::setReduceMotion);
 }
 
@@ -223,6 +228,17 @@ void MainWindow::showErrorElsewhere(const QString &error)
 {
     if (!m_car->isVisible() && !m_heli->isVisible())
         m_toast->showMessage(error);
+}
+
+void MainWindow::openLogFolder()
+{
+    const QString file = m_log->logFilePath();
+    if (file.isEmpty()) {
+        m_toast->showMessage(tr("The log is not written to disk in this run"));
+        return;
+    }
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(file).absolutePath())))
+        m_toast->showMessage(tr("No file manager could open %1").arg(QFileInfo(file).absolutePath()));
 }
 
 void MainWindow::openDebugConsole()

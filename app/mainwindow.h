@@ -69,6 +69,7 @@ private:
     // The motion platform pages and the phone panel's dialog they open.
     void bindMotionPages();
     void openDebugConsole();
+    void openLogFolder();
     // Refusals and faults the vehicle pages do not show because neither is in front.
     void showErrorElsewhere(const QString &error);
 

@@ -252,9 +252,11 @@ private slots:
                        env);
         QTRY_VERIFY2_WITH_TIMEOUT(receiver.out.contains("link: "), qPrintable(receiver.transcript()), 10000);
         RunningProcess hub;
+        const QString logFile = home.filePath(QStringLiteral("logs/hub.log"));
         hub.start(kHub,
                   {QStringLiteral("--headless"), QStringLiteral("--demo"), QStringLiteral("--receiver"),
-                   receiverLink, QStringLiteral("--remote-port"), QStringLiteral("0")},
+                   receiverLink, QStringLiteral("--remote-port"), QStringLiteral("0"),
+                   QStringLiteral("--log-file"), logFile},
                   env);
         QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("transmission started"), qPrintable(hub.transcript()),
                                   15000);
@@ -273,6 +275,12 @@ private slots:
         QCOMPARE(hub.process->exitStatus(), QProcess::NormalExit);
         QVERIFY2(hub.process->exitCode() == 0, qPrintable(hub.transcript()));
         QVERIFY2(hub.out.contains("transmission stopped after"), qPrintable(hub.transcript()));
+        // The run's own lines and its services' messages were kept on disk up to the last one.
+        QFile log(logFile);
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        const QByteArray kept = log.readAll();
+        for (const char *line : {"car link up", "receiver connected on", "transmission stopped after"})
+            QVERIFY2(kept.contains(line), line);
         // The demo's profiles lived in its own folder: the user's data folder was never made.
         QVERIFY(!QDir(home.filePath(QStringLiteral("data/OrvaneLabs"))).exists());
         QVERIFY(QDir(home.path()).entryList({QStringLiteral("orvanehub-demo-*")}, QDir::Dirs).isEmpty());

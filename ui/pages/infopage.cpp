@@ -88,8 +88,11 @@ QWidget *InfoPage::buildPreferencesCard()
 
     auto *console = new QPushButton(tr("Open debug console"), card);
     connect(console, &QPushButton::clicked, this, &InfoPage::debugConsoleRequested);
+    auto *logFolder = new QPushButton(tr("Open log folder"), card);
+    connect(logFolder, &QPushButton::clicked, this, &InfoPage::logFolderRequested);
     auto *consoleRow = new QHBoxLayout;
     consoleRow->addWidget(console);
+    consoleRow->addWidget(logFolder);
     consoleRow->addStretch(1);
     card->body()->addSpacing(4);
     card->body()->addLayout(consoleRow);

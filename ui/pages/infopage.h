@@ -28,6 +28,7 @@ public slots:
 signals:
     void reduceMotionChanged(bool reduce);
     void debugConsoleRequested();
+    void logFolderRequested();
     void firmwareUpdatesRequested();
 
 private:
