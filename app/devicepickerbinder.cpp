@@ -51,6 +51,10 @@ void DevicePickerBinder::refresh()
         m_card->setCurrentDevice(entry.key,
                                  device->isOpen() ? positionOf(device->instanceGuid(), m_shown) : -1);
     }
+    QList<DeviceRole> roles;
+    for (const RoleKey &entry : std::as_const(m_roles))
+        roles.append(entry.role);
+    m_card->setProblems(m_controller->devices()->problems(roles));
 }
 
 void DevicePickerBinder::choose(const QString &key, int deviceIndex)

@@ -116,6 +116,9 @@ public:
     virtual PollResult poll(RawInputState &state) = 0;
     // True when the device was acquired exclusively (DirectInput exclusive level, EVIOCGRAB).
     virtual bool isExclusive() const { return false; }
+    // Why the device, though open, may not deliver its inputs (another program holds it
+    // exclusively), as a person can act on it; empty when nothing stands in the way.
+    virtual std::string sharingProblem() const { return {}; }
 
     // Force feedback. Levels are -1..+1 (constant force) and 0..1 (spring, gain).
     virtual bool setAutocenter(double /*strength*/) { return false; }

@@ -71,6 +71,14 @@ QList<InputDeviceInfo> InputDevice::enumerateDevices(InputBackend &backend)
     return list;
 }
 
+QStringList InputDevice::unusableDevices(InputBackend &backend)
+{
+    QStringList problems;
+    for (const DeviceProblem &problem : backend.enumerate().problems)
+        problems.append(QString::fromStdString(problem.message));
+    return problems;
+}
+
 QString InputDevice::axisSlotName(int slot)
 {
     return validSlot(slot) ? QString(kSlotNames[slot]) : QString();
@@ -204,6 +212,11 @@ QString InputDevice::instanceGuidString() const
 QString InputDevice::productGuidString() const
 {
     return guidToString(m_info.productGuid);
+}
+
+QString InputDevice::sharingProblem() const
+{
+    return m_device ? QString::fromStdString(m_device->sharingProblem()) : QString();
 }
 
 bool InputDevice::isExclusive() const

@@ -40,6 +40,9 @@ public:
 
     // The attached game controllers, in the backend's order; holds no device.
     [[nodiscard]] static QList<InputDeviceInfo> enumerateDevices(InputBackend &backend);
+    // The controllers the backend sees but may not use, each with what to do about it
+    // (a missing permission and the udev rule that grants it).
+    [[nodiscard]] static QStringList unusableDevices(InputBackend &backend);
     // Axis slot names "lX", "lRx", "lRy", "lRz", "lY", "lZ", "Slider0", "Slider1"; empty outside 0..7.
     [[nodiscard]] static QString axisSlotName(int slot);
     // Slot of such a name, or -1.
@@ -68,6 +71,9 @@ public:
     bool isExclusive() const;
     // Why the last open failed (empty after a successful one).
     QString lastOpenError() const { return m_lastOpenError; }
+    // Why the open device may not deliver its inputs (another program holds it); empty when
+    // nothing stands in the way or nothing is open.
+    QString sharingProblem() const;
 
     // Normalised slot value in -1..+1; exactly -1.0 until the axis first moves beyond 0.1.
     float axis(int slot) const;

@@ -68,16 +68,33 @@ QList<InputDeviceInfo> DeviceRoleSet::availableDevices() const
     return m_backend ? InputDevice::enumerateDevices(*m_backend) : QList<InputDeviceInfo>();
 }
 
+QStringList DeviceRoleSet::problems(const QList<DeviceRole> &roles) const
+{
+    QStringList found = m_backend ? InputDevice::unusableDevices(*m_backend) : QStringList();
+    for (const DeviceRole role : roles) {
+        const QString failure = m_openFailures[size_t(slot(role))];
+        const QString sharing = device(role)->sharingProblem();
+        for (const QString &problem : {failure, sharing}) {
+            if (!problem.isEmpty() && !found.contains(problem))
+                found.append(problem);
+        }
+    }
+    return found;
+}
+
 bool DeviceRoleSet::open(DeviceRole role, int enumerationIndex)
 {
     InputDevice *d = device(role);
     if (!d->open(enumerationIndex)) {
         qWarning().noquote() << QStringLiteral("TavrixController: %1 (%2)")
                                     .arg(deviceOpenFailedMessage(role), d->lastOpenError());
+        m_openFailures[size_t(slot(role))] =
+            QStringLiteral("%1: %2").arg(deviceOpenFailedMessage(role), d->lastOpenError());
         emit errorOccurred(deviceOpenFailedMessage(role));
         updateConnected(role);
         return false;
     }
+    m_openFailures[size_t(slot(role))].clear();
     activateCentredAxes(role);
     rememberInProfile(role);
     updateConnected(role);
@@ -100,6 +117,7 @@ void DeviceRoleSet::close(DeviceRole role)
     if (device(role)->isOpen())
         emit aboutToClose(role);
     device(role)->close();
+    m_openFailures[size_t(slot(role))].clear();
     updateConnected(role);
 }
 

@@ -39,6 +39,10 @@ public:
     [[nodiscard]] InputDevice *device(DeviceRole role) const;
     [[nodiscard]] bool isConnected(DeviceRole role) const;
     [[nodiscard]] QList<InputDeviceInfo> availableDevices() const;
+    // What keeps devices of these roles from working, each as a person can act on it: game
+    // controllers that may not be opened (permissions), why the last open in a role failed,
+    // and an open device another program holds.
+    [[nodiscard]] QStringList problems(const QList<DeviceRole> &roles) const;
 
     // Opens the device at that position in the role; emits errorOccurred with the role's
     // "Failed to open ..." message when it cannot.
@@ -65,6 +69,8 @@ signals:
 
 private:
     [[nodiscard]] static int slot(DeviceRole role) { return int(role); }
+    // Why the last open in each role failed; cleared by a successful open or a close.
+    std::array<QString, kRoleCount> m_openFailures;
     void rememberInProfile(DeviceRole role);
     void updateConnected(DeviceRole role);
     void activateCentredAxes(DeviceRole role);

@@ -1,5 +1,7 @@
 #include "devicepickercard.h"
 
+#include "notice.h"
+
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -35,7 +37,18 @@ DevicePickerCard::DevicePickerCard(const QString &title, const QList<Role> &role
     m_hint->setObjectName(QStringLiteral("mutedText"));
     m_hint->setWordWrap(true);
     body()->addWidget(m_hint);
+    m_problems = new hub::Notice(hub::Glyph::Info, QString(), this);
+    m_problems->setTone(hub::Tone::Warning);
+    m_problems->hide();
+    body()->addWidget(m_problems);
     setDevices({});
+}
+
+void DevicePickerCard::setProblems(const QStringList &problems)
+{
+    m_problemLines = problems;
+    m_problems->setText(problems.join(QLatin1Char('\n')));
+    m_problems->setVisible(!problems.isEmpty());
 }
 
 void DevicePickerCard::setDevices(const QStringList &labels)

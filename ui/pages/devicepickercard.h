@@ -6,6 +6,10 @@
 #include <QHash>
 
 class QComboBox;
+
+namespace hub {
+class Notice;
+}
 class QLabel;
 
 namespace tavrix {
@@ -37,6 +41,11 @@ public:
 
     QComboBox *picker(const QString &role) const { return m_pickers.value(role); }
 
+    // What keeps controllers from working and how to fix it (permissions, a device another
+    // program holds), one per line; hidden when empty.
+    void setProblems(const QStringList &problems);
+    QStringList problems() const { return m_problemLines; }
+
 signals:
     // The user picked the device at that list position for a role; -1 means "None".
     void deviceChosen(const QString &role, int deviceIndex);
@@ -47,6 +56,8 @@ private:
     QHash<QString, QComboBox *> m_pickers;
     QStringList m_devices;
     QLabel *m_hint = nullptr;
+    hub::Notice *m_problems = nullptr;
+    QStringList m_problemLines;
 };
 
 } // namespace tavrix

@@ -7,6 +7,8 @@
 #include <cstring>
 #include <fcntl.h>
 #include <linux/input.h>
+#include <mutex>
+#include <set>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -61,7 +63,37 @@ uint16_t unsignedLevel(double level)
 // DirectInput magnitude on the X axis does.
 constexpr uint16_t kWheelAxisDirection = 0x4000;
 
+// The nodes this process holds grabbed, so a grab refused because of our own is told apart
+// from one held by another program.
+std::mutex g_grabbedMutex;
+std::multiset<std::string> g_grabbed;
+
+bool grabbedHere(const std::string &path)
+{
+    const std::lock_guard lock(g_grabbedMutex);
+    return g_grabbed.count(path) > 0;
+}
+
 } // namespace
+
+void EvdevDevice::setExclusive(bool exclusive)
+{
+    if (exclusive == m_exclusive)
+        return;
+    m_exclusive = exclusive;
+    const std::lock_guard lock(g_grabbedMutex);
+    if (exclusive)
+        g_grabbed.insert(m_path);
+    else
+        g_grabbed.erase(g_grabbed.find(m_path));
+}
+
+std::string EvdevDevice::heldElsewhereProblem(const std::string &devicePath, const std::string &name)
+{
+    return "Another program holds " + name + " (" + devicePath +
+           ") exclusively, so its inputs do not reach the HUB. Close that program (a game or a "
+           "remapping tool) and pick the device again.";
+}
 
 std::unique_ptr<EvdevDevice> EvdevDevice::open(const std::string &devicePath, const DeviceIdentity &identity,
                                                const DeviceListEntry &entry, std::string *error)
@@ -106,8 +138,18 @@ std::unique_ptr<EvdevDevice> EvdevDevice::open(const std::string &devicePath, co
 
     // Like DirectInput's exclusive level for force-feedback devices: effects from
     // another program must not fight ours, and nobody else reads the wheel meanwhile.
-    if (device->m_layout.hasForceFeedback)
-        device->m_exclusive = libevdev_grab(device->m_dev, LIBEVDEV_GRAB) == 0;
+    // Any other device is only probed: a grab taken and given back at once. A device another
+    // program has grabbed (a game, a remapping tool) sends that program every event and us
+    // none, so it is opened shared and says why it does not move; a wheel is taken over once
+    // that program lets go (reacquireExclusive). A grab we hold ourselves (the pedals role on
+    // the wheel base that is also the wheel role) is no problem: that device is read shared.
+    const int grab = libevdev_grab(device->m_dev, LIBEVDEV_GRAB);
+    if (grab == -EBUSY && !grabbedHere(devicePath))
+        device->m_sharingProblem = heldElsewhereProblem(devicePath, identity.name);
+    if (grab == 0 && !device->m_layout.hasForceFeedback)
+        libevdev_grab(device->m_dev, LIBEVDEV_UNGRAB);
+    else
+        device->setExclusive(grab == 0);
     return device;
 }
 
@@ -121,6 +163,7 @@ EvdevDevice::~EvdevDevice()
     if (m_dev) {
         if (m_exclusive && !m_lost)
             libevdev_grab(m_dev, LIBEVDEV_UNGRAB);
+        setExclusive(false);
         libevdev_free(m_dev);
     }
     if (m_fd >= 0)
@@ -327,7 +370,10 @@ void EvdevDevice::reacquireExclusive()
         return;
     if (m_exclusive)
         libevdev_grab(m_dev, LIBEVDEV_UNGRAB);
-    m_exclusive = libevdev_grab(m_dev, LIBEVDEV_GRAB) == 0;
+    setExclusive(false);
+    setExclusive(libevdev_grab(m_dev, LIBEVDEV_GRAB) == 0);
+    if (m_exclusive)
+        m_sharingProblem.clear();
 }
 
 // Linux has no per-axis actuators: a wheel that takes a constant force turns its steering

@@ -21,6 +21,8 @@ class EvdevDevice final : public BackendDevice
 public:
     // Opens the node (read-write when allowed, for force feedback) and prepares the
     // layout; nullptr with a message in *error when the node cannot be used.
+    // The refusal for a device another program has grabbed.
+    static std::string heldElsewhereProblem(const std::string &devicePath, const std::string &name);
     static std::unique_ptr<EvdevDevice> open(const std::string &devicePath, const DeviceIdentity &identity,
                                              const DeviceListEntry &entry, std::string *error);
     ~EvdevDevice() override;
@@ -31,6 +33,7 @@ public:
     const DeviceListEntry &info() const override { return m_info; }
     PollResult poll(RawInputState &state) override;
     bool isExclusive() const override { return m_exclusive; }
+    std::string sharingProblem() const override { return m_sharingProblem; }
 
     bool setAutocenter(double strength) override;
     bool setGain(double gain) override;
@@ -47,6 +50,8 @@ public:
     const std::string &devicePath() const { return m_path; }
 
 private:
+    // Keeps the process-wide record of grabbed nodes in step with m_exclusive.
+    void setExclusive(bool exclusive);
     struct Effect
     {
         int id = -1;
@@ -74,6 +79,7 @@ private:
     std::array<int32_t, ABS_CNT> m_minimum{};
     std::array<int32_t, ABS_CNT> m_maximum{};
     bool m_exclusive = false;
+    std::string m_sharingProblem;
     bool m_lost = false;
     Effect m_constant;
     Effect m_spring;

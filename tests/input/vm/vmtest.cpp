@@ -377,6 +377,12 @@ void testForceFeedback()
     check(other >= 0 && ::ioctl(other, EVIOCGRAB, 1) == -1 && errno == EBUSY, "a second grab gets EBUSY");
     if (other >= 0)
         ::close(other);
+    {
+        // The pedals role on the same wheel base: our own grab, so it is read shared, untroubled.
+        std::unique_ptr<BackendDevice> second = backend.open(index, &error);
+        check(second != nullptr && !second->isExclusive() && second->sharingProblem().empty(),
+              "a second role on our own grabbed wheel opens without a problem: " + error);
+    }
 
     size_t mark = wheel.recordCount();
     const int kWait = static_cast<int>(std::chrono::milliseconds(kPatience).count());
@@ -460,6 +466,8 @@ void testForceFeedback()
     const int reopened = waitForDevice(backend, "vm ffb wheel", nullptr, &found);
     device = backend.open(reopened, &error);
     check(device != nullptr && !device->isExclusive(), "opened shared while another program holds it");
+    check(device && device->sharingProblem().find("exclusively") != std::string::npos,
+          "and says another program holds it: " + (device ? device->sharingProblem() : std::string()));
     if (device)
         device->reacquireExclusive();
     check(device && !device->isExclusive(), "taking it back is refused while the other holds on");
@@ -467,7 +475,8 @@ void testForceFeedback()
         ::close(holder);
     if (device)
         device->reacquireExclusive();
-    check(device && device->isExclusive(), "taken back once the other program let go");
+    check(device && device->isExclusive() && device->sharingProblem().empty(),
+          "taken back once the other program let go, the problem gone");
     wheel.destroy();
     RawInputState state;
     check(device && device->poll(state) == PollResult::Lost, "a vanished wheel is lost");
