@@ -5,6 +5,8 @@
 #include "uf2image.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QPushButton>
 #include <QTest>
 #include <QTranslator>
 
@@ -66,6 +68,9 @@ private slots:
         QCOMPARE(tavrix::patternName(tavrix::kPatternHeave), QStringLiteral("Heben"));
         QCOMPARE(tavrix::Uf2Image::validate(QByteArray(3, '\0')),
                  QStringLiteral("Das Image besteht nicht aus ganzen UF2-Blöcken zu 512 Bytes (3 Bytes)."));
+        // Qt's own buttons in the dialogs come from the hub's translation as well.
+        QDialogButtonBox buttons(QDialogButtonBox::Close);
+        QCOMPARE(buttons.button(QDialogButtonBox::Close)->text(), QStringLiteral("Schließen"));
         QCoreApplication::removeTranslator(&translator);
         QCOMPARE(QCoreApplication::translate("hub::Sidebar", "Collapse"), QStringLiteral("Collapse"));
 
