@@ -1769,7 +1769,7 @@
     </message>
     <message>
         <source>Free mode: move each actuator by hand</source>
-        <translation>Freier Modus: jeden Aktuator von Hand bewegen</translation>
+        <translation>Freier Modus: Aktuatoren von Hand</translation>
     </message>
     <message>
         <source>Speed and smoothness of the moves follow the platform settings.</source>
@@ -2208,7 +2208,7 @@
     </message>
     <message>
         <source>Run board test</source>
-        <translation>Platinentest starten</translation>
+        <translation>Test starten</translation>
     </message>
     <message>
         <source>Board test</source>
@@ -2220,7 +2220,7 @@
     </message>
     <message>
         <source>Start Full System test</source>
-        <translation>Gesamtsystemtest starten</translation>
+        <translation>Gesamttest starten</translation>
     </message>
     <message>
         <source>Full System</source>
@@ -3079,7 +3079,7 @@
     </message>
     <message>
         <source>Turned off, or its port is taken by another program</source>
-        <translation>Ausgeschaltet, oder ein anderes Programm belegt seinen Port</translation>
+        <translation>Ausgeschaltet oder Port belegt</translation>
     </message>
     <message>
         <source>Port %1 on the local network</source>
