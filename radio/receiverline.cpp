@@ -9,10 +9,12 @@ namespace tavrix::receiver {
 
 namespace {
 
-QString tr(const char *text)
+// The receiver's replies are worded for the window by the manager that owns the line, so
+// they are translated in its context.
+struct ReceiverText
 {
-    return QCoreApplication::translate("ReceiverConfigManager", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(tavrix::ReceiverConfigManager)
+};
 
 // The words a text reply can start with; in a line polluted by a binary frame the text
 // is taken from the first of them.
@@ -52,15 +54,15 @@ struct MountingError
 
 constexpr std::array<MountingError, 4> kMountingErrors{{
     {{QLatin1String("not flat"), QLatin1String("not level")},
-     QT_TRANSLATE_NOOP("ReceiverConfigManager",
+     QT_TRANSLATE_NOOP("tavrix::ReceiverConfigManager",
                        "The car is not flat and still. Put it on a flat surface and try again.")},
     {{QLatin1String("nose more"), QLatin1String("tilt not detected")},
-     QT_TRANSLATE_NOOP("ReceiverConfigManager",
+     QT_TRANSLATE_NOOP("tavrix::ReceiverConfigManager",
                        "No tilt seen: lift the front more (about 30°) and try again.")},
     {{QLatin1String("step 1"), QLatin1String("flat first")},
-     QT_TRANSLATE_NOOP("ReceiverConfigManager", "Start again from step 1.")},
+     QT_TRANSLATE_NOOP("tavrix::ReceiverConfigManager", "Start again from step 1.")},
     {{QLatin1String("no imu"), QLatin1String("imu not running")},
-     QT_TRANSLATE_NOOP("ReceiverConfigManager", "The receiver's IMU is not running.")},
+     QT_TRANSLATE_NOOP("tavrix::ReceiverConfigManager", "The receiver's IMU is not running.")},
 }};
 
 } // namespace
@@ -175,22 +177,23 @@ QString mountingErrorText(const QString &reason)
     for (const MountingError &e : kMountingErrors) {
         for (const QLatin1String r : e.reasons) {
             if (reason.contains(r, Qt::CaseInsensitive))
-                return tr(e.message);
+                return ReceiverText::tr(e.message);
         }
     }
-    return tr("The receiver says: %1").arg(reason);
+    return ReceiverText::tr("The receiver says: %1").arg(reason);
 }
 
 QString gpsStatusText(const GpsStatus &status, bool gpsOn)
 {
     if (!gpsOn)
-        return tr("off on the receiver");
-    QString text = status.fix ? tr("fix, %1 satellites").arg(status.satellites)
-                              : tr("no fix yet, %1 satellites (needs open sky)").arg(status.satellites);
+        return ReceiverText::tr("off on the receiver");
+    QString text =
+        status.fix ? ReceiverText::tr("fix, %1 satellites").arg(status.satellites)
+                   : ReceiverText::tr("no fix yet, %1 satellites (needs open sky)").arg(status.satellites);
     if (status.antenna == GpsStatus::Antenna::Open)
-        text += tr(" · antenna not detected, check the GPS antenna cable");
+        text += ReceiverText::tr(" · antenna not detected, check the GPS antenna cable");
     else if (status.antenna == GpsStatus::Antenna::Short)
-        text += tr(" · antenna short circuit");
+        text += ReceiverText::tr(" · antenna short circuit");
     return text;
 }
 

@@ -2,6 +2,102 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en">
 <context>
+    <name>BlockingSerialLink</name>
+    <message>
+        <source>can&apos;t switch the parity of %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the serial port is closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>serial write timeout</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareCache</name>
+    <message>
+        <source>The download has %1 bytes, the manifest announced %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The download&apos;s SHA-256 is %1, the manifest announced %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can&apos;t create the firmware folder %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can&apos;t write %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareManifest</name>
+    <message>
+        <source>has no &quot;version&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>has no valid &quot;url&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>has no valid &quot;size&quot; (1 to %1 bytes)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>has no valid &quot;sha256&quot; (64 hex digits)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update manifest is larger than %1 bytes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update manifest is not a JSON object: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update manifest has no &quot;devices&quot; object.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is not an object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update manifest&apos;s &quot;%1&quot; %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ForceFeedbackCheck</name>
+    <message>
+        <source>FULL — ready for force feedback</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PARTIAL — close other sim software (it holds the wheel)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>PARTIAL — limited support</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>INCOMPATIBLE — no force feedback</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No wheelbase connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>HelicopterComputation</name>
     <message>
         <source>Lower the collective before arming the motor.</source>
@@ -40,6 +136,213 @@
     </message>
 </context>
 <context>
+    <name>QAbstractSpinBox</name>
+    <message>
+        <source>&amp;Select All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Step up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Step &amp;down</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QLineEdit</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QShortcut</name>
+    <message>
+        <source>Ctrl</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QWidgetTextControl</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReceiverV4ImageLoader</name>
+    <message>
+        <source>The firmware description (.json) can&apos;t be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This firmware is for &quot;%1&quot;, not a Orvane receiver V4.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The firmware&apos;s flash address is not 0x08000000.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The firmware file doesn&apos;t match its description (corrupted or wrong file).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The firmware description has no version.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The firmware file is too small.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The firmware file is larger than 256 KB.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not a Orvane receiver firmware (stack pointer 0x%1).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not a Orvane receiver firmware (reset address 0x%1).</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Stm32BootloaderClient</name>
+    <message>
+        <source>cancelled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no reply from the bootloader</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GET: no length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GET: short reply</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GET_ID: no length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GET_ID: short reply</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>READ: short data</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>bootloader NACK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unexpected byte 0x%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Uf2BootDrive</name>
+    <message>
+        <source>Can&apos;t write to the boot drive %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing to the boot drive %1 failed: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Uf2Image</name>
+    <message>
+        <source>The image is not a whole number of 512-byte UF2 blocks (%1 bytes).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Block %1 does not carry the UF2 magic numbers.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Block %1 is not for the RP2040.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Block %1 claims %2 payload bytes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Block %1 is numbered %2 of %3: blocks are missing or out of order.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>hub::Card</name>
     <message>
         <source>Show or hide</source>
@@ -68,6 +371,144 @@
     <name>tavrix::AppAddressList</name>
     <message>
         <source>The app server is not listening, so the mobile app cannot connect.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::AxisEditor</name>
+    <message>
+        <source>Invert the direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Logarithmic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Deadzone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Output from</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Output to</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exponent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The output range moves the centre too: from 0.2 the wheel rests at 0.2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A pedal keeps at least a 2% deadzone against rest noise.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use the calibration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use the calibrated floor and ceiling</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set minimum</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set centre</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set maximum</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move the control to its ends (and let the wheel centre), then set each point.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Raw %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Output %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Raw —</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Output —</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::AxisSettingsDialog</name>
+    <message>
+        <source>Axes and calibration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Steering</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brake</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clutch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wheel and pedal presets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Which axis feeds each input; saved for this product in the profile.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wheel base</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pedals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gas and brake on one axis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verify pedals…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Custom</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -210,7 +651,11 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>It drives with its saved values and defaults; the editors for them come in a later version.</source>
+        <source>It drives with its saved values and defaults; the topics shown as buttons open their editors.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wheel force feedback</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -226,6 +671,34 @@
     </message>
     <message>
         <source>RC Car</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Looked for over the radio while transmitting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Searching</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asking the car&apos;s receiver to answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, firmware %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Firmware %1, reached over the radio</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -359,6 +832,10 @@
         <source>Details</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Receiver</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DebugConsole</name>
@@ -476,6 +953,236 @@
     </message>
 </context>
 <context>
+    <name>tavrix::DriveSettingsDialog</name>
+    <message>
+        <source>Drive and throttle safety</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ESC and reverse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle safety</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Limits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Traxxas/Tamiya/Arma Standard (172-992-1811)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ESC mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Standard drives the servo span; Custom uses the three values below.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ESC preset</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copies a saved ESC&apos;s neutral and end points and selects Custom.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full reverse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Neutral</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full forward</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Custom ESC</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reverse by button or reverse gear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reverse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The button toggles reverse; the throttle then drives backwards.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reverse button</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reverse speed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The most of the reverse span the throttle reaches.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Spike protection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A throttle jumping from released to 80% in one tick zeroes it and stops the car.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stuck-throttle protection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A throttle reading full at the start is ignored until it is released.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Soft start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After each start the throttle is capped, rising from the floor to full.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ramp</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Floor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Smooth deceleration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Letting go of the throttle slows the car gradually; braking is never smoothed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Higher is gentler: 0 stops in 0.9 s, 10 in 2.3 s.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pit limiter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Caps the ESC channel at the value below for as long as it is on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cap</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Per-gear limits</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Each shifter gear reaches only its share of full throttle; neutral gives none.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gear %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No saved presets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a preset</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ElrsParameterManager</name>
+    <message>
+        <source>Start configuring to read/change ELRS RF settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ELRS parameter manager: no CRSF protocol bound.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No ELRS parameters could be read — this transmitter may be send-only (no half-duplex).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ELRS walk timed out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ELRS module returned a malformed DEVICE_INFO frame.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>device ping</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>parameter read (field %1, chunk %2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ELRS module did not respond to %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ELRS parameters are not yet discovered.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown ELRS parameter: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parameter &apos;%1&apos; is not an enum (text selection).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Option index %1 out of range for &apos;%2&apos;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ELRS parameter manager: no serial writer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ELRS option index %1 out of byte range.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::EscPresetStore</name>
     <message>
         <source>ESC preset name cannot be empty</source>
@@ -487,6 +1194,170 @@
     </message>
     <message>
         <source>Failed to save ESC presets</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::FirmwareDialog</name>
+    <message>
+        <source>Firmware update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Available</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Firmware file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No serial port found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read board</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Power-cycle the board now: switch its power off and on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Waiting %n more second(s).</source>
+        <translation>
+            <numerusform>Waiting %n more second.</numerusform>
+            <numerusform>Waiting %n more seconds.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Closing: cancelling the update first. The dialog closes once it stopped.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a firmware file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Firmware (*.bin);;All files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::FirmwareDownloader</name>
+    <message>
+        <source>%1 is larger than the %2 bytes expected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading %1 failed: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::FirmwareUpdateService</name>
+    <message>
+        <source>No serial port for the receiver.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not start the update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not check for updates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The transmitter&apos;s companion processor (SoC) takes its updates over a channel this hub does not know, so its version can neither be read nor changed from here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update was cancelled.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The update manifest lists no firmware for the %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Firmware %1 is available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The firmware is up to date (%1).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading firmware %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unplug the transmitter, hold its BOOTSEL button and plug it in again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the transmitter&apos;s boot drive (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The transmitter&apos;s boot drive did not appear. Nothing was written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing firmware %1 to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the transmitter to restart</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The transmitter did not come back after the firmware was written. Unplug it and plug it in again; if it stays in its boot drive, copy the image again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Firmware %1 was written and the transmitter is back. It does not report its version, so check it in the transmitter&apos;s own menu.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asking the receiver to restart into its bootloader</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The receiver flasher is busy.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing firmware %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -609,6 +1480,17 @@
     </message>
 </context>
 <context>
+    <name>tavrix::HubServices</name>
+    <message>
+        <source>Web panel started at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Web panel failed to start (ports %1-%2 all in use)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::InfoPage</name>
     <message>
         <source>About</source>
@@ -686,6 +1568,10 @@
         <source>The name works on most home networks; where it does not, use an IP address.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Firmware updates</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::InputDevice</name>
@@ -703,6 +1589,206 @@
     </message>
 </context>
 <context>
+    <name>tavrix::LedConfigPush</name>
+    <message>
+        <source>The receiver did not answer LED_%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The receiver&apos;s USB connection closed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The receiver refused LED_%1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LED settings sent to the receiver</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::LedDialog</name>
+    <message>
+        <source>LED strip</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Strip</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Power travels on CH12; the rest is sent to the receiver.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LED power on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LEDs on the strip</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brightness</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Active share</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Power button</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>One colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A colour per LED</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Zones</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LED</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add zone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Receiver</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Needs the receiver on its USB cable.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send to receiver</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LED colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 % to %2 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::LedDialogBinder</name>
+    <message>
+        <source>Sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A push is already running.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connect the receiver&apos;s USB cable first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add a zone first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, item %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sending</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionActuatorsCard</name>
+    <message>
+        <source>Actuators</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Positions from the board&apos;s heartbeat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Free mode: move each actuator by hand</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Speed and smoothness of the moves follow the platform settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Actuator %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Target position of actuator %1, mm</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 mm</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::MotionChooserPage</name>
     <message>
         <source>Motion</source>
@@ -713,19 +1799,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Motion platforms come in a later version of the HUB. You can look at the platforms here; none of them can be connected or driven yet.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Two actuators for pitch and roll. A compact start for a seat or a cockpit.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Three actuators for pitch, roll and heave.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Five axes for full rigs: pitch, roll, heave, surge and sway.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -733,7 +1807,175 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Later version</source>
+        <source>Four lifting actuators for pitch, roll and heave.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Six actuators for full rigs: pitch, roll and heave, with yaw and surge.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Current</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionConnectionCard</name>
+    <message>
+        <source>Motion controller</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Orvane Motion Controller over USB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plug the motion controller in over USB; its port appears here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Auto home</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Runs the homing sequence; also the way out of the FAIL state.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Calibration mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Switches the board&apos;s calibration mode on or off.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionOutputBinder</name>
+    <message>
+        <source>Not available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Output stopped.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>waiting for car telemetry (start a transmission) — output at rest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>car telemetry live</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>car telemetry lost %1 s ago — output at rest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Streaming to %1:%2 — %3 packets sent · %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionOutputDialog</name>
+    <message>
+        <source>Motion output</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motion platforms move — clear the area around the rig and start with low intensity in your motion software.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motion software</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>SimHub, FlyPT Mover or SimTools with DiRT Rally chosen as the game</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>UDP port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Streaming — click to stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start motion output</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionPanelBinder</name>
+    <message>
+        <source>Intensity</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Travel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Smoothness</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Park position</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Error: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The %1DOF platform cannot be chosen while a test runs on the %2DOF platform: let it finish or press Release first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for heartbeat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the first heartbeat…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last heartbeat %1 s ago</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full system test stopped</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -748,51 +1990,357 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Motion platforms come in a later version of the HUB. This page shows no live controls.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Platform</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Degrees of freedom</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Motion controller</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Not available yet</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Connecting the USB motion controller, testing the actuators and the phone web panel come with motion platform support.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>%1DOF motion platform</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>What this platform will do once motion support arrives.</source>
+        <source>Web panel</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Actuators</source>
+        <source>Run tests and settings from a phone&apos;s browser.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Moves the seat in pitch and roll.</source>
+        <source>Release</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Moves the seat in pitch, roll and heave.</source>
+        <source>Stops every test at once and switches the motors off. Auto home to resume.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Moves the seat in pitch, roll, heave, surge and sway.</source>
+        <source>Controller log</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connect the motion controller, home the platform, then test it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionSettingsCard</name>
+    <message>
+        <source>Platform settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Kept on this PC and given to the board when it connects</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionSystemController</name>
+    <message>
+        <source>all actuators</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>actuator %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full test [%1:%2 left]: %3 — travel %4%, %5 Hz, %6 s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Surge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yaw</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Roll</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Heave</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pattern %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>traction loss (opposed)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No heartbeat from the controller within 3.5 s — wrong port, or the ST-LINK is wedged (unplug and replug the USB).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Heartbeats stopped — link may be wedged (unplug and replug the USB if it persists).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Board test assumed finished (no #TST done# seen)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Orvane Motion Controller</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is in use by another program (PuTTY? a test script?). Close it and connect again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to open %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected to %1 — waiting for heartbeat…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motion controller disconnected (port lost)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Serial writes failing — this is the known ST-LINK USB wedge. Unplug and replug the controller USB.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Controller alive — state [%1]</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Test running — wait for it to finish</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Homing requested</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Release requested — motion disabled, Home to resume</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Test already running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for controller status (heartbeat) — try again in a moment</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> (use Auto Home after fixing the cause)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Controller is in &quot;%1&quot; state — tests need &quot;ready&quot;%2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Testing %1 — travel %2%, %3 Hz, %4 s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Test finished — recentered to park</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no actuator %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full system test started — %1 min</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full system test stopped (controller left ready state)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full system test complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionTestCard</name>
+    <message>
+        <source> % travel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Hz</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tests</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tests need the board in the &quot;ready&quot; state; Release stops any of them at once</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Run pattern</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Run board test</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Board test</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Full System test</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full System</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All actuators</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Actuator %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionWebDialog</name>
+    <message>
+        <source>Motion System Web Panel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the Web Panel on your phone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy URL</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1. Make sure the phone is on the same WiFi network as this PC
+
+2. Scan the QR code with the phone camera — the panel opens in the
+   browser (no app needed) — or type the URL by hand
+
+3. DOF tests, actuator bars and settings work live from the phone</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>QR Code unavailable</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::MotionWebDialogBinder</name>
+    <message>
+        <source>Web panel running at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>! Web panel failed to start (ports %1-%2 in use)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Web panel started at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Web panel stopped</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::PedalVerifyDialog</name>
+    <message>
+        <source>Verify pedals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press each pedal fully, then release it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Released means at most %1 (the start refuses above it); fully pressed at least %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brake</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 full and back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start over</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press fully</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Now release</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Both pedals cover their travel and come back to released.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for both pedals to go full and back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ProfileEdits</name>
+    <message>
+        <source>The profile was not changed</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -848,6 +2396,673 @@
     </message>
     <message>
         <source>Profile not found: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::RadioCalibrationBinder</name>
+    <message>
+        <source>Connect the car&apos;s receiver over USB first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not possible right now: the calibration has moved on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All six end points are measured.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put the control in place, then press Measure.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Measuring</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Measuring… hold the control still.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Good! Keep holding...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unstable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hold steady! Input moving too much...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recorded</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Value recorded: CRSF %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Calibration cancelled.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::RadioCalibrationDialog</name>
+    <message>
+        <source>Full throttle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hold full throttle and keep it there.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle neutral</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Let go of the throttle so it rests at neutral.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full reverse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hold full brake / reverse and keep it there.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turn the steering fully left and hold it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Steering centre</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Let the steering return to the centre.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turn the steering fully right and hold it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Receiver end points</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Idle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Measure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hold each end point still until the countdown runs out.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hold for</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CH1 steer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CH2 throttle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End points</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CRSF values as the receiver sees them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Step %1 of %2 · %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All end points measured</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start again to measure them all anew.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ready</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plug the car&apos;s receiver in over USB and switch the radio on, then press Start.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 µs · CRSF %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CRSF %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>—</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::RadioSettingsView</name>
+    <message>
+        <source>Command, run on the module itself</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ReceiverCard</name>
+    <message>
+        <source>Receiver</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The Orvane receiver in the car, over its USB cable or the radio</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plug the receiver in over USB; its port appears here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Calibrate end points</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LED strip</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1. Car flat</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put the car on a flat surface, then read the level</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>2. Front lifted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lift the front of the car about 30° and hold it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mounting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Calibrate gyro</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Console</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A command for the receiver, such as HELP</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GPS: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ReceiverCardBinder</name>
+    <message>
+        <source>GPS on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GPS update rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send GPS as telemetry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send attitude (IMU) as telemetry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send motion as telemetry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motion telemetry rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Video overlay (OSD)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motion sensors on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hz</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>USB</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Over ELRS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Firmware %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GPS</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>IMU</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Axes: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not sent: connect the receiver&apos;s USB cable first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not sent: the console does not send empty lines or DFU, which would stop the receiver.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ReceiverConfigManager</name>
+    <message>
+        <source>Level read. Now lift the FRONT of the car about 30° and hold it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mounting saved. Put the car down and keep it still for a second.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No answer from the receiver. Try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected · reading the receiver&apos;s settings…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected · no reply to settings commands (older receiver?)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected · applying settings…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected%1 · this receiver has no GPS/IMU settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected · firmware %1 · settings applied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected · firmware %1 · settings go over the USB cable while it is plugged in</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected over ELRS · firmware %1 · settings applied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected over ELRS · getting the receiver&apos;s settings…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connected · settings not reachable over ELRS yet, trying again (needs receiver firmware 4.3.0 or later). Changes are saved and applied once they are.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Receiver not connected. Start transmitting to reach it over ELRS, or plug in the J14 cable. Changes are saved and applied the next time it is reached.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The car is not flat and still. Put it on a flat surface and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No tilt seen: lift the front more (about 30°) and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start again from step 1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The receiver&apos;s IMU is not running.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The receiver says: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>off on the receiver</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>fix, %1 satellites</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no fix yet, %1 satellites (needs open sky)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> · antenna not detected, check the GPS antenna cable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> · antenna short circuit</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ReceiverGyroCalibration</name>
+    <message>
+        <source>Calibrating: keep the car still…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Gyro calibrated, yaw reset to 0</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No answer from the receiver. Try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The receiver did not calibrate.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The receiver says: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Starting over ELRS…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not finished: the car must stand still. Try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lost the receiver during calibration.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ReceiverV4FirmwareBinder</name>
+    <message>
+        <source>Connecting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Programming</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verifying</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Orvane receiver V4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wire a USB-UART cable to the receiver&apos;s J14 header (cable TXD to RX, RXD to TX, GND) and choose the firmware file; its description (.json) must lie beside it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>none (the board is in its bootloader)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Orvane receiver V4 (%1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Description: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a firmware file first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connect the USB-UART cable and choose its port first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another run is still in progress.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ReceiverV4FlashSession</name>
+    <message>
+        <source>Firmware %1, %2 bytes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Running firmware: %1 on %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No reply from the firmware (continuing; it may be in OSD mode or too old).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The board is in the bootloader (no firmware running).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancelled.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The board does not answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Can&apos;t open %1: %2. Close any other program using it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>[%1 s] Lost contact with the board (it may have reset). Starting over.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lost contact with the board.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asking the firmware to restart into the bootloader (DFU).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The board is already in the bootloader.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>POWER-CYCLE THE BOARD NOW (switch its power off and on). Listening for %1 s...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bootloader found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The board did not enter the bootloader.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This is not a Orvane receiver V4 (chip ID 0x%1, expected 0x467). Nothing was written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The board&apos;s readout protection is on, so it can&apos;t be updated over the cable.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bootloader protocol %1.%2, chip ID 0x%3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Erasing page 0 (vector table).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Programmed and verified %1 bytes (%2 retries).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Page %1: write failed, rewriting (attempt %2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Page %1: verify failed, rewriting (attempt %2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Page %1 could not be programmed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  [%1 s] write 0x%2: %3 - resyncing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>GO: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The firmware was written and verified, but the receiver did not answer after starting. Power-cycle it and check the version.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The receiver reports %1, expected %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update complete: running %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>giving up after %1 attempts: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  [%1 s] %2 - resyncing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>lost contact with the bootloader</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lost contact with the bootloader. Power-cycle the receiver and run the update again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>cancelled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check the wiring: cable TXD -&gt; J14 RX, RXD -&gt; J14 TX, GND. If it still fails, unplug the USB-UART cable as well while the board is off (the cable can keep the chip half-powered), or fit the BOOT jumper (JP1), then retry.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -910,6 +3125,29 @@
     </message>
     <message>
         <source>Off</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::SerialPortPicker</name>
+    <message>
+        <source>Baud rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No ports</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 baud</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Disconnect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connect</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1010,6 +3248,56 @@
     </message>
 </context>
 <context>
+    <name>tavrix::TransmissionDialog</name>
+    <message>
+        <source>Transmitter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Auto-start transmission</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Starts transmission once, as soon as the transmitter and the vehicle&apos;s controls are connected. A refused start (a pedal pressed) is not retried, and nothing starts again by itself after a stop.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Radio settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The ExpressLRS module&apos;s own settings, read and changed in configuration mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Read settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing read yet. Reading keeps the transmitter in configuration mode until this dialog closes; transmission cannot start meanwhile.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reading…</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::TransmissionDialogBinder</name>
+    <message>
+        <source>Reading the radio settings stopped: configuration mode was left.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmission is running. Stop it to read or change the radio settings: the module takes settings only while no channels are sent.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connect the transmitter to read its radio settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::TransmitterCard</name>
     <message>
         <source>Transmitter</source>
@@ -1024,14 +3312,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Disconnect</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Connect</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Connected</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1040,7 +3320,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>No ports</source>
+        <source>Transmitter settings</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1153,6 +3433,104 @@
     </message>
     <message>
         <source>Coming soon</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::WheelFfbDialog</name>
+    <message>
+        <source>Wheel force feedback</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Compatibility</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What the wheel base allows; the first &quot;no&quot; is what to fix.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wheel detected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Force feedback capable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exclusive access</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Steering FFB axis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Constant-force effect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Run the check</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Feel the car</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The car&apos;s lateral and longitudinal G, bumps as a vibration.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Strength</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Centering spring</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Force</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>◀ Test Left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Test Right ▶</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>err %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FFB ON — streaming from car (click to stop)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Enable force feedback</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::WheelFfbDialogBinder</name>
+    <message>
+        <source>Could not enable FFB — re-check the wheel.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No FFB-capable wheel connected</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
