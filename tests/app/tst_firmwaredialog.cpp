@@ -225,20 +225,24 @@ private slots:
         verifyIdle();
     }
 
-    // The update server's dialogs: the receiver's check shows the version on offer; the
-    // transmitter SoC's check and update end at once with the service's own refusal.
+    // The update server's dialogs: the receiver's check shows the version on offer, and closing
+    // the dialog while the server keeps it waiting cancels the run and closes; the transmitter
+    // SoC's check and update end at once with the service's own refusal.
     void serviceDialogsShowTheOutcome_data()
     {
         QTest::addColumn<FirmwareDevice>("device");
         QTest::addColumn<bool>("update"); // the button clicked: Update, else Check for updates
+        QTest::addColumn<bool>("closeHalfWay");
         QTest::addColumn<bool>("ok");
         QTest::addColumn<QString>("available");
         QTest::addColumn<QString>("result"); // empty: whatever the service says
         QTest::newRow("receiver check")
-            << FirmwareDevice::Receiver << false << true << kNewVersion << QString();
-        QTest::newRow("SoC check") << FirmwareDevice::Soc << false << false << QString()
+            << FirmwareDevice::Receiver << false << false << true << kNewVersion << QString();
+        QTest::newRow("receiver check, closed half-way")
+            << FirmwareDevice::Receiver << false << true << false << QString() << QString();
+        QTest::newRow("SoC check") << FirmwareDevice::Soc << false << false << false << QString()
                                    << QStringLiteral("Could not check for updates");
-        QTest::newRow("SoC update") << FirmwareDevice::Soc << true << false << QString()
+        QTest::newRow("SoC update") << FirmwareDevice::Soc << true << false << false << QString()
                                     << QStringLiteral("Could not start the update");
     }
 
@@ -246,6 +250,7 @@ private slots:
     {
         QFETCH(FirmwareDevice, device);
         QFETCH(bool, update);
+        QFETCH(bool, closeHalfWay);
         QFETCH(bool, ok);
         QFETCH(QString, available);
         QFETCH(QString, result);
@@ -263,7 +268,7 @@ private slots:
                      QJsonDocument(QJsonObject{{QStringLiteral("devices"),
                                                 QJsonObject{{QStringLiteral("receiver"), release}}}})
                          .toJson());
-        server.serve(QStringLiteral("/fw/rx.bin"), image);
+        server.setSilent(closeHalfWay);
         FirmwareUpdateService::Options options;
         options.manifestUrl = server.url(QStringLiteral("/fw/manifest.json"));
         options.cacheFolder = m_dir.filePath(QStringLiteral("cache"));
@@ -277,7 +282,10 @@ private slots:
 
         QSignalSpy finished(&updates, &FirmwareUpdateService::finished);
         (update ? dialog.updateButton() : dialog.checkButton())->click();
+        if (closeHalfWay)
+            dialog.close();
         QVERIFY(!finished.isEmpty() || finished.wait(kGenerousMs));
+        QCOMPARE(dialog.isVisible(), !closeHalfWay);
         QCOMPARE(dialog.resultOk(), ok);
         QCOMPARE(dialog.result(), result.isEmpty() ? finished.at(0).at(1).toString() : result);
         QCOMPARE(dialog.availableVersion(), available);

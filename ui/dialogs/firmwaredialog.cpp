@@ -311,11 +311,13 @@ void FirmwareDialog::done(int result)
         QDialog::done(result);
         return;
     }
-    if (m_closeResult < 0) {
+    const bool firstRequest = m_closeResult < 0;
+    // Noted before asking: a run that stops at once (a download) ends inside the request.
+    m_closeResult = result;
+    if (firstRequest) {
         appendLog(tr("Closing: cancelling the update first. The dialog closes once it stopped."));
         emit cancelRequested();
     }
-    m_closeResult = result;
 }
 
 void FirmwareDialog::chooseFile()
