@@ -191,6 +191,43 @@ QString parseElrsOptions(const QCommandLineParser &parser, CommandLineOptions &o
     return {};
 }
 
+// The receiver V4 tools stand alone: anything else on the command line is a mistake.
+QString parseReceiverV4Tools(const QCommandLineParser &parser, CommandLineOptions &options)
+{
+    const QString flash = QStringLiteral("flash-v4");
+    const QString readBoard = QStringLiteral("read-board");
+    const QString checkImage = QStringLiteral("check-image");
+    const QString chosen = parser.isSet(flash) ? flash : parser.isSet(readBoard) ? readBoard : checkImage;
+    for (const QString &name : parser.optionNames()) {
+        if (name != chosen)
+            return QStringLiteral("--%1 cannot be combined with --%2").arg(chosen, name);
+    }
+    const QStringList positional = parser.positionalArguments();
+    if (chosen == flash) {
+        options.action = CommandLineOptions::Action::FlashV4;
+        options.boardPort = parser.value(flash).trimmed();
+        options.firmwareFile = positional.value(0).trimmed();
+        if (options.boardPort.isEmpty() || options.firmwareFile.isEmpty() || positional.size() != 1)
+            return QStringLiteral("--flash-v4 needs the cable's port and one firmware file, such as "
+                                  "--flash-v4 /dev/ttyUSB0 receiver-v4.bin");
+        return {};
+    }
+    if (!positional.isEmpty())
+        return QStringLiteral("unexpected argument \"%1\"").arg(positional.constFirst());
+    if (chosen == readBoard) {
+        options.action = CommandLineOptions::Action::ReadBoard;
+        options.boardPort = parser.value(readBoard).trimmed();
+        if (options.boardPort.isEmpty())
+            return QStringLiteral("--read-board needs the cable's serial port, such as /dev/ttyUSB0");
+        return {};
+    }
+    options.action = CommandLineOptions::Action::CheckImage;
+    options.firmwareFile = parser.value(checkImage).trimmed();
+    if (options.firmwareFile.isEmpty())
+        return QStringLiteral("--check-image needs a firmware file");
+    return {};
+}
+
 QString parseInto(QCommandLineParser &parser, const QStringList &arguments, CommandLineOptions &options)
 {
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("?")},
@@ -219,22 +256,26 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     const QCommandLineOption logFile(QStringLiteral("log-file"), QString(), QStringLiteral("path"));
     const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
     const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
+    const QCommandLineOption flashV4(QStringLiteral("flash-v4"), QString(), QStringLiteral("port"));
+    const QCommandLineOption readBoard(QStringLiteral("read-board"), QString(), QStringLiteral("port"));
+    const QCommandLineOption checkImage(QStringLiteral("check-image"), QString(), QStringLiteral("file"));
     parser.addOptions({help,         version,   headless, listDevices,    demo,       start,
                        transmitter,  baud,      receiver, vehicle,        remotePort, remoteAddress,
                        motionOutput, updateUrl, motion,   motionPlatform, webPanel,   webPanelPort,
-                       logFile,      elrsList,  elrsSet});
+                       logFile,      elrsList,  elrsSet,  flashV4,        readBoard,  checkImage});
     for (const DeviceRoleInfo &role : deviceRoles())
         parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
 
     if (!parser.parse(arguments))
         return parser.errorText();
-    if (!parser.positionalArguments().isEmpty())
-        return QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().constFirst());
-
     if (parser.isSet(help)) {
         options.action = CommandLineOptions::Action::Help;
         return {};
     }
+    if (parser.isSet(flashV4) || parser.isSet(readBoard) || parser.isSet(checkImage))
+        return parseReceiverV4Tools(parser, options);
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().constFirst());
     if (parser.isSet(version)) {
         options.action = CommandLineOptions::Action::Version;
         return {};
@@ -369,6 +410,19 @@ QString commandLineHelp()
         "  --elrs-list            With --transmitter: walk the transmitter module's ELRS\n"
         "                         parameters, print them as a tree and exit (1 when the walk fails).\n"
         "  --elrs-set NAME=OPTION Write a selection by name first (repeatable; implies --elrs-list).\n"
+        "\n"
+        "Receiver V4 firmware (over a USB-UART cable on its J14 header; each runs alone):\n"
+        "  --flash-v4 <port> <firmware.bin>\n"
+        "                         Check the firmware file (its description .json lies beside it),\n"
+        "                         write it into the receiver and start it, printing the log and\n"
+        "                         progress. Switch the board off and on when asked. SIGINT or\n"
+        "                         SIGTERM cancels (the board stays in its bootloader). Exit status\n"
+        "                         0 once the receiver runs the new version, 1 otherwise.\n"
+        "  --read-board <port>    Identify the board: its firmware version and hardware, or the\n"
+        "                         bootloader's chip ID when no firmware runs (1: no answer).\n"
+        "  --check-image <firmware.bin>\n"
+        "                         Run the firmware file's checks and print the verdict (1: refused);\n"
+        "                         opens no port, writes nothing.\n"
         "\n"
         "Window and headless options:\n"
         "  --remote-port <port>   The mobile app's WebSocket port (default 12345; 0 turns the\n"

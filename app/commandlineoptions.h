@@ -45,6 +45,9 @@ struct CommandLineOptions
         Headless,    // no window: log lines only, stopped by SIGINT/SIGTERM
         ListDevices, // print the game-controller report and exit
         ElrsList,    // walk the transmitter module's ELRS parameters, write any asked, print them, exit
+        FlashV4,     // write a firmware file into the receiver V4 over its USB-UART cable, exit
+        ReadBoard,   // identify the receiver V4 on its cable, print it, exit
+        CheckImage,  // run the receiver V4 image checks on a firmware file, print the verdict, exit
         Help,
         Version,
     };
@@ -84,6 +87,10 @@ struct CommandLineOptions
     quint16 webPanelPort = 0;
     // Where the run's log goes on disk; empty: the state folder's rotating orvanehub.log.
     QString logFile;
+    // The receiver V4's USB-UART cable (--flash-v4, --read-board).
+    QString boardPort;
+    // The receiver V4 firmware file, its description (.json) beside it (--flash-v4, --check-image).
+    QString firmwareFile;
 };
 
 struct CommandLineParse

@@ -27,8 +27,6 @@ namespace tavrix {
 
 namespace {
 
-constexpr int kCannotRunExitCode = 1;
-
 int listDevices()
 {
     QTextStream out(stdout);
@@ -86,6 +84,9 @@ int runInformationMode(int &argc, char **argv, const CommandLineParse &parsed)
     case CommandLineOptions::Action::Window:
     case CommandLineOptions::Action::Headless:
     case CommandLineOptions::Action::ElrsList:
+    case CommandLineOptions::Action::FlashV4:
+    case CommandLineOptions::Action::ReadBoard:
+    case CommandLineOptions::Action::CheckImage:
         break;
     }
     return kBadUsageExitCode;

@@ -4,6 +4,9 @@
 
 namespace tavrix {
 
+// Exit status of a console mode that could not do what it was asked (the reason is printed).
+inline constexpr int kCannotRunExitCode = 1;
+
 // The modes of orvanehub that need no window. None of them makes a QApplication or a widget,
 // so they run on a machine without a display.
 
@@ -16,6 +19,12 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options);
 
 // `--elrs-list` / `--elrs-set`: the transmitter module's ELRS parameters, printed; the exit status.
 int runElrsList(int &argc, char **argv, const CommandLineOptions &options);
+
+// `--flash-v4`, `--read-board`, `--check-image`: the receiver V4 over its USB-UART cable
+// (receiverv4consolemodes.cpp); 0 when done, 1 when refused, failed or cancelled.
+int runFlashV4(int &argc, char **argv, const CommandLineOptions &options);
+int runReadBoard(int &argc, char **argv, const CommandLineOptions &options);
+int runCheckImage(const CommandLineOptions &options);
 
 // The program's arguments as the command-line parser takes them, before any application exists.
 [[nodiscard]] QStringList argumentsOf(int argc, char **argv);

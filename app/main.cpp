@@ -133,6 +133,12 @@ int main(int argc, char *argv[])
         return tavrix::runHeadless(argc, argv, parsed.options);
     case tavrix::CommandLineOptions::Action::ElrsList:
         return tavrix::runElrsList(argc, argv, parsed.options);
+    case tavrix::CommandLineOptions::Action::FlashV4:
+        return tavrix::runFlashV4(argc, argv, parsed.options);
+    case tavrix::CommandLineOptions::Action::ReadBoard:
+        return tavrix::runReadBoard(argc, argv, parsed.options);
+    case tavrix::CommandLineOptions::Action::CheckImage:
+        return tavrix::runCheckImage(parsed.options);
     default:
         return tavrix::runInformationMode(argc, argv, parsed);
     }

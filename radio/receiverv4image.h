@@ -39,6 +39,11 @@ public:
     [[nodiscard]] static QString descriptionPathFor(const QString &firmwarePath);
     [[nodiscard]] static Result load(const QString &firmwarePath);
     [[nodiscard]] static Result load(const QString &firmwarePath, const QString &descriptionPath);
+    // The checks themselves, on what was read: the description's text, the firmware file's
+    // size (-1 when it cannot be read) and its bytes (left unread, and so empty, when the
+    // size is beyond any firmware's).
+    [[nodiscard]] static Result check(const QByteArray &description, qint64 fileSize,
+                                      const QByteArray &firmware);
 };
 
 } // namespace tavrix

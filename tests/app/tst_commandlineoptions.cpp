@@ -38,6 +38,11 @@ private slots:
         QTest::newRow("list devices") << words("--list-devices") << Action::ListDevices << false << false;
         QTest::newRow("elrs set implies the list")
             << words("--elrs-set Telem=Off --transmitter P") << Action::ElrsList << false << false;
+        QTest::newRow("flash the receiver V4")
+            << words("--flash-v4 P fw.bin") << Action::FlashV4 << false << false;
+        QTest::newRow("read the board") << words("--read-board P") << Action::ReadBoard << false << false;
+        QTest::newRow("check an image")
+            << words("--check-image fw.bin") << Action::CheckImage << false << false;
         QTest::newRow("help wins") << words("--headless --help") << Action::Help << false << false;
         QTest::newRow("-h") << words("-h") << Action::Help << false << false;
         QTest::newRow("version") << words("--version") << Action::Version << false << false;
@@ -82,6 +87,9 @@ private slots:
 
         parsed = parseCommandLine(words("--update-url http://127.0.0.1:8000/fw/manifest.json"));
         QCOMPARE(parsed.options.updateUrl, QUrl(QStringLiteral("http://127.0.0.1:8000/fw/manifest.json")));
+        parsed = parseCommandLine(words("--flash-v4 /dev/ttyUSB0 rx.bin"));
+        QCOMPARE(parsed.options.boardPort, QStringLiteral("/dev/ttyUSB0"));
+        QCOMPARE(parsed.options.firmwareFile, QStringLiteral("rx.bin"));
         parsed = parseCommandLine(words("--headless --motion /dev/ttyACM1 --motion-platform 3"));
         QCOMPARE(parsed.options.motionPort, QStringLiteral("/dev/ttyACM1"));
         QCOMPARE(parsed.options.motionPlatform, std::optional<int>(3));
@@ -190,6 +198,13 @@ private slots:
         row("motion platform without a board", "--headless --motion-platform 3", "needs --motion");
         row("motion platform of 4 DOF", "--motion M --motion-platform 4", "must be 2, 3 or 5");
         row("motion platform not a number", "--motion M --motion-platform 3dof", "must be 2, 3 or 5");
+        row("flash without a firmware file", "--flash-v4 P",
+            "--flash-v4 needs the cable's port and one firmware");
+        row("flash with two files", "--flash-v4 P a.bin b.bin", "--flash-v4 needs");
+        row("flash beside a headless run", "--headless --flash-v4 P a.bin",
+            "cannot be combined with --headless");
+        row("two receiver V4 tools", "--read-board P --check-image a.bin", "cannot be combined");
+        row("check image with a stray argument", "--check-image a.bin b.bin", "\"b.bin\"");
     }
 
     void badCommandLinesAreRefused()

@@ -1,7 +1,10 @@
 // The firmware dialog bound to the receiver V4 flasher, with the V4 board simulator on a pty
-// in this process playing the receiver on its USB-UART cable.
+// in this process playing the receiver on its USB-UART cable; and bound to the update service,
+// reading its manifest from a server on 127.0.0.1.
 #include "firmwaredialog.h"
 #include "firmwaredialogbinder.h"
+#include "httpfileserver.h"
+#include "servicefirmwarebinder.h"
 #include "v4boardsimulator.h"
 
 #include <QCryptographicHash>
@@ -19,6 +22,8 @@
 using namespace tavrix;
 using sim::V4BoardSimulator;
 using sim::V4BoardSimulatorSettings;
+
+Q_DECLARE_METATYPE(tavrix::FirmwareDevice)
 
 namespace {
 
@@ -79,8 +84,8 @@ class TestFirmwareDialog : public QObject
         ReceiverV4FlasherTimings timings;
         timings.powerCycleWait = std::chrono::seconds(30); // the test power-cycles as soon as asked
         timings.resyncLimit = std::chrono::milliseconds(800);
-        m_dialog =
-            std::make_unique<FirmwareDialog>(FirmwareDialog::Row::FirmwareFile | FirmwareDialog::Row::Port);
+        m_dialog = std::make_unique<FirmwareDialog>(
+            FirmwareDialog::Row::FirmwareFile | FirmwareDialog::Row::Port | FirmwareDialog::Row::ReadBoard);
         const QString port = m_board->clientPath();
         m_binder = new ReceiverV4FirmwareBinder(
             m_dialog.get(), [port] { return QStringList{port}; }, m_dialog.get(), timings);
@@ -218,6 +223,75 @@ private slots:
         QVERIFY(m_board->flash().contents().left(image.size()) != image);
         QCOMPARE(m_dialog->isVisible(), !byClosing);
         verifyIdle();
+    }
+
+    // The update server's dialogs: the receiver's check shows the version on offer, and closing
+    // the dialog while the server keeps it waiting cancels the run and closes; the transmitter
+    // SoC's check and update end at once with the service's own refusal.
+    void serviceDialogsShowTheOutcome_data()
+    {
+        QTest::addColumn<FirmwareDevice>("device");
+        QTest::addColumn<bool>("update"); // the button clicked: Update, else Check for updates
+        QTest::addColumn<bool>("closeHalfWay");
+        QTest::addColumn<bool>("ok");
+        QTest::addColumn<QString>("available");
+        QTest::addColumn<QString>("result"); // empty: whatever the service says
+        QTest::newRow("receiver check")
+            << FirmwareDevice::Receiver << false << false << true << kNewVersion << QString();
+        QTest::newRow("receiver check, closed half-way")
+            << FirmwareDevice::Receiver << false << true << false << QString() << QString();
+        QTest::newRow("SoC check") << FirmwareDevice::Soc << false << false << false << QString()
+                                   << QStringLiteral("Could not check for updates");
+        QTest::newRow("SoC update") << FirmwareDevice::Soc << true << false << false << QString()
+                                    << QStringLiteral("Could not start the update");
+    }
+
+    void serviceDialogsShowTheOutcome()
+    {
+        QFETCH(FirmwareDevice, device);
+        QFETCH(bool, update);
+        QFETCH(bool, closeHalfWay);
+        QFETCH(bool, ok);
+        QFETCH(QString, available);
+        QFETCH(QString, result);
+        testing::HttpFileServer server;
+        QVERIFY(server.start());
+        const QByteArray image = newFirmware();
+        const QJsonObject release{
+            {QStringLiteral("version"), kNewVersion},
+            {QStringLiteral("url"), QStringLiteral("rx.bin")},
+            {QStringLiteral("size"), image.size()},
+            {QStringLiteral("sha256"),
+             QString::fromLatin1(QCryptographicHash::hash(image, QCryptographicHash::Sha256).toHex())},
+            {QStringLiteral("hardware"), QStringLiteral("Orvane-V4-G0B1")}};
+        server.serve(QStringLiteral("/fw/manifest.json"),
+                     QJsonDocument(QJsonObject{{QStringLiteral("devices"),
+                                                QJsonObject{{QStringLiteral("receiver"), release}}}})
+                         .toJson());
+        server.setSilent(closeHalfWay);
+        FirmwareUpdateService::Options options;
+        options.manifestUrl = server.url(QStringLiteral("/fw/manifest.json"));
+        options.cacheFolder = m_dir.filePath(QStringLiteral("cache"));
+        FirmwareUpdateService updates(options);
+        FirmwareDialog dialog(FirmwareDialog::Row::Check);
+        ServiceFirmwareBinder::Target target;
+        target.device = device;
+        target.runningVersion = [] { return QStringLiteral("4.3.0"); };
+        new ServiceFirmwareBinder(&dialog, &updates, target, &dialog);
+        dialog.show();
+
+        QSignalSpy finished(&updates, &FirmwareUpdateService::finished);
+        (update ? dialog.updateButton() : dialog.checkButton())->click();
+        if (closeHalfWay)
+            dialog.close();
+        QVERIFY(!finished.isEmpty() || finished.wait(kGenerousMs));
+        QCOMPARE(dialog.isVisible(), !closeHalfWay);
+        QCOMPARE(dialog.resultOk(), ok);
+        QCOMPARE(dialog.result(), result.isEmpty() ? finished.at(0).at(1).toString() : result);
+        QCOMPARE(dialog.availableVersion(), available);
+        QVERIFY(!dialog.isRunning());
+        QVERIFY(dialog.checkButton()->isEnabled());
+        QVERIFY(dialog.updateButton()->isEnabled());
     }
 };
 

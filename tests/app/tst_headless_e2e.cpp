@@ -1,5 +1,6 @@
 // `orvanehub --headless` as a black box: the real program against `orvane-sim bridge` in its
 // own process, a replay file for the controllers, and the simulator's log as the only evidence.
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -8,6 +9,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QtEndian>
 
 #include <algorithm>
 #include <memory>
@@ -163,6 +165,50 @@ struct DriveBench
         return QTest::qWaitFor([&] { return hub.out.contains("transmission started"); }, 15000);
     }
 };
+
+// A receiver V4 firmware of a few pages announcing `version` (the board reports the first
+// "Orvane:<version>" text of its image), its description beside it; the firmware file's path.
+QString writeReceiverV4Firmware(const QTemporaryDir &dir, uint32_t resetAddress, const QByteArray &version,
+                                QByteArray *image)
+{
+    QByteArray bytes(8, '\0');
+    qToLittleEndian<uint32_t>(0x20010000, bytes.data());
+    qToLittleEndian<uint32_t>(resetAddress, bytes.data() + 4);
+    bytes += "Orvane:" + version + '\0';
+    while (bytes.size() < 5001) // three pages, and not a whole number of write units
+        bytes += char(bytes.size() * 7);
+    const QJsonObject description{
+        {QStringLiteral("hardware"), QStringLiteral("Orvane-V4-G0B1")},
+        {QStringLiteral("flash_address"), QStringLiteral("0x08000000")},
+        {QStringLiteral("size"), bytes.size()},
+        {QStringLiteral("sha256"),
+         QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex())},
+        {QStringLiteral("version"), QString::fromLatin1(version)},
+    };
+    QFile firmware(dir.filePath(QStringLiteral("rx-v4.bin")));
+    QFile json(dir.filePath(QStringLiteral("rx-v4.json")));
+    if (!firmware.open(QIODevice::WriteOnly) || !json.open(QIODevice::WriteOnly))
+        return {};
+    firmware.write(bytes);
+    json.write(QJsonDocument(description).toJson());
+    *image = bytes;
+    return firmware.fileName();
+}
+
+// The board's log records of one kind ("command", "bootloader").
+QList<QJsonObject> boardRecords(const QString &path, const QString &kind)
+{
+    QList<QJsonObject> records;
+    QFile file(path);
+    if (file.open(QIODevice::ReadOnly)) {
+        while (!file.atEnd()) {
+            const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
+            if (line.value(QStringLiteral("kind")).toString() == kind)
+                records.append(line);
+        }
+    }
+    return records;
+}
 
 } // namespace
 
@@ -372,6 +418,84 @@ private slots:
                            QStringLiteral("0")});
         QVERIFY(alone.waitForFinished(20000));
         QCOMPARE(alone.exitCode(), 1);
+    }
+
+    // `orvanehub --check-image` and `--flash-v4` against `orvane-sim v4`: a good image ends up
+    // in the flash exactly, its vector table page written last, and the new firmware runs; an
+    // image with an even (non-Thumb) reset address is refused by both with its reason before
+    // a single byte reaches the board.
+    void receiverV4IsFlashedFromTheCommandLine_data()
+    {
+        QTest::addColumn<uint32_t>("resetAddress");
+        QTest::addColumn<int>("exitCode");
+        QTest::addColumn<QByteArray>("lastWords");
+        QTest::newRow("good image") << uint32_t(0x08000041) << 0
+                                    << QByteArray("Update complete: running 9.9.1.");
+        QTest::newRow("even reset address")
+            << uint32_t(0x08000040) << 1
+            << QByteArray("Not a Orvane receiver firmware (reset address 0x08000040).");
+    }
+
+    void receiverV4IsFlashedFromTheCommandLine()
+    {
+        QFETCH(uint32_t, resetAddress);
+        QFETCH(int, exitCode);
+        QFETCH(QByteArray, lastWords);
+        QTemporaryDir home;
+        const QProcessEnvironment env = freshEnvironment(home);
+        QByteArray image;
+        const QString firmware = writeReceiverV4Firmware(home, resetAddress, "9.9.1", &image);
+        QVERIFY(!firmware.isEmpty());
+        const QString link = home.filePath(QStringLiteral("ttyV4"));
+        const QString log = home.filePath(QStringLiteral("v4.jsonl"));
+        const QString dump = home.filePath(QStringLiteral("flash.bin"));
+        RunningProcess board;
+        board.start(kSim,
+                    {QStringLiteral("v4"), QStringLiteral("--link"), link, QStringLiteral("--log"), log,
+                     QStringLiteral("--flash-dump"), dump},
+                    env);
+        QTRY_VERIFY2_WITH_TIMEOUT(board.out.contains("link: "), qPrintable(board.transcript()), 10000);
+
+        const QStringList checkImage{QStringLiteral("--check-image"), firmware};
+        const QStringList flashV4{QStringLiteral("--flash-v4"), link, firmware};
+        for (const QStringList &arguments : {checkImage, flashV4}) {
+            RunningProcess hub;
+            hub.start(kHub, arguments, env);
+            QVERIFY(hub.process->waitForFinished(120000));
+            QCOMPARE(hub.process->exitStatus(), QProcess::NormalExit);
+            QVERIFY2(hub.process->exitCode() == exitCode, qPrintable(hub.transcript()));
+            // A refusal names its reason; a flash ends with the version the board runs now.
+            const QByteArray &lastLines = exitCode != 0 ? hub.err : hub.out;
+            if (exitCode != 0 || arguments == flashV4)
+                QVERIFY2(lastLines.trimmed().endsWith(lastWords), qPrintable(hub.transcript()));
+        }
+
+        board.process->terminate();
+        QVERIFY(board.process->waitForFinished(10000));
+        QCOMPARE(board.process->exitCode(), 0);
+        QFile flash(dump);
+        QVERIFY(flash.open(QIODevice::ReadOnly));
+        const QByteArray contents = flash.readAll();
+        const QList<QJsonObject> writes = boardRecords(log, QStringLiteral("bootloader"));
+        if (exitCode != 0) {
+            // The port was never opened: not even the firmware's console heard a line.
+            QVERIFY(boardRecords(log, QStringLiteral("command")).isEmpty());
+            QVERIFY(writes.isEmpty());
+            QVERIFY(!contents.contains("Orvane:9.9.1"));
+            return;
+        }
+        const QByteArray padded = image + QByteArray((8 - image.size() % 8) % 8, char(0xFF));
+        QCOMPARE(contents.left(padded.size()), padded);
+        QList<int> pagesWritten;
+        for (const QJsonObject &record : writes) {
+            if (record.value(QStringLiteral("command")).toString() != QLatin1String("WRITE"))
+                continue;
+            const uint address = record.value(QStringLiteral("address")).toString().toUInt(nullptr, 16);
+            const int page = int((address - 0x08000000) / 2048);
+            if (pagesWritten.isEmpty() || pagesWritten.constLast() != page)
+                pagesWritten.append(page);
+        }
+        QCOMPARE(pagesWritten, (QList<int>{1, 2, 0}));
     }
 
     void badCommandLineExitsWithStatusTwo()

@@ -49,10 +49,10 @@ FirmwareDialog::FirmwareDialog(Rows rows, QWidget *parent)
     auto *top = new QHBoxLayout;
     top->setSpacing(12);
     top->addWidget(createDeviceCard(), 1);
-    if (rows != Rows())
+    if (rows & (Row::FirmwareFile | Row::Port))
         top->addWidget(createSourceCard(rows), 1);
     column->addLayout(top);
-    column->addWidget(createUpdateCard(), 1);
+    column->addWidget(createUpdateCard(rows), 1);
 
     m_result = new hub::Notice(hub::Glyph::Info, QString(), this);
     m_result->hide();
@@ -111,20 +111,27 @@ QWidget *FirmwareDialog::createSourceCard(Rows rows)
         auto *row = new QHBoxLayout;
         m_ports = new QComboBox(card);
         m_ports->setPlaceholderText(tr("No serial port found"));
-        m_readBoard = new QPushButton(tr("Read board"), card);
-        connect(m_readBoard, &QPushButton::clicked, this, &FirmwareDialog::readBoardRequested);
         row->addWidget(m_ports, 1);
-        row->addWidget(m_readBoard);
+        if (rows.testFlag(Row::ReadBoard)) {
+            m_readBoard = new QPushButton(tr("Read board"), card);
+            connect(m_readBoard, &QPushButton::clicked, this, &FirmwareDialog::readBoardRequested);
+            row->addWidget(m_readBoard);
+        }
         card->body()->addLayout(row);
     }
     card->body()->addStretch(1);
     return card;
 }
 
-QWidget *FirmwareDialog::createUpdateCard()
+QWidget *FirmwareDialog::createUpdateCard(Rows rows)
 {
     auto *card = new hub::Card(tr("Update"), this);
     auto *row = new QHBoxLayout;
+    if (rows.testFlag(Row::Check)) {
+        m_check = new QPushButton(tr("Check for updates"), card);
+        connect(m_check, &QPushButton::clicked, this, &FirmwareDialog::checkRequested);
+        row->addWidget(m_check);
+    }
     m_update = new QPushButton(tr("Update"), card);
     m_update->setProperty("variant", QStringLiteral("primary"));
     connect(m_update, &QPushButton::clicked, this, &FirmwareDialog::updateRequested);
@@ -160,6 +167,11 @@ QString FirmwareDialog::firmwareFile() const
 QString FirmwareDialog::selectedPort() const
 {
     return m_ports ? m_ports->currentText() : QString();
+}
+
+QString FirmwareDialog::availableVersion() const
+{
+    return m_available->text() == orDash({}) ? QString() : m_available->text();
 }
 
 bool FirmwareDialog::isPowerCyclePromptShown() const
@@ -299,11 +311,13 @@ void FirmwareDialog::done(int result)
         QDialog::done(result);
         return;
     }
-    if (m_closeResult < 0) {
+    const bool firstRequest = m_closeResult < 0;
+    // Noted before asking: a run that stops at once (a download) ends inside the request.
+    m_closeResult = result;
+    if (firstRequest) {
         appendLog(tr("Closing: cancelling the update first. The dialog closes once it stopped."));
         emit cancelRequested();
     }
-    m_closeResult = result;
 }
 
 void FirmwareDialog::chooseFile()
@@ -318,6 +332,8 @@ void FirmwareDialog::refreshButtons()
 {
     m_update->setEnabled(!m_running);
     m_cancel->setEnabled(m_running);
+    if (m_check)
+        m_check->setEnabled(!m_running);
     if (m_readBoard)
         m_readBoard->setEnabled(!m_running && m_ports->count() > 0);
     if (m_file) {

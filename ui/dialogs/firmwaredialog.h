@@ -22,9 +22,10 @@ namespace tavrix {
 
 // The firmware update dialog of one device: what it runs and what is on offer, the update
 // with its progress, the flasher's log, the prompt to power-cycle the board, cancel and the
-// result. A device flashed over a cable shows a firmware file row and a port row; a device
-// whose firmware comes from the update service shows neither. It presents only; a binder
-// feeds it through the slots and acts on its signals.
+// result. A device flashed over a cable shows a firmware file row and a port row (with "Read
+// board" to identify what is on it); a device whose firmware comes from the update service
+// shows "Check for updates", and a port row when its update goes over a cable. It presents
+// only; a binder feeds it through the slots and acts on its signals.
 class FirmwareDialog : public QDialog
 {
     Q_OBJECT
@@ -33,6 +34,8 @@ public:
     {
         FirmwareFile = 0x1,
         Port = 0x2,
+        ReadBoard = 0x4, // a button beside the port
+        Check = 0x8,     // asks the update server what is on offer
     };
     Q_DECLARE_FLAGS(Rows, Row)
 
@@ -40,6 +43,8 @@ public:
 
     [[nodiscard]] QString firmwareFile() const;
     [[nodiscard]] QString selectedPort() const;
+    // The version on offer as shown; empty while none is known.
+    [[nodiscard]] QString availableVersion() const;
     [[nodiscard]] bool isRunning() const { return m_running; }
     [[nodiscard]] bool isPowerCyclePromptShown() const;
     // Empty while no run has ended.
@@ -49,6 +54,7 @@ public:
     QLineEdit *firmwareFileEdit() const { return m_file; }
     QComboBox *portBox() const { return m_ports; }
     QPushButton *readBoardButton() const { return m_readBoard; }
+    QPushButton *checkButton() const { return m_check; }
     QPushButton *updateButton() const { return m_update; }
     QPushButton *cancelButton() const { return m_cancel; }
     QProgressBar *progressBar() const { return m_progress; }
@@ -81,13 +87,14 @@ public slots:
 signals:
     void firmwareFileChosen(const QString &path);
     void readBoardRequested();
+    void checkRequested();
     void updateRequested();
     void cancelRequested();
 
 private:
     QWidget *createDeviceCard();
     QWidget *createSourceCard(Rows rows);
-    QWidget *createUpdateCard();
+    QWidget *createUpdateCard(Rows rows);
     void chooseFile();
     void showCountdown();
     void refreshButtons();
@@ -101,6 +108,7 @@ private:
     QPushButton *m_browse = nullptr;
     QComboBox *m_ports = nullptr;
     QPushButton *m_readBoard = nullptr;
+    QPushButton *m_check = nullptr;
     QPushButton *m_update = nullptr;
     QPushButton *m_cancel = nullptr;
     QLabel *m_stage = nullptr;

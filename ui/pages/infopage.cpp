@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -65,13 +66,20 @@ QWidget *InfoPage::buildAboutCard()
     card->body()->addLayout(row);
     card->body()->addStretch(1);
 
+    // One button for every device's update: the devices are listed in its menu.
     auto *firmware = new QPushButton(tr("Firmware updates"), card);
-    connect(firmware, &QPushButton::clicked, this, &InfoPage::firmwareUpdatesRequested);
+    m_firmwareMenu = new QMenu(firmware);
+    firmware->setMenu(m_firmwareMenu);
     auto *firmwareRow = new QHBoxLayout;
     firmwareRow->addWidget(firmware);
     firmwareRow->addStretch(1);
     card->body()->addLayout(firmwareRow);
     return card;
+}
+
+QAction *InfoPage::addFirmwareUpdate(const QString &device)
+{
+    return m_firmwareMenu->addAction(device);
 }
 
 QWidget *InfoPage::buildPreferencesCard()

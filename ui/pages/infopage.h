@@ -2,8 +2,10 @@
 
 #include "page.h"
 
+class QAction;
 class QCheckBox;
 class QLabel;
+class QMenu;
 
 namespace tavrix {
 
@@ -19,6 +21,8 @@ public:
 
     static QString version();
     QCheckBox *reduceMotionBox() const { return m_reduceMotion; }
+    // Adds a device to the "Firmware updates" button's menu; triggering the action asks for its update.
+    QAction *addFirmwareUpdate(const QString &device);
     AppAddressList *appAddressList() const { return m_appAddresses; }
 
 public slots:
@@ -29,7 +33,6 @@ signals:
     void reduceMotionChanged(bool reduce);
     void debugConsoleRequested();
     void logFolderRequested();
-    void firmwareUpdatesRequested();
 
 private:
     QWidget *buildAboutCard();
@@ -38,6 +41,7 @@ private:
     QWidget *buildLicencesCard();
 
     QCheckBox *m_reduceMotion = nullptr;
+    QMenu *m_firmwareMenu = nullptr;
     AppAddressList *m_appAddresses = nullptr;
     QLabel *m_appAddressHint = nullptr;
 };

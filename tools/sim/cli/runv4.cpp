@@ -5,6 +5,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QSaveFile>
 #include <QTextStream>
 
 #include <optional>
@@ -44,8 +45,12 @@ int runV4(QCoreApplication &app, const QStringList &arguments)
     const QCommandLineOption chipIdOption(QStringLiteral("chip-id"),
                                           QStringLiteral("The chip ID GET_ID reports (default 0x467)."),
                                           QStringLiteral("id"));
+    const QCommandLineOption dumpOption(
+        QStringLiteral("flash-dump"),
+        QStringLiteral("When the run ends, write the whole flash (512 KB from 0x08000000) to <file>."),
+        QStringLiteral("file"));
     parser.addOptions({logOption, linkOption, versionOption, powerCycleOption, rdpOption, corruptOption,
-                       silentOption, chipIdOption});
+                       silentOption, chipIdOption, dumpOption});
     parser.process(arguments);
 
     QTextStream err(stderr);
@@ -110,13 +115,22 @@ int runV4(QCoreApplication &app, const QStringList &arguments)
         return 1;
 
     printPaths(board);
-    return runUntilStopped(
+    const int status = runUntilStopped(
         app,
         [&] {
             log.logEvent(QStringLiteral("power-cycle"), QDateTime::currentMSecsSinceEpoch());
             board.powerCycle();
         },
         [] {});
+    if (parser.isSet(dumpOption)) {
+        QSaveFile dump(parser.value(dumpOption));
+        if (!dump.open(QIODevice::WriteOnly) ||
+            dump.write(board.flash().contents()) != board.flash().size() || !dump.commit()) {
+            err << "orvane-sim: cannot write the flash to " << dump.fileName() << '\n';
+            return 1;
+        }
+    }
+    return status;
 }
 
 } // namespace tavrix::sim::cli
