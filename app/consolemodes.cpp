@@ -24,8 +24,6 @@ namespace tavrix {
 
 namespace {
 
-constexpr int kCannotRunExitCode = 1;
-
 int listDevices()
 {
     QTextStream out(stdout);
