@@ -1,5 +1,6 @@
 #include "commandlineoptions.h"
 
+#include "commandlinereference.h"
 #include "motionwebpanel.h"
 #include "updateaddress.h"
 
@@ -230,67 +231,35 @@ QString parseReceiverV4Tools(const QCommandLineParser &parser, CommandLineOption
 
 QString parseInto(QCommandLineParser &parser, const QStringList &arguments, CommandLineOptions &options)
 {
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("?")},
-                                  QString());
-    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")}, QString());
-    const QCommandLineOption headless(QStringLiteral("headless"), QString());
-    const QCommandLineOption listDevices(QStringLiteral("list-devices"), QString());
-    const QCommandLineOption demo(QStringLiteral("demo"), QString());
-    const QCommandLineOption start(QStringLiteral("start"), QString());
-    const QCommandLineOption transmitter(QStringLiteral("transmitter"), QString(), QStringLiteral("port"));
-    const QCommandLineOption baud(QStringLiteral("baud"), QString(), QStringLiteral("rate"));
-    const QCommandLineOption receiver(QStringLiteral("receiver"), QString(), QStringLiteral("port"));
-    const QCommandLineOption vehicle(QStringLiteral("vehicle"), QString(), QStringLiteral("type"));
-    const QCommandLineOption remotePort(QStringLiteral("remote-port"), QString(), QStringLiteral("port"));
-    const QCommandLineOption remoteAddress(QStringLiteral("remote-address"), QString(),
-                                           QStringLiteral("address"));
-    const QCommandLineOption motionOutput(QStringLiteral("motion-output"), QString(),
-                                          QStringLiteral("host:port"));
-    const QCommandLineOption updateUrl(QStringLiteral("update-url"), QString(), QStringLiteral("url"));
-    const QCommandLineOption motion(QStringLiteral("motion"), QString(), QStringLiteral("port"));
-    const QCommandLineOption motionPlatform(QStringLiteral("motion-platform"), QString(),
-                                            QStringLiteral("dof"));
-    const QCommandLineOption webPanel(QStringLiteral("web-panel"), QString());
-    const QCommandLineOption webPanelPort(QStringLiteral("web-panel-port"), QString(),
-                                          QStringLiteral("port"));
-    const QCommandLineOption logFile(QStringLiteral("log-file"), QString(), QStringLiteral("path"));
-    const QCommandLineOption elrsList(QStringLiteral("elrs-list"), QString());
-    const QCommandLineOption elrsSet(QStringLiteral("elrs-set"), QString(), QStringLiteral("setting"));
-    const QCommandLineOption flashV4(QStringLiteral("flash-v4"), QString(), QStringLiteral("port"));
-    const QCommandLineOption readBoard(QStringLiteral("read-board"), QString(), QStringLiteral("port"));
-    const QCommandLineOption checkImage(QStringLiteral("check-image"), QString(), QStringLiteral("file"));
-    parser.addOptions({help,         version,   headless, listDevices,    demo,       start,
-                       transmitter,  baud,      receiver, vehicle,        remotePort, remoteAddress,
-                       motionOutput, updateUrl, motion,   motionPlatform, webPanel,   webPanelPort,
-                       logFile,      elrsList,  elrsSet,  flashV4,        readBoard,  checkImage});
-    for (const DeviceRoleInfo &role : deviceRoles())
-        parser.addOption(QCommandLineOption(QString(role.option), QString(), QStringLiteral("device")));
+    for (const CommandLineOptionInfo &info : commandLineReference().allOptions())
+        parser.addOption(QCommandLineOption(info.names, info.description, info.value));
+    const auto isSet = [&parser](const char *name) { return parser.isSet(QLatin1String(name)); };
 
     if (!parser.parse(arguments))
         return parser.errorText();
-    if (parser.isSet(help)) {
+    if (isSet("help")) {
         options.action = CommandLineOptions::Action::Help;
         return {};
     }
-    if (parser.isSet(flashV4) || parser.isSet(readBoard) || parser.isSet(checkImage))
+    if (isSet("flash-v4") || isSet("read-board") || isSet("check-image"))
         return parseReceiverV4Tools(parser, options);
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("unexpected argument \"%1\"").arg(parser.positionalArguments().constFirst());
-    if (parser.isSet(version)) {
+    if (isSet("version")) {
         options.action = CommandLineOptions::Action::Version;
         return {};
     }
-    if (parser.isSet(listDevices)) {
+    if (isSet("list-devices")) {
         options.action = CommandLineOptions::Action::ListDevices;
         return {};
     }
 
-    if (parser.isSet(elrsList) || parser.isSet(elrsSet)) {
+    if (isSet("elrs-list") || isSet("elrs-set")) {
         if (const QString error = parseElrsOptions(parser, options); !error.isEmpty())
             return error;
         return parseBaudRate(parser, options);
     }
-    options.demo = parser.isSet(demo);
+    options.demo = isSet("demo");
     if (const QString error = parseRemoteOptions(parser, options); !error.isEmpty())
         return error;
     if (const QString error = parseMotionOutput(parser, options); !error.isEmpty())
@@ -299,13 +268,13 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
         return error;
     if (const QString error = parseWebPanel(parser, options); !error.isEmpty())
         return error;
-    if (parser.isSet(logFile)) {
-        options.logFile = parser.value(logFile).trimmed();
+    if (isSet("log-file")) {
+        options.logFile = parser.value(QStringLiteral("log-file")).trimmed();
         if (options.logFile.isEmpty())
             return QStringLiteral("--log-file needs a file path");
     }
     options.action =
-        parser.isSet(headless) ? CommandLineOptions::Action::Headless : CommandLineOptions::Action::Window;
+        isSet("headless") ? CommandLineOptions::Action::Headless : CommandLineOptions::Action::Window;
 
     const QStringList headlessOnly = headlessOnlyOptions(parser);
     if (options.action == CommandLineOptions::Action::Window && !headlessOnly.isEmpty())
@@ -322,31 +291,32 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
         options.start = true;
     }
 
-    if (parser.isSet(transmitter)) {
-        options.transmitterPort = parser.value(transmitter).trimmed();
+    if (isSet("transmitter")) {
+        options.transmitterPort = parser.value(QStringLiteral("transmitter")).trimmed();
         if (options.transmitterPort.isEmpty())
             return QStringLiteral("--transmitter needs a serial port, such as /dev/ttyACM0 or COM3");
     }
     if (const QString error = parseBaudRate(parser, options); !error.isEmpty())
         return error;
-    if (parser.isSet(receiver)) {
-        options.receiverPort = parser.value(receiver).trimmed();
+    if (isSet("receiver")) {
+        options.receiverPort = parser.value(QStringLiteral("receiver")).trimmed();
         if (options.receiverPort.isEmpty())
             return QStringLiteral("--receiver needs a serial port, such as /dev/ttyUSB0 or COM4");
         if (options.receiverPort == options.transmitterPort)
             return QStringLiteral("--receiver and --transmitter cannot share the port %1")
                 .arg(options.receiverPort);
     }
-    if (parser.isSet(vehicle)) {
-        const QString type = parser.value(vehicle).trimmed().toLower();
+    if (isSet("vehicle")) {
+        const QString type = parser.value(QStringLiteral("vehicle")).trimmed().toLower();
         if (type == QLatin1String("car"))
             options.vehicle = VehicleType::Car;
         else if (type == QLatin1String("heli"))
             options.vehicle = VehicleType::Helicopter;
         else
-            return QStringLiteral("--vehicle must be car or heli, not \"%1\"").arg(parser.value(vehicle));
+            return QStringLiteral("--vehicle must be car or heli, not \"%1\"")
+                .arg(parser.value(QStringLiteral("vehicle")));
     }
-    options.start = options.start || parser.isSet(start);
+    options.start = options.start || isSet("start");
     if (const QString error = parseMotionPlatform(parser, options); !error.isEmpty())
         return error;
 
@@ -367,6 +337,40 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
         options.devices.append(RoleChoice{role.role, *choice});
     }
     return {};
+}
+
+// Help is laid out for an 80-column terminal: names on the left, their text from this column.
+constexpr qsizetype kHelpDescriptionColumn = 26;
+constexpr qsizetype kHelpWidth = 80;
+
+// The words of text filled into lines of at most kHelpWidth, each indented by `indent`.
+QString wrapped(const QString &text, qsizetype indent)
+{
+    const QString margin(indent, QLatin1Char(' '));
+    QString result;
+    QString line;
+    for (const QString &word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        if (!line.isEmpty() && indent + line.size() + 1 + word.size() > kHelpWidth) {
+            result += margin + line + QLatin1Char('\n');
+            line.clear();
+        }
+        line += (line.isEmpty() ? QString() : QStringLiteral(" ")) + word;
+    }
+    if (!line.isEmpty())
+        result += margin + line + QLatin1Char('\n');
+    return result;
+}
+
+// "  --name <value>    Text ...": the text starts beside a short label, below a long one.
+QString helpEntry(const QString &label, const QString &description)
+{
+    const QString left = QStringLiteral("  ") + label;
+    QString text = wrapped(description, kHelpDescriptionColumn);
+    if (left.size() + 2 <= kHelpDescriptionColumn)
+        text.replace(0, left.size(), left);
+    else
+        text.prepend(left + QLatin1Char('\n'));
+    return text;
 }
 
 } // namespace
@@ -390,96 +394,26 @@ CommandLineParse parseCommandLine(const QStringList &arguments)
 
 QString commandLineHelp()
 {
-    return QStringLiteral(
-        "Usage: orvanehub [options]\n"
-        "\n"
-        "OrvaneLabs HUB: drive an RC car or fly an RC helicopter with game controllers through the\n"
-        "Orvane Transmitter. Without options it opens its window.\n"
-        "\n"
-        "Modes:\n"
-        "  --headless             Run without a window, logging to stdout and stderr; SIGINT or\n"
-        "                         SIGTERM stops transmission (\"STOP\" goes to the bridge) and\n"
-        "                         exits with status 0.\n"
-        "  --demo                 Run against the built-in bridge simulator and a virtual wheel,\n"
-        "                         pedals and shifter playing a looping drive; needs no hardware and\n"
-        "                         never touches your profiles. Works with and without --headless.\n"
-        "  --list-devices         Print the game controllers (index, label, preset, GUID) and exit.\n"
-        "  -h, --help             Print this help and exit.\n"
-        "  -v, --version          Print the version and exit.\n"
-        "\n"
-        "  --elrs-list            With --transmitter: walk the transmitter module's ELRS\n"
-        "                         parameters, print them as a tree and exit (1 when the walk fails).\n"
-        "  --elrs-set NAME=OPTION Write a selection by name first (repeatable; implies --elrs-list).\n"
-        "\n"
-        "Receiver V4 firmware (over a USB-UART cable on its J14 header; each runs alone):\n"
-        "  --flash-v4 <port> <firmware.bin>\n"
-        "                         Check the firmware file (its description .json lies beside it),\n"
-        "                         write it into the receiver and start it, printing the log and\n"
-        "                         progress. Switch the board off and on when asked. SIGINT or\n"
-        "                         SIGTERM cancels (the board stays in its bootloader). Exit status\n"
-        "                         0 once the receiver runs the new version, 1 otherwise.\n"
-        "  --read-board <port>    Identify the board: its firmware version and hardware, or the\n"
-        "                         bootloader's chip ID when no firmware runs (1: no answer).\n"
-        "  --check-image <firmware.bin>\n"
-        "                         Run the firmware file's checks and print the verdict (1: refused);\n"
-        "                         opens no port, writes nothing.\n"
-        "\n"
-        "Window and headless options:\n"
-        "  --remote-port <port>   The mobile app's WebSocket port (default 12345; 0 turns the\n"
-        "                         remote server off).\n"
-        "  --remote-address <ip>  Listen only on this address (default: every interface). The\n"
-        "                         hub's mDNS name is answered unless this is a loopback address.\n"
-        "  --motion-output <ip:port>\n"
-        "                         Stream the car's motion as DiRT Rally telemetry to motion\n"
-        "                         software (SimHub, FlyPT Mover, SimTools) at this address for\n"
-        "                         this run, such as 127.0.0.1:20777. The saved setting is kept.\n"
-        "  --motion <port>        Connect the motion platform's controller board at the start.\n"
-        "                         Headless without a transmitter, the hub runs the platform alone;\n"
-        "                         SIGINT or SIGTERM sends it Release (motors off) before exiting.\n"
-        "  --motion-platform 2|3|5\n"
-        "                         With --motion: the platform (2DOF, 3DOF, 5DOF; default: the last\n"
-        "                         one chosen).\n"
-        "  --update-url <url>     Read the firmware update manifest from this http(s) address for\n"
-        "                         this run instead of the saved one.\n"
-        "  --web-panel            Start the motion platforms' web panel for phones on this\n"
-        "                         network (first free port of 8090-8099; its address is logged).\n"
-        "  --web-panel-port <port>\n"
-        "                         Start it on the first free port of <port> and the nine after.\n"
-        "  --log-file <path>      Write the log to this file instead of the state folder's\n"
-        "                         orvanehub.log (~/.local/state/OrvaneLabs, rotated at 1 MiB,\n"
-        "                         five files kept).\n"
-        "\n"
-        "Headless options:\n"
-        "  --transmitter <port>   The transmitter's serial port (default: the port remembered in\n"
-        "                         the active profile).\n"
-        "  --baud <rate>          Its baud rate (default 115200, or the rate remembered with the\n"
-        "                         profile's port).\n"
-        "  --receiver <port>      The car receiver's USB serial console (115200 baud), connected\n"
-        "                         at the start and remembered in the profile. It never starts or\n"
-        "                         stops transmission.\n"
-        "  --vehicle car|heli     Use the last used profile of that vehicle type (made when there\n"
-        "                         is none) instead of the active one.\n"
-        "  --wheel <device>       Car roles: wheel base, pedals, shifter.\n"
-        "  --pedals <device>\n"
-        "  --shifter <device>\n"
-        "  --joystick <device>    Helicopter roles (with --vehicle heli): joystick, throttle,\n"
-        "  --throttle <device>    rudder pedals.\n"
-        "  --rudder <device>\n"
-        "                         <device> is an index as --list-devices numbers the controllers\n"
-        "                         (0, 1, ...) or a device name. Roles not given use the devices\n"
-        "                         saved in the profile.\n"
-        "  --start                Start transmission once, as soon as the transmitter and the\n"
-        "                         devices are connected. The start checks still apply: a refusal\n"
-        "                         (pedals pressed, a device missing) is printed and the start is\n"
-        "                         tried again every 500 ms until it succeeds. After any stop it\n"
-        "                         never starts again by itself: start deliberately (window, mobile\n"
-        "                         app or a new process).\n"
-        "\n"
-        "Environment:\n"
-        "  ORVANEHUB_INPUT=virtual:FILE   Play game controllers from a replay file instead of\n"
-        "                                 using real ones (see tools/replays/README.md).\n"
-        "\n"
-        "Exit status: 0 after a clean stop, 1 when the run cannot go on, 2 for a bad command line.\n");
+    const CommandLineReference &reference = commandLineReference();
+    QString help = QStringLiteral("Usage: orvanehub [options]\n\n");
+    help += wrapped(reference.description, 0);
+    for (const CommandLineSection &section : reference.sections) {
+        help += QLatin1Char('\n') + section.title + QStringLiteral(":\n");
+        for (const CommandLineOptionInfo &option : section.options) {
+            const QString label =
+                dashedNames(option) + (option.takesValue() ? QLatin1Char(' ') + option.value : QString());
+            help += helpEntry(label, option.description);
+        }
+        if (!section.note.isEmpty())
+            help += wrapped(section.note, kHelpDescriptionColumn);
+    }
+    help += QStringLiteral("\nEnvironment:\n");
+    for (const CommandLineTerm &variable : reference.environment)
+        help += helpEntry(variable.name, variable.description);
+    help += QStringLiteral("\nExit status:\n");
+    for (const CommandLineTerm &status : reference.exitStatuses)
+        help += helpEntry(status.name, status.description);
+    return help;
 }
 
 } // namespace tavrix

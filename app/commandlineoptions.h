@@ -13,6 +13,8 @@
 
 namespace tavrix {
 
+// Exit status of a run that cannot go on (a port that does not open, a failed walk).
+inline constexpr int kCannotRunExitCode = 1;
 // Exit status of a command line that cannot be honoured (unknown option, bad value, conflict).
 inline constexpr int kBadUsageExitCode = 2;
 
@@ -106,7 +108,7 @@ struct CommandLineParse
 // needs no application object, so main() can decide between a window and none before making one.
 [[nodiscard]] CommandLineParse parseCommandLine(const QStringList &arguments);
 
-// The text `--help` prints.
+// The text `--help` prints, written from the option table (commandlinereference.h).
 [[nodiscard]] QString commandLineHelp();
 
 } // namespace tavrix

@@ -4,9 +4,6 @@
 
 namespace tavrix {
 
-// Exit status of a console mode that could not do what it was asked (the reason is printed).
-inline constexpr int kCannotRunExitCode = 1;
-
 // The modes of orvanehub that need no window. None of them makes a QApplication or a widget,
 // so they run on a machine without a display.
 

@@ -13,19 +13,19 @@ namespace tavrix {
 
 std::optional<ScreenshotMode::Options> ScreenshotMode::fromEnvironment()
 {
-    const QString directory = qEnvironmentVariable("ORVANEHUB_SNAPSHOT_DIR");
+    const QString directory = qEnvironmentVariable(kDirectoryVariable);
     if (directory.isEmpty())
         return std::nullopt;
     Options options;
     options.directory = directory;
-    if (qEnvironmentVariableIsSet("ORVANEHUB_SNAPSHOT_SIZE")) {
-        const QString size = qEnvironmentVariable("ORVANEHUB_SNAPSHOT_SIZE");
+    if (qEnvironmentVariableIsSet(kSizeVariable)) {
+        const QString size = qEnvironmentVariable(kSizeVariable);
         options.size = parseSize(size);
         if (!options.size.isValid())
-            qWarning("Screenshot: ignoring ORVANEHUB_SNAPSHOT_SIZE \"%s\", expected WIDTHxHEIGHT",
+            qWarning("Screenshot: ignoring %s \"%s\", expected WIDTHxHEIGHT", kSizeVariable,
                      qUtf8Printable(size));
     }
-    options.dialogs = qEnvironmentVariableIsSet("ORVANEHUB_SNAPSHOT_DIALOGS");
+    options.dialogs = qEnvironmentVariableIsSet(kDialogsVariable);
     return options;
 }
 

@@ -28,8 +28,12 @@ public:
         std::chrono::milliseconds stepDelay{400};
     };
 
-    // The options from ORVANEHUB_SNAPSHOT_DIR, ORVANEHUB_SNAPSHOT_SIZE and
-    // ORVANEHUB_SNAPSHOT_DIALOGS; none when the directory is not set.
+    // The environment that turns the mode on (the folder), sizes the window and adds the dialogs.
+    static constexpr char kDirectoryVariable[] = "ORVANEHUB_SNAPSHOT_DIR";
+    static constexpr char kSizeVariable[] = "ORVANEHUB_SNAPSHOT_SIZE";
+    static constexpr char kDialogsVariable[] = "ORVANEHUB_SNAPSHOT_DIALOGS";
+
+    // The options from those variables; none when the directory is not set.
     static std::optional<Options> fromEnvironment();
     // "1280x800" -> 1280 x 800; anything else gives an invalid size.
     static QSize parseSize(const QString &text);

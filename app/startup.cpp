@@ -50,6 +50,8 @@ void applyIdentity(QApplication &app)
 {
     applyCoreIdentity();
     app.setWindowIcon(QIcon(QStringLiteral(":/images/orvanelabs-logo.png")));
+    // Wayland compositors find the installed desktop entry, and with it the icon, by this name.
+    QGuiApplication::setDesktopFileName(QStringLiteral(ORVANE_APP_ID));
 }
 
 QString installTranslation(QApplication &app, QTranslator &translator, const QStringList &uiLanguages,

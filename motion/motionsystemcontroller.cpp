@@ -2,6 +2,7 @@
 
 #include "motionframes.h"
 #include "motionsettingsstore.h"
+#include "orvaneusbdevices.h"
 #include "serialportdirectory.h"
 #include "tavrixserialport.h"
 
@@ -13,9 +14,6 @@ namespace tavrix {
 Q_LOGGING_CATEGORY(lcMotionSystem, "orvane.motion")
 
 namespace {
-
-// The board enumerates as an ST-LINK virtual COM port of STMicroelectronics.
-constexpr quint16 kStMicroVendorId = 0x0483;
 
 // Board tests and the Full System test name no single pattern: they report this one.
 constexpr int kBoardTestPattern = kPatternHeave;
@@ -98,7 +96,7 @@ MotionSystemController::~MotionSystemController()
 
 QString MotionSystemController::portLabel(const SerialPortDescription &port)
 {
-    const bool board = port.vendorId == kStMicroVendorId ||
+    const bool board = orvaneUsbDevice(OrvaneUsbDevice::Kind::MotionController).matches(port) ||
                        port.description.contains(QLatin1String("STLink"), Qt::CaseInsensitive) ||
                        port.description.contains(QLatin1String("STM32"), Qt::CaseInsensitive);
     const QString description = board ? tr("Orvane Motion Controller") : port.description;

@@ -1,5 +1,8 @@
 #include "commandlineoptions.h"
+#include "commandlinereference.h"
+#include "manpage.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 using namespace tavrix;
@@ -22,6 +25,10 @@ class TestCommandLineOptions : public QObject
     Q_OBJECT
 
 private slots:
+    // The parser takes its options from the reference table; asking it about a name the table
+    // lacks only warns and reads as "not given", so every parse here would quietly lose it.
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral("option not defined"))); }
+
     void actions_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -219,6 +226,34 @@ private slots:
         QVERIFY(parsed.options.devices.isEmpty());
         QVERIFY(!parsed.options.start);
         QVERIFY(parsed.options.motionPort.isEmpty());
+    }
+
+    // Help and the manual page are both written from the reference: each lists every option
+    // (the manual also every variable, file and exit status) the way its reader looks it up.
+    void referenceReachesHelpAndManual_data()
+    {
+        QTest::addColumn<QString>("inManual");
+        QTest::addColumn<QString>("inHelp");
+        const CommandLineReference &reference = commandLineReference();
+        for (const CommandLineOptionInfo &option : reference.allOptions()) {
+            const QString dashed = QStringLiteral("--") + option.longName();
+            QTest::newRow(qPrintable(dashed))
+                << QStringLiteral(".TP\n\\fB") + roffEscaped(dashedNames(option)) + QStringLiteral("\\fR")
+                << QStringLiteral("\n  ") + dashedNames(option);
+        }
+        const QList<CommandLineTerm> helpTerms = reference.environment + reference.exitStatuses;
+        for (const CommandLineTerm &term : reference.environment + reference.files + reference.exitStatuses)
+            QTest::newRow(qPrintable(term.name))
+                << QStringLiteral(".TP\n\\fB") + roffEscaped(term.name) + QStringLiteral("\\fR\n")
+                << (helpTerms.contains(term) ? QStringLiteral("\n  ") + term.name : QString());
+    }
+
+    void referenceReachesHelpAndManual()
+    {
+        QFETCH(QString, inManual);
+        QFETCH(QString, inHelp);
+        QVERIFY(commandLineManPage(QStringLiteral("1.0")).contains(inManual));
+        QVERIFY(commandLineHelp().contains(inHelp));
     }
 };
 
