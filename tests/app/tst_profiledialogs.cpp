@@ -238,7 +238,7 @@ private slots:
         QVERIFY(dash);
         QVERIFY(rig.startCarTransmission());
         // The car's motion arrives with the rest; nothing is chosen yet, so all of it shows.
-        QTRY_VERIFY_WITH_TIMEOUT(dash->telemetryGrid()->tileCount() > 5, 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(dash->telemetryGrid()->tileCount() > 5, 20000);
         dash->telemetrySettingsButton()->click();
         auto *dialog = openDialog<DashboardSettingsDialog>(rig.window.get());
         QVERIFY(dialog);
