@@ -45,5 +45,7 @@ void wireVehicleDialogs(const DialogWiring &wiring);
 void wireConfigurationDialogs(const DialogWiring &wiring);
 // Firmware updates, opened from the About page.
 void wireFirmwareDialogs(const DialogWiring &wiring);
+// Profiles, opened from the vehicle pages, and the dashboard's tiles, opened from its telemetry card.
+void wireProfileDialogs(const DialogWiring &wiring);
 
 } // namespace tavrix

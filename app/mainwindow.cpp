@@ -184,6 +184,7 @@ void MainWindow::bindPages()
     wireVehicleDialogs(wiring);
     wireConfigurationDialogs(wiring);
     wireFirmwareDialogs(wiring);
+    wireProfileDialogs(wiring);
 }
 
 void MainWindow::bindMotionPages()

@@ -9,6 +9,68 @@ namespace tavrix::telemetrycatalogue {
 
 namespace {
 
+// Every key the catalogue makes, named once: the frame readers below fill them and allKeys()
+// offers them, so a choice of readings can never name one that no frame brings.
+namespace key {
+constexpr QLatin1String kUplinkRssi1{"1RSS"};
+constexpr QLatin1String kUplinkRssi2{"2RSS"};
+constexpr QLatin1String kLinkQuality{"RQly"};
+constexpr QLatin1String kUplinkSnr{"RSNR"};
+constexpr QLatin1String kAntenna{"ANT"};
+constexpr QLatin1String kRfMode{"RFMD"};
+constexpr QLatin1String kTxPower{"TPWR"};
+constexpr QLatin1String kDownlinkRssi{"TRSS"};
+constexpr QLatin1String kDownlinkQuality{"TQly"};
+constexpr QLatin1String kDownlinkSnr{"TSNR"};
+constexpr QLatin1String kGpsPosition{"GPS"};
+constexpr QLatin1String kGpsSpeed{"GSpd"};
+constexpr QLatin1String kHeading{"Hdg"};
+constexpr QLatin1String kAltitude{"GAlt"};
+constexpr QLatin1String kSatellites{"Sats"};
+constexpr QLatin1String kLongitudinalG{"GLon"};
+constexpr QLatin1String kLateralG{"GLat"};
+constexpr QLatin1String kVerticalG{"GVrt"};
+constexpr QLatin1String kPitch{"Ptch"};
+constexpr QLatin1String kRoll{"Roll"};
+constexpr QLatin1String kYaw{"Yaw"};
+constexpr QLatin1String kBatteryVoltage{"RxBt"};
+constexpr QLatin1String kCurrent{"Curr"};
+constexpr QLatin1String kCapacity{"Capa"};
+constexpr QLatin1String kBatteryRemaining{"Bat%"};
+constexpr QLatin1String kLateralAcceleration{"latA"};
+constexpr QLatin1String kYawRate{"yawR"};
+constexpr QLatin1String kLateralJerk{"jerk"};
+
+constexpr QLatin1String kAll[] = {kUplinkRssi1,
+                                  kUplinkRssi2,
+                                  kLinkQuality,
+                                  kUplinkSnr,
+                                  kAntenna,
+                                  kRfMode,
+                                  kTxPower,
+                                  kDownlinkRssi,
+                                  kDownlinkQuality,
+                                  kDownlinkSnr,
+                                  kGpsPosition,
+                                  kGpsSpeed,
+                                  kHeading,
+                                  kAltitude,
+                                  kSatellites,
+                                  kLongitudinalG,
+                                  kLateralG,
+                                  kVerticalG,
+                                  kPitch,
+                                  kRoll,
+                                  kYaw,
+                                  kBatteryVoltage,
+                                  kCurrent,
+                                  kCapacity,
+                                  kBatteryRemaining,
+                                  kLateralAcceleration,
+                                  kYawRate,
+                                  kLateralJerk};
+} // namespace key
+
 constexpr double kDegreesPerRadian = 57.29577951308232;
 
 int16_t readSigned16(const QByteArray &payload, qsizetype offset)
@@ -64,21 +126,21 @@ void addLinkStatistics(TelemetryCatalogue &catalogue, const QByteArray &payload)
     const auto percent = [](int v) { return QStringLiteral("%1 %").arg(v); };
     const auto db = [](int v) { return QStringLiteral("%1 dB").arg(v); };
 
-    upsert(catalogue, QStringLiteral("1RSS"), dbm(stats.uplinkRssi1));
-    upsert(catalogue, QStringLiteral("2RSS"), dbm(stats.uplinkRssi2));
-    upsert(catalogue, QStringLiteral("RQly"), percent(stats.linkQuality));
-    upsert(catalogue, QStringLiteral("RSNR"), db(stats.snr));
-    upsert(catalogue, QStringLiteral("ANT"), QString::number(stats.antenna));
-    upsert(catalogue, QStringLiteral("RFMD"), QString::number(stats.rfMode));
+    upsert(catalogue, key::kUplinkRssi1, dbm(stats.uplinkRssi1));
+    upsert(catalogue, key::kUplinkRssi2, dbm(stats.uplinkRssi2));
+    upsert(catalogue, key::kLinkQuality, percent(stats.linkQuality));
+    upsert(catalogue, key::kUplinkSnr, db(stats.snr));
+    upsert(catalogue, key::kAntenna, QString::number(stats.antenna));
+    upsert(catalogue, key::kRfMode, QString::number(stats.rfMode));
     const int milliwatts = txPowerMilliwatts(stats.txPower);
     if (milliwatts >= 0)
-        upsert(catalogue, QStringLiteral("TPWR"), QStringLiteral("%1 mW").arg(milliwatts));
+        upsert(catalogue, key::kTxPower, QStringLiteral("%1 mW").arg(milliwatts));
     else
-        upsert(catalogue, QStringLiteral("TPWR"), QStringLiteral("? mW"),
+        upsert(catalogue, key::kTxPower, QStringLiteral("? mW"),
                QStringLiteral("unknown power index %1").arg(stats.txPower));
-    upsert(catalogue, QStringLiteral("TRSS"), dbm(stats.downlinkRssi));
-    upsert(catalogue, QStringLiteral("TQly"), percent(stats.downlinkLinkQuality));
-    upsert(catalogue, QStringLiteral("TSNR"), db(stats.downlinkSnr));
+    upsert(catalogue, key::kDownlinkRssi, dbm(stats.downlinkRssi));
+    upsert(catalogue, key::kDownlinkQuality, percent(stats.downlinkLinkQuality));
+    upsert(catalogue, key::kDownlinkSnr, db(stats.downlinkSnr));
 }
 
 void addGps(TelemetryCatalogue &catalogue, const QByteArray &payload)
@@ -89,11 +151,11 @@ void addGps(TelemetryCatalogue &catalogue, const QByteArray &payload)
     const QString position =
         fix.valid ? QStringLiteral("%1, %2").arg(fixed(fix.latitude, 6), fixed(fix.longitude, 6))
                   : QStringLiteral("No fix");
-    upsert(catalogue, QStringLiteral("GPS"), position);
-    upsert(catalogue, QStringLiteral("GSpd"), QStringLiteral("%1 km/h").arg(fixed(fix.speedKmh, 1)));
-    upsert(catalogue, QStringLiteral("Hdg"), degrees(fix.headingDeg));
-    upsert(catalogue, QStringLiteral("GAlt"), QStringLiteral("%1 m").arg(fix.altitudeM));
-    upsert(catalogue, QStringLiteral("Sats"), QString::number(fix.satellites));
+    upsert(catalogue, key::kGpsPosition, position);
+    upsert(catalogue, key::kGpsSpeed, QStringLiteral("%1 km/h").arg(fixed(fix.speedKmh, 1)));
+    upsert(catalogue, key::kHeading, degrees(fix.headingDeg));
+    upsert(catalogue, key::kAltitude, QStringLiteral("%1 m").arg(fix.altitudeM));
+    upsert(catalogue, key::kSatellites, QString::number(fix.satellites));
 }
 
 void addVehicleRecord(TelemetryCatalogue &catalogue, const QByteArray &payload)
@@ -101,7 +163,7 @@ void addVehicleRecord(TelemetryCatalogue &catalogue, const QByteArray &payload)
     const VehicleRecord record = CrsfProtocol::decodeVehicleRecord(payload);
     if (!record.valid)
         return;
-    const QString keys[3] = {QStringLiteral("GLon"), QStringLiteral("GLat"), QStringLiteral("GVrt")};
+    const QString keys[3] = {key::kLongitudinalG, key::kLateralG, key::kVerticalG};
     for (int i = 0; i < 3; ++i)
         upsert(catalogue, keys[i], QStringLiteral("%1 g").arg(fixed(record.values[i], 2)));
 }
@@ -114,9 +176,9 @@ void addAttitude(TelemetryCatalogue &catalogue, const QByteArray &payload)
     const auto angle = [&](qsizetype offset) {
         return degrees(readSigned16(payload, offset) / 10000.0 * kDegreesPerRadian);
     };
-    upsert(catalogue, QStringLiteral("Ptch"), angle(0));
-    upsert(catalogue, QStringLiteral("Roll"), angle(2));
-    upsert(catalogue, QStringLiteral("Yaw"), angle(4));
+    upsert(catalogue, key::kPitch, angle(0));
+    upsert(catalogue, key::kRoll, angle(2));
+    upsert(catalogue, key::kYaw, angle(4));
 }
 
 // Frame 0x08 is a battery only when the receiver is known to send one; an unknown
@@ -127,32 +189,39 @@ void addBatteryOrDynamics(TelemetryCatalogue &catalogue, const QByteArray &paylo
         payload.size() >= crsf::kBatteryPayloadSize) {
         const BatterySensor battery = CrsfProtocol::decodeBattery(payload);
         if (!battery.present) {
-            upsert(catalogue, QStringLiteral("RxBt"), QStringLiteral("--"), QStringLiteral("not reported"));
+            upsert(catalogue, key::kBatteryVoltage, QStringLiteral("--"), QStringLiteral("not reported"));
         } else {
             // The newer receiver carries an acceleration in the voltage field.
             const QString unit = receiverGeneration >= crsf::kReceiverGenerationNewer
                                      ? QStringLiteral("%1 g")
                                      : QStringLiteral("%1 V");
-            upsert(catalogue, QStringLiteral("RxBt"), unit.arg(fixed(battery.voltage, 1)));
+            upsert(catalogue, key::kBatteryVoltage, unit.arg(fixed(battery.voltage, 1)));
         }
-        upsert(catalogue, QStringLiteral("Curr"), QStringLiteral("%1 A").arg(fixed(battery.current, 1)));
-        upsert(catalogue, QStringLiteral("Capa"), QStringLiteral("%1 mAh").arg(battery.capacity));
-        upsert(catalogue, QStringLiteral("Bat%"), QStringLiteral("%1 %").arg(battery.remaining));
+        upsert(catalogue, key::kCurrent, QStringLiteral("%1 A").arg(fixed(battery.current, 1)));
+        upsert(catalogue, key::kCapacity, QStringLiteral("%1 mAh").arg(battery.capacity));
+        upsert(catalogue, key::kBatteryRemaining, QStringLiteral("%1 %").arg(battery.remaining));
         return;
     }
     if (payload.size() < 6)
         return;
     // Three big-endian signed values in thousandths.
     const auto milli = [&](qsizetype offset) { return fixed(readSigned16(payload, offset) / 1000.0, 2); };
-    upsert(catalogue, QStringLiteral("latA"), QStringLiteral("%1 g").arg(milli(0)),
+    upsert(catalogue, key::kLateralAcceleration, QStringLiteral("%1 g").arg(milli(0)),
            QStringLiteral("lateral"));
-    upsert(catalogue, QStringLiteral("yawR"), QStringLiteral("%1 rad/s").arg(milli(2)),
-           QStringLiteral("yaw rate"));
-    upsert(catalogue, QStringLiteral("jerk"), QStringLiteral("%1 g").arg(milli(4)),
+    upsert(catalogue, key::kYawRate, QStringLiteral("%1 rad/s").arg(milli(2)), QStringLiteral("yaw rate"));
+    upsert(catalogue, key::kLateralJerk, QStringLiteral("%1 g").arg(milli(4)),
            QStringLiteral("lateral change"));
 }
 
 } // namespace
+
+QStringList allKeys()
+{
+    QStringList keys;
+    for (QLatin1String k : key::kAll)
+        keys.append(k);
+    return keys;
+}
 
 TelemetryCatalogue update(TelemetryCatalogue catalogue, uint8_t frameType, const QByteArray &payload,
                           int receiverGeneration)

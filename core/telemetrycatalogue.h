@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 
@@ -28,6 +29,9 @@ namespace telemetrycatalogue {
 // crsf::kReceiverGeneration*: it decides whether a 0x08 frame is a battery.
 [[nodiscard]] TelemetryCatalogue update(TelemetryCatalogue catalogue, uint8_t frameType,
                                         const QByteArray &payload, int receiverGeneration);
+
+// Every key a frame can bring into the catalogue, grouped by the frame that brings it.
+[[nodiscard]] QStringList allKeys();
 
 } // namespace telemetrycatalogue
 

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QLoggingCategory>
 #include <QStandardPaths>
 
@@ -38,6 +39,12 @@ QString nameOf(const QJsonObject &document)
 QString idOf(const QJsonObject &document)
 {
     return document.value(keys::kId).toString();
+}
+
+// A name as the store keeps it: without surrounding blanks, cut to the longest it keeps.
+QString cleanName(const QString &name)
+{
+    return name.trimmed().left(ProfileManager::kMaxNameLength);
 }
 
 } // namespace
@@ -201,7 +208,7 @@ QString ProfileManager::uniqueName(const QString &wanted) const
 
 QString ProfileManager::createProfile(const QString &name)
 {
-    const QString wanted = name.trimmed().isEmpty() ? u"New Profile"_s : name.trimmed();
+    const QString wanted = cleanName(name).isEmpty() ? u"New Profile"_s : cleanName(name);
     QJsonObject document = ProfileSchema::defaultProfile(ProfileSchema::newIdentifier(), wanted,
                                                          ProfileSchema::currentTimestamp());
     if (!addNewProfile(document))
@@ -219,7 +226,8 @@ QString ProfileManager::duplicateProfile(const QString &sourceId, const QString 
     }
     QJsonObject document = m_profiles.at(source).document;
     const QString now = ProfileSchema::currentTimestamp();
-    document.insert(keys::kName, name.trimmed().isEmpty() ? nameOf(document) + u" (Copy)"_s : name.trimmed());
+    document.insert(keys::kName,
+                    cleanName(name).isEmpty() ? cleanName(nameOf(document) + u" (Copy)"_s) : cleanName(name));
     document.insert(keys::kId, ProfileSchema::newIdentifier());
     document.insert(keys::kCreatedAt, now);
     document.insert(keys::kModifiedAt, now);
@@ -231,7 +239,7 @@ QString ProfileManager::duplicateProfile(const QString &sourceId, const QString 
 
 bool ProfileManager::renameProfile(const QString &id, const QString &newName)
 {
-    const QString name = newName.trimmed();
+    const QString name = cleanName(newName);
     if (name.isEmpty())
         return refuse(tr("Profile name cannot be empty"));
     const int index = indexOrRefuse(id);
@@ -297,19 +305,36 @@ QString ProfileManager::importProfile(const QString &filePath)
         return {};
     }
     QJsonObject document = ProfileSchema::readProfile(*read.object);
-    if (idOf(document).isEmpty() || nameOf(document).isEmpty()) {
+    if (idOf(document).isEmpty() || cleanName(nameOf(document)).isEmpty()) {
         refuse(tr("Invalid profile data"));
+        return {};
+    }
+    if (document.value(keys::kButtonMappings).toArray().size() > kMaxButtonMappings) {
+        refuse(tr("Too many button mappings (max %1)").arg(kMaxButtonMappings));
         return {};
     }
     const QString now = ProfileSchema::currentTimestamp();
     document.insert(keys::kId, ProfileSchema::newIdentifier());
-    document.insert(keys::kName, uniqueName(nameOf(document)));
+    document.insert(keys::kName, uniqueName(cleanName(nameOf(document))));
     document.insert(keys::kCreatedAt, now);
     document.insert(keys::kModifiedAt, now);
     if (!addNewProfile(document))
         return {};
     emit profileListChanged();
     return idOf(m_profiles.constLast().document);
+}
+
+bool ProfileManager::exportProfile(const QString &id, const QString &filePath)
+{
+    const int index = indexOrRefuse(id);
+    if (index < 0)
+        return false;
+    QString reason;
+    if (!JsonFile::write(filePath, m_profiles.at(index).document, &reason)) {
+        qCWarning(lcProfiles).noquote() << "ProfileManager: cannot export to" << filePath << ":" << reason;
+        return refuse(tr("Failed to write file: %1").arg(filePath));
+    }
+    return true;
 }
 
 bool ProfileManager::setActiveProfile(const QString &id)
@@ -496,6 +521,8 @@ QString ProfileManager::configPath() const
 
 bool ProfileManager::addNewProfile(QJsonObject document)
 {
+    if (m_profiles.size() >= kMaxProfiles)
+        return refuse(tr("Too many profiles (max %1)").arg(kMaxProfiles));
     // A new identifier never names an existing file, not even one skipped as unreadable.
     while (QFileInfo::exists(pathFor(idOf(document))))
         document.insert(keys::kId, ProfileSchema::newIdentifier());

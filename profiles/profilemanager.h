@@ -53,6 +53,13 @@ class ProfileManager : public QObject
     Q_PROPERTY(QString activeProfileName READ activeProfileName NOTIFY activeProfileChanged)
 
 public:
+    // Every profile is a file and a row in every list, whoever adds it (this window, the
+    // mobile app, an import): the store holds at most this many, names at most this long.
+    static constexpr int kMaxProfiles = 100;
+    static constexpr int kMaxNameLength = 100;
+    // The button mapping engine walks a profile's whole list on every 7 ms tick.
+    static constexpr int kMaxButtonMappings = 64;
+
     // Profiles under QStandardPaths::AppDataLocation.
     explicit ProfileManager(QObject *parent = nullptr);
     // Profiles under baseDirectory (the "profiles" folder is made inside it).
@@ -84,6 +91,8 @@ public:
     bool renameProfile(const QString &id, const QString &newName);
     bool deleteProfile(const QString &id);
     QString importProfile(const QString &filePath);
+    // Writes the profile's whole document to filePath, atomically, as importProfile() reads it.
+    bool exportProfile(const QString &id, const QString &filePath);
     bool setActiveProfile(const QString &id);
     // Writes the profile's file again as it is in memory.
     bool saveProfile(const QString &id);

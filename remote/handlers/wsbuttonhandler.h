@@ -1,5 +1,6 @@
 #pragma once
 
+#include "profilemanager.h"
 #include "wstablehandler.h"
 
 namespace tavrix {
@@ -12,8 +13,7 @@ class WsButtonHandler : public WsTableHandler
     Q_OBJECT
 
 public:
-    // The mapping engine walks the whole list on every 7 ms tick.
-    static constexpr int kMaxMappings = 64;
+    static constexpr int kMaxMappings = ProfileManager::kMaxButtonMappings;
     static constexpr int kMaxExtraButtons = 16;
     static constexpr int kMaxNameLength = 64;
 

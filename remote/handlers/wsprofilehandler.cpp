@@ -1,9 +1,7 @@
 #include "wsprofilehandler.h"
 
-#include "profilekeys.h"
 #include "profilemanager.h"
 #include "tavrixcontroller.h"
-#include "wsbuttonhandler.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -19,9 +17,10 @@ const QLatin1String kName{"name"};
 const QLatin1String kSourceId{"sourceId"};
 const QLatin1String kProfileJson{"profileJson"};
 
+// The store cuts names to its own limit; only "no name at all" is this handler's to refuse.
 QString nameFrom(const RemoteRequest &request)
 {
-    return request.text(kName).trimmed().left(WsProfileHandler::kMaxNameLength);
+    return request.text(kName).trimmed();
 }
 
 QJsonObject withId(const QString &id)
@@ -91,7 +90,7 @@ QJsonObject WsProfileHandler::createProfile(const RemoteRequest &request)
     const QString name = nameFrom(request);
     if (name.isEmpty())
         return request.failed(QStringLiteral("Missing 'name' parameter"));
-    const QString id = isFull() ? QString() : store()->createProfile(name);
+    const QString id = store()->createProfile(name);
     if (id.isEmpty())
         return request.failed(QStringLiteral("Failed to create profile"));
     return request.succeeded(withId(id));
@@ -112,7 +111,7 @@ QJsonObject WsProfileHandler::duplicateProfile(const RemoteRequest &request)
     const QString name = nameFrom(request);
     if (sourceId.isEmpty() || name.isEmpty())
         return request.failed(QStringLiteral("Missing 'sourceId' or 'name' parameter"));
-    const QString id = isFull() ? QString() : store()->duplicateProfile(sourceId, name);
+    const QString id = store()->duplicateProfile(sourceId, name);
     if (id.isEmpty())
         return request.failed(QStringLiteral("Failed to duplicate profile"));
     return request.succeeded(withId(id));
@@ -131,15 +130,9 @@ QJsonObject WsProfileHandler::importProfile(const RemoteRequest &request)
 {
     if (!request.data().value(kProfileJson).isObject())
         return request.failed(QStringLiteral("Missing 'profileJson' object"));
-    // The transmit tick walks every button mapping of the active profile; an import may
-    // not bring more than the app can add one by one.
-    const qsizetype mappings =
-        request.object(kProfileJson).value(profilekeys::kButtonMappings).toArray().size();
-    if (isFull() || mappings > WsButtonHandler::kMaxMappings)
-        return request.failed(QStringLiteral("Failed to import profile"));
-    // The store imports files, as the desktop's import does; the copy here lives only for
-    // this call and is removed with the QTemporaryFile. The document is bounded by the
-    // server's message limit.
+    // The store imports files, as the desktop's import does, and refuses what it would not
+    // keep (too many profiles or button mappings); the copy here lives only for this call and
+    // is removed with the QTemporaryFile. The document is bounded by the server's message limit.
     QTemporaryFile file(QDir::tempPath() + QStringLiteral("/tavrix_import_XXXXXX.json"));
     const QByteArray bytes = QJsonDocument(request.object(kProfileJson)).toJson(QJsonDocument::Compact);
     if (!file.open() || file.write(bytes) != bytes.size() || !file.flush())
@@ -167,11 +160,6 @@ QJsonObject WsProfileHandler::exportProfile(const RemoteRequest &request)
 ProfileManager *WsProfileHandler::store() const
 {
     return controller()->profileManager();
-}
-
-bool WsProfileHandler::isFull() const
-{
-    return store()->profiles().size() >= kMaxProfiles;
 }
 
 } // namespace tavrix

@@ -13,10 +13,6 @@ class WsProfileHandler : public WsTableHandler
     Q_OBJECT
 
 public:
-    // Every profile is a file and a row in every list: a client may not add without end.
-    static constexpr int kMaxProfiles = 100;
-    static constexpr int kMaxNameLength = 100;
-
     WsProfileHandler(TavrixController *controller, QObject *parent);
 
 private:
@@ -31,7 +27,6 @@ private:
     QJsonObject exportProfile(const RemoteRequest &request);
 
     [[nodiscard]] ProfileManager *store() const;
-    [[nodiscard]] bool isFull() const;
 };
 
 } // namespace tavrix

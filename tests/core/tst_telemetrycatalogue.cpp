@@ -84,6 +84,8 @@ void TestTelemetryCatalogue::catalogueReadings()
     const TelemetryCatalogue catalogue = telemetrycatalogue::update({}, uint8_t(type), payload, generation);
     QCOMPARE(describe(catalogue), expected);
     for (const TelemetrySensor &sensor : catalogue) {
+        // Every reading a frame brings is one the dashboard offers.
+        QVERIFY(telemetrycatalogue::allKeys().contains(sensor.key));
         QVERIFY(sensor.extra.isEmpty());
         QCOMPARE(sensor.updatedMs, 0);
     }

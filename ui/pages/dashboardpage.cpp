@@ -79,6 +79,9 @@ QWidget *DashboardPage::buildTelemetryCard()
 {
     auto *card = new hub::Card(tr("Telemetry"), this);
     card->setSubtitle(tr("The car's sensors the profile shows, stale readings dimmed"));
+    m_telemetrySettings = new QPushButton(tr("Choose tiles\u2026"), card);
+    card->addHeaderWidget(m_telemetrySettings);
+    connect(m_telemetrySettings, &QAbstractButton::clicked, this, &DashboardPage::telemetrySettingsRequested);
     m_telemetryEmpty = new hub::EmptyState(
         hub::Glyph::Gauge, tr("No telemetry yet"),
         tr("Readings from the car's sensors appear here while transmission runs and the car is linked."),

@@ -32,6 +32,7 @@ public:
     hub::StatusRow *remoteRow() const { return m_remote; }
     QAbstractButton *remoteDetailsButton() const { return m_remoteDetails; }
     hub::EmptyState *telemetryEmptyState() const { return m_telemetryEmpty; }
+    QAbstractButton *telemetrySettingsButton() const { return m_telemetrySettings; }
 
 public slots:
     void setTransmitterState(bool connected, const QString &port = {});
@@ -52,6 +53,8 @@ signals:
     void pageRequested(const QString &pageKey);
     // The mobile app server's details, from the button beside its row.
     void remoteDetailsRequested();
+    // Which readings the telemetry card shows, from the button in its header.
+    void telemetrySettingsRequested();
 
 private:
     QWidget *buildConnectionsCard();
@@ -64,6 +67,7 @@ private:
     hub::StatusRow *m_receiver = nullptr;
     hub::StatusRow *m_remote = nullptr;
     QAbstractButton *m_remoteDetails = nullptr;
+    QAbstractButton *m_telemetrySettings = nullptr;
     hub::StatusPill *m_transmissionPill = nullptr;
     hub::StatTile *m_vehicle = nullptr;
     hub::StatTile *m_frameRate = nullptr;

@@ -18,8 +18,11 @@ VehiclePage::VehiclePage(const QString &title, const QString &subtitle, QWidget 
 {
     header()->setBackLink(tr("Vehicles"));
     connect(header(), &hub::PageHeader::backRequested, this, &VehiclePage::backRequested);
+    m_profiles = new QPushButton(tr("Profiles\u2026"), this);
+    connect(m_profiles, &QPushButton::clicked, this, &VehiclePage::profilesRequested);
     m_state = new hub::StatusPill(hub::Tone::Neutral, QString(), this);
     m_start = new QPushButton(this);
+    header()->addAction(m_profiles);
     header()->addAction(m_state);
     header()->addAction(m_start);
     connect(m_start, &QPushButton::clicked, this, [this] {

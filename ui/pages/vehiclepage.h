@@ -39,6 +39,7 @@ public:
     hub::Notice *problemNotice() const { return m_problem; }
     hub::Notice *profileNotice() const { return m_profileNotice; }
     QPushButton *switchProfileButton() const { return m_switchProfile; }
+    QPushButton *profilesButton() const { return m_profiles; }
 
 public slots:
     void setTransmitting(bool running);
@@ -55,6 +56,8 @@ signals:
     void startRequested();
     void stopRequested();
     void switchProfileRequested();
+    // The list of profiles, to create, switch or share one.
+    void profilesRequested();
 
 protected:
     void addToLeftColumn(QWidget *card);
@@ -69,6 +72,7 @@ private:
     hub::Notice *m_problem = nullptr;
     hub::Notice *m_profileNotice = nullptr;
     QPushButton *m_switchProfile = nullptr;
+    QPushButton *m_profiles = nullptr;
     QPushButton *m_start = nullptr;
     QVBoxLayout *m_left = nullptr;
     QVBoxLayout *m_right = nullptr;
