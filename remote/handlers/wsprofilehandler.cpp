@@ -1,9 +1,9 @@
 #include "wsprofilehandler.h"
 
+#include "buttonmappingbook.h"
 #include "profilekeys.h"
 #include "profilemanager.h"
 #include "tavrixcontroller.h"
-#include "wsbuttonhandler.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -135,7 +135,7 @@ QJsonObject WsProfileHandler::importProfile(const RemoteRequest &request)
     // not bring more than the app can add one by one.
     const qsizetype mappings =
         request.object(kProfileJson).value(profilekeys::kButtonMappings).toArray().size();
-    if (isFull() || mappings > WsButtonHandler::kMaxMappings)
+    if (isFull() || mappings > ButtonMappingBook::kMaxMappings)
         return request.failed(QStringLiteral("Failed to import profile"));
     // The store imports files, as the desktop's import does; the copy here lives only for
     // this call and is removed with the QTemporaryFile. The document is bounded by the
