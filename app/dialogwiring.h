@@ -12,9 +12,11 @@ namespace tavrix {
 class CarPage;
 class DashboardPage;
 class DialogRegistry;
+class DriveSettingsDialog;
 class HeliPage;
 class HubServices;
 class InfoPage;
+class ProfileManager;
 
 // What one group of dialogs needs from the window to register itself: the services the
 // dialogs edit, the registry they go into, the pages whose buttons open them, and a way to
@@ -45,5 +47,9 @@ void wireVehicleDialogs(const DialogWiring &wiring);
 void wireConfigurationDialogs(const DialogWiring &wiring);
 // Firmware updates, opened from the About page.
 void wireFirmwareDialogs(const DialogWiring &wiring);
+// Button mappings, opened from the car page's Configure card.
+void wireButtonDialogs(const DialogWiring &wiring);
+// Lets the drive dialog open the ESC presets it offers, as a dialog of its own above it.
+void offerEscPresets(DriveSettingsDialog *drive, ProfileManager *profiles);
 
 } // namespace tavrix

@@ -73,6 +73,7 @@ private slots:
                              QStringLiteral("dark-dlg-motion-web.png"),
                              QStringLiteral("dark-dlg-axis.png"),
                              QStringLiteral("dark-dlg-drive.png"),
+                             QStringLiteral("dark-dlg-buttons.png"),
                              QStringLiteral("dark-dlg-pedal-verify.png")};
         for (const char *page :
              {"dashboard", "vehicles", "rc-car", "rc-heli", "motion-chooser", "motion-panel", "info"})
