@@ -142,12 +142,12 @@ QString ButtonMappingEditor::summary(const Values &v)
     QString text;
     switch (v.behaviour) {
     case Behaviour::Momentary:
-        text = tr("%1 while pressed, else %2").arg(v.pressedValue).arg(v.startValue);
+        text = tr("%1 pressed, %2 released").arg(v.pressedValue).arg(v.startValue);
         break;
     case Behaviour::HoldToRaise:
     case Behaviour::HoldToLower:
         text =
-            tr("%1%2 per s within %3\u2013%4, from %5")
+            tr("%1%2/s in %3\u2013%4, from %5")
                 .arg(v.behaviour == Behaviour::HoldToRaise ? QStringLiteral("+") : QStringLiteral("\u2212"))
                 .arg(v.rate)
                 .arg(v.minimum)
@@ -158,10 +158,10 @@ QString ButtonMappingEditor::summary(const Values &v)
         text = tr("on %1, off %2").arg(v.pressedValue).arg(v.startValue);
         break;
     case Behaviour::SwitchPosition:
-        text = tr("position %1, from %2").arg(v.pressedValue).arg(v.startValue);
+        text = tr("%1, from %2").arg(v.pressedValue).arg(v.startValue);
         break;
     }
-    return v.pitLimiter ? tr("%1; pit limiter").arg(text) : text;
+    return v.pitLimiter ? tr("%1, pit limiter").arg(text) : text;
 }
 
 QSpinBox *ButtonMappingEditor::valueBox(int minimum, int maximum)

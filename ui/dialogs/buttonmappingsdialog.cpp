@@ -29,7 +29,7 @@ ButtonMappingsDialog::ButtonMappingsDialog(const ButtonMappingEditor::Limits &li
     : QDialog(parent)
 {
     setWindowTitle(tr("Button mappings"));
-    setMinimumWidth(820);
+    setMinimumWidth(900);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(12);
@@ -72,7 +72,7 @@ ButtonMappingsDialog::ButtonMappingsDialog(const ButtonMappingEditor::Limits &li
     actions->addWidget(m_remove);
     actions->addStretch(1);
     list->addLayout(actions);
-    columns->addLayout(list, 3);
+    columns->addLayout(list, 5);
 
     m_editor = new ButtonMappingEditor(limits, this);
     connect(m_editor, &ButtonMappingEditor::edited, this, [this](const Mapping &mapping) {
@@ -83,7 +83,7 @@ ButtonMappingsDialog::ButtonMappingsDialog(const ButtonMappingEditor::Limits &li
         if (selectedRow() >= 0)
             emit pressRequested(selectedRow());
     });
-    columns->addWidget(m_editor, 2);
+    columns->addWidget(m_editor, 3);
     column->addLayout(columns, 1);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
@@ -114,8 +114,12 @@ void ButtonMappingsDialog::showMappings(const QList<Mapping> &mappings, int sele
                     : QStringLiteral("%1 (%2)").arg(m.name, ButtonMappingEditor::sourceName(m.source));
             const QStringList cells = {control, ButtonMappingEditor::behaviourName(m.behaviour),
                                        tr("CH%1").arg(m.channel + 1), ButtonMappingEditor::summary(m)};
-            for (int cell = 0; cell < ColumnCount; ++cell)
-                m_table->setItem(row, cell, new QTableWidgetItem(cells.at(cell)));
+            for (int cell = 0; cell < ColumnCount; ++cell) {
+                auto *item = new QTableWidgetItem(cells.at(cell));
+                // A narrow column elides; the whole text is a hover away.
+                item->setToolTip(cells.at(cell));
+                m_table->setItem(row, cell, item);
+            }
         }
         m_table->clearSelection();
         if (!mappings.isEmpty())
