@@ -35,6 +35,7 @@ void wireConfigurationDialogs(const DialogWiring &wiring)
     wiring.dialogs.add(kDriveDialog, [controller](QWidget *parent) {
         auto *dialog = new DriveSettingsDialog(DriveSettingsDialogBinder::limits(), parent);
         new DriveSettingsDialogBinder(dialog, controller->profileManager());
+        offerEscPresets(dialog, controller->profileManager());
         return dialog;
     });
     wiring.dialogs.add(kPedalVerifyDialog, [controller](QWidget *parent) {

@@ -12,9 +12,11 @@ namespace tavrix {
 class CarPage;
 class DashboardPage;
 class DialogRegistry;
+class DriveSettingsDialog;
 class HeliPage;
 class HubServices;
 class InfoPage;
+class ProfileManager;
 
 // What one group of dialogs needs from the window to register itself: the services the
 // dialogs edit, the registry they go into, the pages whose buttons open them, and a way to
@@ -47,5 +49,9 @@ void wireConfigurationDialogs(const DialogWiring &wiring);
 void wireFirmwareDialogs(const DialogWiring &wiring);
 // Profiles, opened from the vehicle pages, and the dashboard's tiles, opened from its telemetry card.
 void wireProfileDialogs(const DialogWiring &wiring);
+// Button mappings, opened from the car page's Configure card.
+void wireButtonDialogs(const DialogWiring &wiring);
+// Lets the drive dialog open the ESC presets it offers, as a dialog of its own above it.
+void offerEscPresets(DriveSettingsDialog *drive, ProfileManager *profiles);
 
 } // namespace tavrix

@@ -185,6 +185,7 @@ void MainWindow::bindPages()
     wireConfigurationDialogs(wiring);
     wireFirmwareDialogs(wiring);
     wireProfileDialogs(wiring);
+    wireButtonDialogs(wiring);
 }
 
 void MainWindow::bindMotionPages()

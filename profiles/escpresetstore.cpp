@@ -76,11 +76,18 @@ bool EscPresetStore::load(QString *reason)
 
 QString EscPresetStore::createPreset(const QString &name, int neutral, int fullForward, int fullReverse)
 {
-    if (name.trimmed().isEmpty()) {
+    const QString trimmed = name.trimmed().left(kMaxNameLength);
+    if (trimmed.isEmpty()) {
         refuse(tr("ESC preset name cannot be empty"));
         return {};
     }
-    const EscPreset preset{ProfileSchema::newIdentifier(), name.trimmed(), neutral, fullForward, fullReverse};
+    if (refuseEndPoints(neutral, fullForward, fullReverse))
+        return {};
+    if (m_presets.size() >= kMaxPresets) {
+        refuse(tr("Too many ESC presets (max %1)").arg(kMaxPresets));
+        return {};
+    }
+    const EscPreset preset{ProfileSchema::newIdentifier(), trimmed, neutral, fullForward, fullReverse};
     QList<EscPreset> presets = m_presets;
     presets.append(preset);
     return commit(presets) ? preset.id : QString();
@@ -91,6 +98,8 @@ bool EscPresetStore::updatePreset(const QString &id, int neutral, int fullForwar
     const int index = indexOf(id);
     if (index < 0)
         return refuse(tr("ESC preset not found: %1").arg(id));
+    if (refuseEndPoints(neutral, fullForward, fullReverse))
+        return false;
     QList<EscPreset> presets = m_presets;
     presets[index].neutral = neutral;
     presets[index].fullForward = fullForward;
@@ -106,7 +115,7 @@ bool EscPresetStore::renamePreset(const QString &id, const QString &newName)
     if (index < 0)
         return refuse(tr("ESC preset not found: %1").arg(id));
     QList<EscPreset> presets = m_presets;
-    presets[index].name = newName.trimmed();
+    presets[index].name = newName.trimmed().left(kMaxNameLength);
     return commit(presets);
 }
 
@@ -142,6 +151,20 @@ bool EscPresetStore::commit(const QList<EscPreset> &presets)
     }
     m_presets = presets;
     emit presetsChanged();
+    return true;
+}
+
+bool EscPresetStore::endPointsInRange(int neutral, int fullForward, int fullReverse)
+{
+    const auto inRange = [](int value) { return value >= crsf::kChannelMin && value <= crsf::kChannelMax; };
+    return inRange(neutral) && inRange(fullForward) && inRange(fullReverse);
+}
+
+bool EscPresetStore::refuseEndPoints(int neutral, int fullForward, int fullReverse)
+{
+    if (endPointsInRange(neutral, fullForward, fullReverse))
+        return false;
+    refuse(tr("Invalid ESC values. Must be 0-2047."));
     return true;
 }
 

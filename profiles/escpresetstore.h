@@ -32,7 +32,14 @@ class EscPresetStore : public QObject
     Q_OBJECT
 
 public:
+    // The list is shared by every profile and shown whole by every editor.
+    static constexpr int kMaxPresets = 64;
+    static constexpr int kMaxNameLength = 64;
+
     explicit EscPresetStore(QString filePath, QObject *parent = nullptr);
+
+    // Every end point within the channel range.
+    [[nodiscard]] static bool endPointsInRange(int neutral, int fullForward, int fullReverse);
 
     [[nodiscard]] QString filePath() const { return m_filePath; }
     [[nodiscard]] const QList<EscPreset> &presets() const { return m_presets; }
@@ -42,6 +49,8 @@ public:
     // gives an empty list and false; entries without an identifier are left out.
     bool load(QString *reason = nullptr);
 
+    // Names are trimmed and cut to kMaxNameLength; an empty one is refused, and so are end
+    // points outside the channel range (they become the throttle channel of a car).
     // Returns the new preset's identifier, or an empty string when refused.
     QString createPreset(const QString &name, int neutral, int fullForward, int fullReverse);
     bool updatePreset(const QString &id, int neutral, int fullForward, int fullReverse);
@@ -56,6 +65,8 @@ private:
     [[nodiscard]] int indexOf(const QString &id) const;
     bool commit(const QList<EscPreset> &presets);
     bool refuse(const QString &message);
+    // Refuses (and says so) when an end point is outside the channel range.
+    bool refuseEndPoints(int neutral, int fullForward, int fullReverse);
 
     QString m_filePath;
     QList<EscPreset> m_presets;

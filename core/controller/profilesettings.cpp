@@ -127,14 +127,6 @@ ButtonMapping readButtonMapping(const QJsonObject &o)
     return m;
 }
 
-ButtonMappingList readButtonMappings(const QJsonArray &array)
-{
-    ButtonMappingList list;
-    for (const QJsonValue &entry : array)
-        list.append(readButtonMapping(entry.toObject()));
-    return list;
-}
-
 AxisCalibration readCalibration(const QJsonObject &object)
 {
     return {floatAt(object, keys::kMin), floatAt(object, keys::kCenter), floatAt(object, keys::kMax)};
@@ -294,13 +286,48 @@ ProfileSettings ProfileSettings::fromProfile(const QJsonObject &stored)
     const QJsonObject axis = objectAt(profile, keys::kAxisSettings);
     s.drive = readDrive(axis);
     s.axes = readDriveAxes(axis);
-    s.buttonMappings = readButtonMappings(profile.value(keys::kButtonMappings).toArray());
+    s.buttonMappings = buttonMappingsFromJson(profile.value(keys::kButtonMappings).toArray());
     s.helicopter = readHelicopter(objectAt(profile, keys::kHelicopterConfig));
     s.led = readLed(objectAt(profile, keys::kLedSettings));
     s.shifter = readShifterMapping(objectAt(objectAt(profile, keys::kDeviceConnections), keys::kShifter));
     s.receiverGeneration = receiverGenerationFromFirmware(
         objectAt(profile, keys::kReceiverCaps).value(keys::kFirmware).toString());
     return s;
+}
+
+ButtonMappingList buttonMappingsFromJson(const QJsonArray &mappings)
+{
+    // Completed by the key table first, so a mapping sent without some keys reads them as
+    // a profile file without them does.
+    const QJsonArray completed =
+        ProfileSchema::normaliseValue(mappings, *ProfileSchema::profileField(keys::kButtonMappings))
+            .toArray();
+    ButtonMappingList list;
+    for (const QJsonValue &entry : completed)
+        list.append(readButtonMapping(entry.toObject()));
+    return list;
+}
+
+QJsonArray buttonMappingsToJson(const ButtonMappingList &mappings)
+{
+    QJsonArray array;
+    for (const ButtonMapping &m : mappings) {
+        QJsonArray extra;
+        for (int32_t source : m.extraButtons)
+            extra.append(source);
+        array.append(QJsonObject{{keys::kName, m.name},
+                                 {keys::kButtonIndex, m.buttonIndex},
+                                 {keys::kExtraButtons, extra},
+                                 {keys::kChannel, m.channel},
+                                 {keys::kMode, int(m.mode)},
+                                 {keys::kOutputValue, m.outputValue},
+                                 {keys::kRateUnitsPerSec, m.rateUnitsPerSec},
+                                 {keys::kMinValue, m.minValue},
+                                 {keys::kMaxValue, m.maxValue},
+                                 {keys::kStartValue, m.startValue},
+                                 {keys::kActivatesPitLimiter, m.activatesPitLimiter}});
+    }
+    return array;
 }
 
 } // namespace tavrix

@@ -80,6 +80,9 @@ struct ProfileSettings
 // One section of the active profile (`helicopterConfig`, `ledSettings`), read like fromProfile().
 [[nodiscard]] HelicopterSettings helicopterSettingsFromJson(const QJsonObject &helicopterConfig);
 [[nodiscard]] LedSettings ledSettingsFromJson(const QJsonObject &ledSettings);
+// `buttonMappings` both ways; a mapping missing keys reads them as the profile file does.
+[[nodiscard]] ButtonMappingList buttonMappingsFromJson(const QJsonArray &mappings);
+[[nodiscard]] QJsonArray buttonMappingsToJson(const ButtonMappingList &mappings);
 // From `receiverCaps.firmware`: major version 4 or later is the newer generation, an
 // older version the classic one, no readable version unknown (0).
 [[nodiscard]] int receiverGenerationFromFirmware(const QString &firmware);

@@ -1,22 +1,23 @@
 #pragma once
 
-#include "profilemanager.h"
+#include "buttonmapping.h"
 #include "wstablehandler.h"
+
+#include <functional>
 
 namespace tavrix {
 
+class ButtonMappingBook;
+
 // The button mappings of the active profile: listed, replaced, added to, removed from and
-// cleared by the mobile app. Every change is written to the profile and then read back by
-// the controller, so a running transmission follows it on its next tick.
+// cleared by the mobile app. The rules and their refusals are the mapping book's, as in the
+// window's dialog; every change is written to the profile, which the controller follows,
+// so a running transmission uses it on its next tick.
 class WsButtonHandler : public WsTableHandler
 {
     Q_OBJECT
 
 public:
-    static constexpr int kMaxMappings = ProfileManager::kMaxButtonMappings;
-    static constexpr int kMaxExtraButtons = 16;
-    static constexpr int kMaxNameLength = 64;
-
     WsButtonHandler(TavrixController *controller, QObject *parent);
 
 private:
@@ -26,9 +27,10 @@ private:
     QJsonObject removeMapping(const RemoteRequest &request);
     QJsonObject clearMappings(const RemoteRequest &request);
 
-    [[nodiscard]] QJsonArray storedMappings() const;
-    // Writes the list to the active profile and has the controller read it again.
-    QJsonObject store(const RemoteRequest &request, const QJsonArray &mappings);
+    // Runs one change of the book and answers with its refusal, or with a failed write.
+    QJsonObject changed(const RemoteRequest &request, const std::function<bool()> &change);
+
+    ButtonMappingBook *m_book;
 };
 
 } // namespace tavrix

@@ -8,36 +8,7 @@
 
 namespace tavrix {
 
-namespace {
-
 namespace keys = profilekeys;
-
-// The end points become the throttle channel once a profile takes the preset over.
-constexpr QLatin1String kEndPointKeys[] = {keys::kNeutral, keys::kFullForward, keys::kFullReverse};
-
-bool endPointsInRange(const RemoteRequest &request)
-{
-    for (QLatin1String key : kEndPointKeys) {
-        const int value = request.integer(key);
-        if (value < crsf::kChannelMin || value > crsf::kChannelMax)
-            return false;
-    }
-    return true;
-}
-
-QString nameFrom(const RemoteRequest &request)
-{
-    return request.text(keys::kName).trimmed().left(WsEscPresetHandler::kMaxNameLength);
-}
-
-QString notFound(const QString &id)
-{
-    return QStringLiteral("ESC preset not found: ") + id;
-}
-
-const QString kEndPointsOutOfRange = QStringLiteral("Invalid ESC values. Must be 0-2047.");
-
-} // namespace
 
 WsEscPresetHandler::WsEscPresetHandler(TavrixController *controller, QObject *parent)
     : WsTableHandler(controller, QStringLiteral("Unhandled event in ESC preset handler"), parent)
@@ -60,19 +31,22 @@ QJsonObject WsEscPresetHandler::presets(const RemoteRequest &request)
 
 QJsonObject WsEscPresetHandler::createPreset(const RemoteRequest &request)
 {
-    const QString name = nameFrom(request);
-    if (name.isEmpty())
+    if (request.text(keys::kName).trimmed().isEmpty())
         return request.failed(QStringLiteral("Missing 'name' parameter"));
-    if (!endPointsInRange(request))
-        return request.failed(kEndPointsOutOfRange);
-    const QString id =
-        store()->presets().size() >= kMaxPresets
-            ? QString()
-            : store()->createPreset(name, request.integer(keys::kNeutral),
-                                    request.integer(keys::kFullForward), request.integer(keys::kFullReverse));
-    if (id.isEmpty())
-        return request.failed(QStringLiteral("Failed to create ESC preset"));
-    return request.succeeded({{QStringLiteral("data"), QJsonObject{{keys::kId, id}}}});
+    const int neutral = request.integer(keys::kNeutral);
+    const int forward = request.integer(keys::kFullForward);
+    const int reverse = request.integer(keys::kFullReverse);
+    QString id;
+    const std::optional<QString> refusal = storeRefusal([&] {
+        id = store()->createPreset(request.text(keys::kName), neutral, forward, reverse);
+        return !id.isEmpty();
+    });
+    if (!refusal)
+        return request.succeeded({{QStringLiteral("data"), QJsonObject{{keys::kId, id}}}});
+    // End points the app got wrong are named; anything else is the app's plain failure.
+    return request.failed(EscPresetStore::endPointsInRange(neutral, forward, reverse)
+                              ? QStringLiteral("Failed to create ESC preset")
+                              : *refusal);
 }
 
 QJsonObject WsEscPresetHandler::updatePreset(const RemoteRequest &request)
@@ -80,25 +54,18 @@ QJsonObject WsEscPresetHandler::updatePreset(const RemoteRequest &request)
     const QString id = request.text(keys::kId);
     if (id.isEmpty())
         return request.failed(QStringLiteral("Missing 'id' parameter"));
-    if (!store()->find(id))
-        return request.failed(notFound(id));
-    if (!endPointsInRange(request))
-        return request.failed(kEndPointsOutOfRange);
-    return request.outcome(store()->updatePreset(id, request.integer(keys::kNeutral),
-                                                 request.integer(keys::kFullForward),
-                                                 request.integer(keys::kFullReverse)),
-                           QStringLiteral("Failed to update ESC preset"));
+    return answer(request, [&] {
+        return store()->updatePreset(id, request.integer(keys::kNeutral), request.integer(keys::kFullForward),
+                                     request.integer(keys::kFullReverse));
+    });
 }
 
 QJsonObject WsEscPresetHandler::renamePreset(const RemoteRequest &request)
 {
     const QString id = request.text(keys::kId);
-    const QString name = nameFrom(request);
-    if (id.isEmpty() || name.isEmpty())
+    if (id.isEmpty() || request.text(keys::kName).trimmed().isEmpty())
         return request.failed(QStringLiteral("Missing 'id' or 'name' parameter"));
-    if (!store()->find(id))
-        return request.failed(notFound(id));
-    return request.outcome(store()->renamePreset(id, name), QStringLiteral("Failed to rename ESC preset"));
+    return answer(request, [&] { return store()->renamePreset(id, request.text(keys::kName)); });
 }
 
 QJsonObject WsEscPresetHandler::deletePreset(const RemoteRequest &request)
@@ -106,9 +73,24 @@ QJsonObject WsEscPresetHandler::deletePreset(const RemoteRequest &request)
     const QString id = request.text(keys::kId);
     if (id.isEmpty())
         return request.failed(QStringLiteral("Missing 'id' parameter"));
-    if (!store()->find(id))
-        return request.failed(notFound(id));
-    return request.outcome(store()->deletePreset(id), QStringLiteral("Failed to delete ESC preset"));
+    return answer(request, [&] { return store()->deletePreset(id); });
+}
+
+QJsonObject WsEscPresetHandler::answer(const RemoteRequest &request, const std::function<bool()> &change)
+{
+    const std::optional<QString> refusal = storeRefusal(change);
+    return refusal ? request.failed(*refusal) : request.succeeded();
+}
+
+std::optional<QString> WsEscPresetHandler::storeRefusal(const std::function<bool()> &change)
+{
+    QString refusal;
+    QObject listening;
+    connect(store(), &EscPresetStore::errorOccurred, &listening,
+            [&refusal](const QString &message) { refusal = message; });
+    if (change())
+        return std::nullopt;
+    return refusal;
 }
 
 EscPresetStore *WsEscPresetHandler::store() const

@@ -1,23 +1,32 @@
-// The axis, drive and pedal-verification dialogs bound to the real controller and the
-// profile store in a temporary folder, with virtual wheel and pedals.
+// The axis, drive, pedal-verification, buttons and ESC preset dialogs bound to the real
+// controller and the profile store in a temporary folder, with virtual wheel and pedals.
 #include "axispreset.h"
 #include "axissettingsdialog.h"
 #include "axissettingsdialogbinder.h"
+#include "buttonmappingbook.h"
+#include "buttonmappingsdialog.h"
+#include "buttonmappingsdialogbinder.h"
 #include "carpage.h"
 #include "drivesettingsdialog.h"
 #include "drivesettingsdialogbinder.h"
+#include "escpresetsdialog.h"
+#include "escpresetsdialogbinder.h"
 #include "hubrig.h"
 #include "inputdevice.h"
 #include "notice.h"
 #include "pedalverifydialog.h"
 #include "pedalverifydialogbinder.h"
+#include "profileedits.h"
 #include "profiletestfiles.h"
 #include "savedaxismapping.h"
 
 #include <QCheckBox>
 #include <QDoubleSpinBox>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTableWidget>
 
 #include <functional>
 
@@ -44,10 +53,38 @@ struct Dialogs
 using Edit = std::function<void(Dialogs &)>;
 using Applied = std::function<double(const ProfileSettings &)>;
 
+// The buttons dialog and the ESC presets dialog of one profile, bound the way the window binds them.
+struct ButtonDialogs
+{
+    explicit ButtonDialogs(TavrixController *controller)
+        : buttons(ButtonMappingsDialogBinder::limits())
+        , presets(EscPresetStore::kMaxNameLength)
+    {
+        new ButtonMappingsDialogBinder(&buttons, controller);
+        new EscPresetsDialogBinder(&presets, controller->profileManager());
+    }
+    ButtonMappingsDialog buttons;
+    EscPresetsDialog presets;
+};
+
+using MappingEdit = std::function<void(ButtonMappingEditor &)>;
+using ButtonsEdit = std::function<void(ButtonDialogs &)>;
+using WindowStep = std::function<void(MainWindow &)>;
+
+QByteArray fileBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 QByteArray activeProfileBytes(ProfileManager *profiles)
 {
-    QFile file(profiles->profileDirectory() + u"/"_s + profiles->activeProfileId() + u".json"_s);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return fileBytes(profiles->profileDirectory() + u"/"_s + profiles->activeProfileId() + u".json"_s);
+}
+
+QJsonObject savedObject(const QByteArray &bytes, QLatin1String list, int index)
+{
+    return QJsonDocument::fromJson(bytes).object().value(list).toArray().at(index).toObject();
 }
 
 // A value of the saved file by its path under axisSettings ("Throttle/deadzone",
@@ -68,6 +105,9 @@ double storedValue(ProfileManager *profiles, const QString &path)
 
 Q_DECLARE_METATYPE(Edit)
 Q_DECLARE_METATYPE(Applied)
+Q_DECLARE_METATYPE(MappingEdit)
+Q_DECLARE_METATYPE(ButtonsEdit)
+Q_DECLARE_METATYPE(WindowStep)
 
 class TestConfigDialogs : public QObject
 {
@@ -248,28 +288,177 @@ private slots:
     void configureTopicsOpenTheirDialogs_data()
     {
         QTest::addColumn<int>("topic");
-        QTest::addColumn<bool>("verifyPedals");
+        QTest::addColumn<WindowStep>("then");
         QTest::addColumn<QString>("dialogClass");
-        QTest::newRow("axes") << 0 << false << u"tavrix::AxisSettingsDialog"_s;
-        QTest::newRow("drive") << 1 << false << u"tavrix::DriveSettingsDialog"_s;
-        QTest::newRow("pedals from the axes") << 0 << true << u"tavrix::PedalVerifyDialog"_s;
+        const WindowStep nothing = [](MainWindow &) {};
+        QTest::newRow("axes") << 0 << nothing << u"tavrix::AxisSettingsDialog"_s;
+        QTest::newRow("drive") << 1 << nothing << u"tavrix::DriveSettingsDialog"_s;
+        QTest::newRow("buttons") << 2 << nothing << u"tavrix::ButtonMappingsDialog"_s;
+        QTest::newRow("pedals from the axes") << 0 << WindowStep([](MainWindow &w) {
+            w.findChild<AxisSettingsDialog *>()->verifyPedalsButton()->click();
+        }) << u"tavrix::PedalVerifyDialog"_s;
+        QTest::newRow("ESC presets from the drive") << 1 << WindowStep([](MainWindow &w) {
+            w.findChild<DriveSettingsDialog *>()->managePresetsButton()->click();
+        }) << u"tavrix::EscPresetsDialog"_s;
     }
 
     void configureTopicsOpenTheirDialogs()
     {
         QFETCH(int, topic);
-        QFETCH(bool, verifyPedals);
+        QFETCH(WindowStep, then);
         QFETCH(QString, dialogClass);
         HubRig rig;
         auto *car = rig.showPage<CarPage>(u"rc-car"_s);
         QVERIFY(car);
         car->configureButtons().at(topic)->click();
-        if (verifyPedals)
-            rig.window->findChild<AxisSettingsDialog *>()->verifyPedalsButton()->click();
+        then(*rig.window);
         const QList<QDialog *> open = rig.window->findChildren<QDialog *>();
         QVERIFY(std::any_of(open.begin(), open.end(), [&](QDialog *dialog) {
             return dialog->isVisible() && QLatin1String(dialog->metaObject()->className()) == dialogClass;
         }));
+    }
+
+    void mappingAddedByPressingDrivesItsChannel_data()
+    {
+        QTest::addColumn<MappingEdit>("edit");
+        QTest::addColumn<int>("mode");     // as stored
+        QTest::addColumn<int>("held");     // CH4 while the button is down
+        QTest::addColumn<int>("released"); // and after it is let go
+        using B = ButtonMappingEditor::Behaviour;
+        const auto behaviour = [](ButtonMappingEditor &e, B b) {
+            pick(e.behaviourBox(), e.behaviourBox()->findData(int(b)));
+        };
+        QTest::newRow("momentary, as added") << MappingEdit([](ButtonMappingEditor &) {}) << 0 << 2047 << 0;
+        QTest::newRow("toggle stays on")
+            << MappingEdit([=](ButtonMappingEditor &e) { behaviour(e, B::Toggle); }) << 3 << 2047 << 2047;
+        QTest::newRow("switch position") << MappingEdit([=](ButtonMappingEditor &e) {
+            behaviour(e, B::SwitchPosition);
+            e.pressedValueBox()->setValue(1500);
+        }) << 4 << 1500 << 1500;
+        QTest::newRow("hold to raise up to its highest") << MappingEdit([=](ButtonMappingEditor &e) {
+            behaviour(e, B::HoldToRaise);
+            e.maximumBox()->setValue(1800);
+            e.rateBox()->setValue(e.rateBox()->maximum());
+        }) << 1 << 1800 << 1800;
+    }
+
+    void mappingAddedByPressingDrivesItsChannel()
+    {
+        QFETCH(MappingEdit, edit);
+        QFETCH(int, mode);
+        QFETCH(int, held);
+        QFETCH(int, released);
+        constexpr int kButton = 5;
+        constexpr int kChannel = 3; // a new mapping's, CH4
+        HubRig rig;
+        QVERIFY(rig.startCarTransmission());
+        TavrixController *controller = rig.controller();
+        const InputDevice *wheel = controller->devices()->device(DeviceRole::WheelBase);
+        ButtonDialogs dialogs(controller);
+        const auto press = [&](bool down) {
+            rig.backend->setButton(rig.firstDevice, kButton, down);
+            QTRY_COMPARE_WITH_TIMEOUT(wheel->isPressed(kButton), down, 10000);
+        };
+
+        dialogs.buttons.addButton()->click();
+        QVERIFY(dialogs.buttons.isWaitingForPress());
+        press(true);
+        QTRY_VERIFY_WITH_TIMEOUT(!dialogs.buttons.isWaitingForPress(), 10000);
+        press(false);
+        QCOMPARE(dialogs.buttons.table()->rowCount(), 1);
+        edit(*dialogs.buttons.editor());
+
+        const QJsonObject saved =
+            savedObject(activeProfileBytes(rig.services->profiles()), keys::kButtonMappings, 0);
+        QCOMPARE(saved.value(keys::kButtonIndex).toInt(), kButton);
+        QCOMPARE(saved.value(keys::kChannel).toInt(), kChannel);
+        QCOMPARE(saved.value(keys::kMode).toInt(), mode);
+        press(true);
+        QTRY_COMPARE_WITH_TIMEOUT(rig.sim.lastChannels()[kChannel], held, 10000);
+        press(false);
+        // Two frames computed with the button released, then the car has the last word.
+        const quint32 frame = controller->frameCount();
+        QTRY_VERIFY_WITH_TIMEOUT(controller->frameCount() > frame + 2, 10000);
+        QTRY_COMPARE_WITH_TIMEOUT(rig.sim.lastChannels()[kChannel], released, 10000);
+        QVERIFY(controller->isRunning());
+    }
+
+    void refusalShowsTheMessageAndChangesNothing_data()
+    {
+        QTest::addColumn<ButtonsEdit>("edit");
+        QTest::addColumn<QString>("message");
+        const QString channelRule = u"Channel must be 2-11 (0-1 reserved for steering/throttle)"_s;
+        QTest::newRow("mapping onto steering") << ButtonsEdit([](ButtonDialogs &d) {
+            d.buttons.editor()->channelBox()->setFocus();
+            QTest::keyClick(d.buttons.editor()->channelBox(), Qt::Key_Home);
+        }) << channelRule;
+        QTest::newRow("mapping past CH12") << ButtonsEdit([](ButtonDialogs &d) {
+            d.buttons.editor()->channelBox()->setFocus();
+            QTest::keyClick(d.buttons.editor()->channelBox(), Qt::Key_End);
+        }) << channelRule;
+        QTest::newRow("preset renamed to blanks") << ButtonsEdit([](ButtonDialogs &d) {
+            d.presets.list()->setCurrentRow(0);
+            d.presets.nameEdit()->setText(u"   "_s);
+            d.presets.renameButton()->click();
+        }) << u"ESC preset name cannot be empty"_s;
+    }
+
+    void refusalShowsTheMessageAndChangesNothing()
+    {
+        QFETCH(ButtonsEdit, edit);
+        QFETCH(QString, message);
+        HubRig rig;
+        ProfileManager *profiles = rig.services->profiles();
+        ButtonMapping horn;
+        horn.buttonIndex = 2;
+        QVERIFY(ButtonMappingBook(profiles).add(horn));
+        QVERIFY(!profiles->escPresets()->createPreset(u"Hobby"_s, 992, 1811, 172).isEmpty());
+        ButtonDialogs dialogs(rig.controller());
+        const QByteArray profileFile = activeProfileBytes(profiles);
+        const QByteArray presetFile = fileBytes(profiles->escPresets()->filePath());
+
+        edit(dialogs);
+
+        const bool presetRefused = !dialogs.presets.notice()->text().isEmpty();
+        QCOMPARE((presetRefused ? dialogs.presets.notice() : dialogs.buttons.notice())->text(), message);
+        QCOMPARE(activeProfileBytes(profiles), profileFile);
+        QCOMPARE(fileBytes(profiles->escPresets()->filePath()), presetFile);
+        // The dialogs show what the stores kept, and so does the controller.
+        QCOMPARE(dialogs.buttons.editor()->values().channel, horn.channel);
+        QCOMPARE(dialogs.presets.list()->item(0)->text().startsWith(u"Hobby"_s), true);
+        QCOMPARE(rig.controller()->settings().buttonMappings,
+                 ButtonMappingList{ButtonMappingBook::clamped(horn)});
+    }
+
+    void escPresetsTakeTheCurrentValuesIntoTheStore()
+    {
+        HubRig rig;
+        ProfileManager *profiles = rig.services->profiles();
+        QCOMPARE(editAxisSettings(*profiles, {{keys::kEscNeutral, 1000},
+                                              {keys::kEscFullForward, 1900},
+                                              {keys::kEscFullReverse, 100}}),
+                 QString());
+        ButtonDialogs dialogs(rig.controller());
+        const auto saved = [&] {
+            return savedObject(fileBytes(profiles->escPresets()->filePath()), keys::kPresets, 0);
+        };
+
+        dialogs.presets.nameEdit()->setText(u"Hobby"_s);
+        dialogs.presets.createButton()->click();
+        QCOMPARE(profiles->escPresets()->presets().size(), 1);
+        const EscPreset created = profiles->escPresets()->presets().first();
+        QCOMPARE(dialogs.presets.selectedId(), created.id);
+        QCOMPARE(EscPreset::fromJson(saved()), (EscPreset{created.id, u"Hobby"_s, 1000, 1900, 100}));
+
+        dialogs.presets.nameEdit()->setText(u"Race"_s);
+        dialogs.presets.renameButton()->click();
+        QCOMPARE(editAxisSettings(*profiles, {{keys::kEscNeutral, 1010},
+                                              {keys::kEscFullForward, 1900},
+                                              {keys::kEscFullReverse, 100}}),
+                 QString());
+        dialogs.presets.updateButton()->click();
+        QCOMPARE(EscPreset::fromJson(saved()), (EscPreset{created.id, u"Race"_s, 1010, 1900, 100}));
+        QVERIFY(dialogs.presets.notice()->isHidden());
     }
 
     void refusedEditShowsTheStoresMessageAndKeepsTheFile_data()

@@ -7,7 +7,9 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTabWidget>
@@ -107,8 +109,14 @@ QWidget *DriveSettingsDialog::buildEscPage(const Limits &limits)
         if (!id.isEmpty())
             emit escPresetChosen(id);
     });
-    addExplained(form, tr("ESC preset"), m_escPreset,
-                 tr("Copies a saved ESC's neutral and end points and selects Custom."));
+    m_managePresets = new QPushButton(tr("Manage presets\u2026"), page);
+    connect(m_managePresets, &QPushButton::clicked, this, &DriveSettingsDialog::escPresetsRequested);
+    auto *preset = new QHBoxLayout;
+    preset->addWidget(m_escPreset, 1);
+    preset->addWidget(m_managePresets);
+    form->addRow(tr("ESC preset"), preset);
+    form->addRow(QString(),
+                 explanation(tr("Copies a saved ESC's neutral and end points and selects Custom."), page));
 
     auto *esc = new QGridLayout;
     m_escReverse = spinBox(limits.channelMin, limits.channelMax, page);

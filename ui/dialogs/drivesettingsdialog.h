@@ -6,6 +6,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QPushButton;
 class QSpinBox;
 class QTabWidget;
 class QVBoxLayout;
@@ -72,6 +73,7 @@ public:
     QTabWidget *tabs() const { return m_tabs; }
     QComboBox *escModeBox() const { return m_escMode; }
     QComboBox *escPresetBox() const { return m_escPreset; }
+    QPushButton *managePresetsButton() const { return m_managePresets; }
     QSpinBox *escNeutralBox() const { return m_escNeutral; }
     QCheckBox *softStartBox() const { return m_softStart; }
     QSpinBox *softStartSecondsBox() const { return m_softStartSeconds; }
@@ -99,6 +101,8 @@ public slots:
 signals:
     void edited(const tavrix::DriveSettingsDialog::Values &values);
     void escPresetChosen(const QString &presetId);
+    // The user wants to save, rename, update or delete ESC presets.
+    void escPresetsRequested();
 
 private:
     QWidget *buildEscPage(const Limits &limits);
@@ -112,6 +116,7 @@ private:
     QTabWidget *m_tabs = nullptr;
     QComboBox *m_escMode = nullptr;
     QComboBox *m_escPreset = nullptr;
+    QPushButton *m_managePresets = nullptr;
     QSpinBox *m_escNeutral = nullptr;
     QSpinBox *m_escForward = nullptr;
     QSpinBox *m_escReverse = nullptr;

@@ -57,7 +57,7 @@ QWidget *CarPage::buildConfigureCard()
     const int perColumn = int(names.size() + 1) / 2;
     // The topics with an editor here open it; the others are named for what the profile keeps.
     const QList<void (CarPage::*)()> editors = {&CarPage::axisSettingsRequested,
-                                                &CarPage::driveSettingsRequested};
+                                                &CarPage::driveSettingsRequested, &CarPage::buttonsRequested};
     for (int i = 0; i < names.size(); ++i) {
         QWidget *topic = nullptr;
         if (i < editors.size()) {

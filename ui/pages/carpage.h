@@ -60,6 +60,7 @@ signals:
     void forceFeedbackRequested();
     void axisSettingsRequested();
     void driveSettingsRequested();
+    void buttonsRequested();
 
 private:
     QWidget *buildLiveInputCard();

@@ -1,0 +1,154 @@
+#include "buttonmappingsdialogbinder.h"
+
+#include "buttonmappingbook.h"
+#include "inputdetection.h"
+#include "profileedits.h"
+#include "profilemanager.h"
+#include "tavrixcontroller.h"
+
+namespace tavrix {
+
+namespace {
+
+ButtonMappingsDialog::Mapping shown(const ButtonMapping &m)
+{
+    ButtonMappingsDialog::Mapping v;
+    v.name = m.name;
+    v.source = m.buttonIndex;
+    v.behaviour = ButtonMappingEditor::Behaviour(int(m.mode));
+    v.channel = m.channel;
+    v.pressedValue = m.outputValue;
+    v.startValue = m.startValue;
+    v.rate = m.rateUnitsPerSec;
+    v.minimum = m.minValue;
+    v.maximum = m.maxValue;
+    v.pitLimiter = m.activatesPitLimiter;
+    return v;
+}
+
+// The dialog's values laid over the stored mapping, so what it does not edit (the further
+// sources) stays as it was.
+ButtonMapping edited(ButtonMapping m, const ButtonMappingsDialog::Mapping &v)
+{
+    m.name = v.name;
+    m.buttonIndex = v.source;
+    m.mode = ButtonBehaviour(int(v.behaviour));
+    m.channel = v.channel;
+    m.outputValue = v.pressedValue;
+    m.startValue = v.startValue;
+    m.rateUnitsPerSec = v.rate;
+    m.minValue = v.minimum;
+    m.maxValue = v.maximum;
+    m.activatesPitLimiter = v.pitLimiter;
+    return m;
+}
+
+} // namespace
+
+ButtonMappingsDialogBinder::ButtonMappingsDialogBinder(ButtonMappingsDialog *dialog,
+                                                       TavrixController *controller)
+    : QObject(dialog)
+    , m_dialog(dialog)
+    , m_controller(controller)
+    , m_book(new ButtonMappingBook(controller->profileManager(), this))
+{
+    ProfileManager *profiles = controller->profileManager();
+    connect(dialog, &ButtonMappingsDialog::pressRequested, this, &ButtonMappingsDialogBinder::startPress);
+    connect(dialog, &ButtonMappingsDialog::pressCancelled, this, &ButtonMappingsDialogBinder::cancelPress);
+    connect(dialog, &ButtonMappingsDialog::mappingEdited, this, &ButtonMappingsDialogBinder::edit);
+    connect(dialog, &ButtonMappingsDialog::removeRequested, this, &ButtonMappingsDialogBinder::remove);
+    connect(controller->inputDetection(), &InputDetection::buttonDetectionResult, this,
+            &ButtonMappingsDialogBinder::takePress);
+    connect(profiles, &ProfileManager::profileModified, this, [this] { showMappings(); });
+    connect(profiles, &ProfileManager::activeProfileChanged, this, [this] { showMappings(); });
+    // A press asked for and then left by closing the dialog is not taken later by nobody.
+    connect(dialog, &QDialog::finished, this, &ButtonMappingsDialogBinder::cancelPress);
+    showMappings();
+}
+
+ButtonMappingsDialogBinder::~ButtonMappingsDialogBinder()
+{
+    if (!m_pressFor)
+        return;
+    disconnect(m_controller->inputDetection(), nullptr, this, nullptr);
+    m_controller->inputDetection()->stopButtonDetection();
+}
+
+ButtonMappingEditor::Limits ButtonMappingsDialogBinder::limits()
+{
+    ButtonMappingEditor::Limits l;
+    l.valueMin = ButtonMappingBook::kValueMin;
+    l.valueMax = ButtonMappingBook::kValueMax;
+    l.rateMax = ButtonMappingBook::kRateMax;
+    l.channels = crsf::kChannelCount;
+    l.nameLength = ButtonMappingBook::kMaxNameLength;
+    return l;
+}
+
+void ButtonMappingsDialogBinder::showMappings(int selected)
+{
+    QList<ButtonMappingsDialog::Mapping> rows;
+    for (const ButtonMapping &mapping : m_book->mappings())
+        rows.append(shown(mapping));
+    m_dialog->showMappings(rows, selected);
+}
+
+void ButtonMappingsDialogBinder::startPress(int row)
+{
+    m_pressFor = row;
+    m_dialog->showError(QString());
+    m_dialog->showWaitingForPress(true);
+    // The wheel base is the device whose buttons the mappings read on every tick.
+    m_controller->inputDetection()->startButtonDetection(DeviceRole::WheelBase);
+}
+
+void ButtonMappingsDialogBinder::cancelPress()
+{
+    if (m_pressFor)
+        m_controller->inputDetection()->stopButtonDetection();
+}
+
+void ButtonMappingsDialogBinder::takePress(int source, bool success)
+{
+    if (!m_pressFor)
+        return;
+    const int row = *m_pressFor;
+    m_pressFor.reset();
+    m_dialog->showWaitingForPress(false);
+    if (!success)
+        return;
+    if (row < 0) {
+        ButtonMapping mapping;
+        mapping.buttonIndex = source;
+        const int added = int(m_book->mappings().size());
+        change([&] { return m_book->add(mapping); }, added);
+        return;
+    }
+    ButtonMappingsDialog::Mapping values = shown(m_book->mappings().value(row));
+    values.source = source;
+    edit(row, values);
+}
+
+void ButtonMappingsDialogBinder::edit(int row, const ButtonMappingsDialog::Mapping &mapping)
+{
+    change([&] { return m_book->replace(row, edited(m_book->mappings().value(row), mapping)); }, row);
+}
+
+void ButtonMappingsDialogBinder::remove(int row)
+{
+    change([&] { return m_book->remove(row); }, row);
+}
+
+void ButtonMappingsDialogBinder::change(const std::function<bool()> &change, int selected)
+{
+    QString ruleRefusal;
+    QObject listening;
+    connect(m_book, &ButtonMappingBook::errorOccurred, &listening,
+            [&ruleRefusal](const QString &message) { ruleRefusal = message; });
+    const QString storeMessage = storeRefusal(*m_controller->profileManager(), change);
+    m_dialog->showError(ruleRefusal.isEmpty() ? storeMessage : ruleRefusal);
+    // What the store kept (or left unchanged when refused) is what the dialog shows.
+    showMappings(selected);
+}
+
+} // namespace tavrix
