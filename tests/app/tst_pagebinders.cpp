@@ -166,6 +166,8 @@ private slots:
         const double before = *ch1->value();
         rig.backend->setAxis(rig.firstDevice, ControllerRig::kSteeringSlot, rawForDeviceValue(0.8));
         QTRY_VERIFY(*ch1->value() > before + 500);
+        // Steered right, CH1 fills from the steering centre rather than from the low end.
+        QVERIFY(ch1->filledSpan().first > 0.45);
         QTRY_VERIFY(car->steeringBar()->value().value_or(0.0) > 0.7);
 
         // The simulated car answers: link, link quality and GPS reach the page.
