@@ -2,6 +2,8 @@
 
 #include "controlsreading.h"
 #include "devicechangenotifier.h"
+#include "driverecorder.h"
+#include "driverecordingfeed.h"
 #include "firmwareupdateservice.h"
 #include "inputbackend.h"
 #include "inputbackendfactory.h"
@@ -61,6 +63,13 @@ HubServices::HubServices(Options options, QObject *parent)
         m_remote->start(options.remotePort);
 
     createMotionOutput(options);
+
+    const QString dataDirectory = options.dataDirectory.isEmpty()
+                                      ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                                      : options.dataDirectory;
+    m_recordingsDirectory = QDir(dataDirectory).filePath(QStringLiteral("recordings"));
+    m_recorder = new DriveRecorder(this);
+    new DriveRecordingFeed(m_controller, m_recorder, m_recorder);
 }
 
 void HubServices::createFirmwareUpdates(const Options &options)

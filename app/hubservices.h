@@ -14,6 +14,7 @@
 namespace tavrix {
 
 class DeviceChangeNotifier;
+class DriveRecorder;
 class FirmwareUpdateService;
 class LostDeviceReopener;
 class MotionTelemetrySender;
@@ -43,7 +44,7 @@ public:
         quintptr nativeWindow = 0;
         // Where the transmitter may be found (the system's serial ports when null).
         std::shared_ptr<const SerialPortDirectory> ports;
-        // Profile storage; empty means the user's application data directory.
+        // Profile storage and drive recordings; empty means the user's application data directory.
         QString dataDirectory;
         ControllerTimings timings;
         // The mobile app's WebSocket server listens here once made; port 0 (the default,
@@ -80,6 +81,9 @@ public:
     [[nodiscard]] FirmwareUpdateService *firmwareUpdates() const { return m_firmwareUpdates; }
     // The phone's page for the motion platforms; stopped unless started.
     [[nodiscard]] MotionWebPanel *webPanel() const { return m_webPanel; }
+    // Writes drives to CSV files in recordingsDirectory() while the user asks it to.
+    [[nodiscard]] DriveRecorder *driveRecorder() const { return m_recorder; }
+    [[nodiscard]] QString recordingsDirectory() const { return m_recordingsDirectory; }
     // Why the requested input source could not be used (empty when it could).
     [[nodiscard]] QString inputProblem() const { return m_inputProblem; }
 
@@ -100,6 +104,8 @@ private:
     MotionSystemController *m_motionSystem = nullptr;
     FirmwareUpdateService *m_firmwareUpdates = nullptr;
     MotionWebPanel *m_webPanel = nullptr;
+    DriveRecorder *m_recorder = nullptr;
+    QString m_recordingsDirectory;
 };
 
 } // namespace tavrix

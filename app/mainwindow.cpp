@@ -6,6 +6,7 @@
 #include "dashboardpage.h"
 #include "debugconsole.h"
 #include "dialogwiring.h"
+#include "driverecorderbinder.h"
 #include "helipage.h"
 #include "helipagebinder.h"
 #include "hubservices.h"
@@ -22,6 +23,7 @@
 #include "shellsettings.h"
 #include "sidebar.h"
 #include "tavrixcontroller.h"
+#include "telemetryplotsbinder.h"
 #include "themeswitcher.h"
 #include "toast.h"
 #include "vehiclespage.h"
@@ -161,6 +163,9 @@ void MainWindow::bindPages()
 {
     TavrixController *controller = m_services->controller();
     new DashboardBinder(m_dashboard, controller, this);
+    new TelemetryPlotsBinder(m_dashboard->telemetryPlots(), controller, this);
+    new DriveRecorderBinder(m_dashboard->recordingRow(), m_services->driveRecorder(),
+                            m_services->recordingsDirectory(), this);
     new CarPageBinder(m_car, controller, this);
     new HeliPageBinder(m_heli, controller, this);
     connect(controller, &TavrixController::errorOccurred, this, &MainWindow::showErrorElsewhere);

@@ -1,5 +1,6 @@
 #include "vehiclepagebinder.h"
 
+#include "channelneutrals.h"
 #include "repaintthrottle.h"
 #include "tavrixcontroller.h"
 #include "transmittercardbinder.h"
@@ -96,6 +97,7 @@ void VehiclePageBinder::showProfile()
                                    tr("Drive with a car profile"));
     }
     m_page->setTransmitting(m_controller->isRunning() && isActiveVehicle());
+    m_page->setChannelNeutrals(channelNeutrals(m_controller->settings()));
     m_devices->refresh();
 }
 

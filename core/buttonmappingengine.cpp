@@ -135,6 +135,23 @@ bool ButtonMappingEngine::ownsChannel(const ButtonMappingList &mappings, int cha
     });
 }
 
+std::optional<int32_t> ButtonMappingEngine::restValue(const ButtonMappingList &mappings, int channel)
+{
+    switch (deciderFor(mappings, channel)) {
+    case Decider::None:
+        return std::nullopt;
+    case Decider::Switch:
+        return firstOf(mappings, channel, ButtonBehaviour::SwitchPosition)->startValue;
+    case Decider::Toggle:
+        return firstOf(mappings, channel, ButtonBehaviour::Toggle)->startValue;
+    case Decider::Hold:
+        return firstHoldOf(mappings, channel)->startValue;
+    case Decider::Momentary:
+        return firstOf(mappings, channel, ButtonBehaviour::Momentary)->startValue;
+    }
+    return std::nullopt;
+}
+
 double ButtonMappingEngine::holdValue(int channel) const
 {
     return isValidChannel(channel) && m_hasHoldValue[channel] ? m_holdValue[channel] : 0.0;

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace tavrix {
 
@@ -48,6 +49,10 @@ public:
     // True when a mapping with a valid primary source targets the channel. The
     // controller leaves CH12 to the LED power switch only when this is false for it.
     [[nodiscard]] static bool ownsChannel(const ButtonMappingList &mappings, int channel);
+
+    // The value the channel rests at before any press: the released, OFF or starting value
+    // of the behaviour that decides the channel. Nothing when no valid mapping drives it.
+    [[nodiscard]] static std::optional<int32_t> restValue(const ButtonMappingList &mappings, int channel);
 
     // The hold value kept for a channel (for display); 0 when it has none.
     [[nodiscard]] double holdValue(int channel) const;

@@ -15,11 +15,17 @@ ChannelBar::ChannelBar(QWidget *parent)
     grid->setVerticalSpacing(9);
     const int rows = kChannelCount / 2;
     for (int i = 0; i < kChannelCount; ++i) {
-        auto *bar = new LevelBar(QStringLiteral("CH%1").arg(i + 1), kLow, kHigh, kCentre, this);
+        auto *bar = new LevelBar(QStringLiteral("CH%1").arg(i + 1), kLow, kHigh, kLow, this);
         bar->setTextWidths(34, 40);
         grid->addWidget(bar, i % rows, i / rows);
         m_bars.append(bar);
     }
+}
+
+void ChannelBar::setNeutrals(std::span<const std::optional<int32_t>> neutrals)
+{
+    for (int i = 0; i < kChannelCount; ++i)
+        m_bars[i]->setOrigin(i < int(neutrals.size()) ? neutrals[i].value_or(kLow) : kLow);
 }
 
 void ChannelBar::setValues(std::span<const int32_t> values)

@@ -89,6 +89,12 @@ QString LevelBar::label() const
     return m_label->text();
 }
 
+void LevelBar::setOrigin(double origin)
+{
+    m_origin = std::clamp(origin, m_minimum, m_maximum);
+    m_track->update();
+}
+
 void LevelBar::setValue(double value, const QString &text)
 {
     m_value = value;

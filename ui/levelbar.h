@@ -23,6 +23,10 @@ public:
     void setLabel(const QString &label);
     QString label() const;
 
+    // Where the fill starts from; clamped to the range.
+    void setOrigin(double origin);
+    double origin() const { return m_origin; }
+
     void setValue(double value, const QString &text);
     void clear();
     std::optional<double> value() const { return m_value; }

@@ -7,11 +7,6 @@
 
 namespace tavrix {
 
-namespace {
-constexpr int32_t kLedPowerOnValue = crsf::kChannelMax;
-constexpr int32_t kLedPowerOffValue = crsf::kChannelMin;
-} // namespace
-
 CarTick::CarTick(const DeviceRoleSet &devices, ActiveProfileFollower &profile, ButtonMappingEngine &buttons)
     : m_devices(devices)
     , m_profile(profile)

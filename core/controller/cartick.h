@@ -24,6 +24,10 @@ struct CarTickResult
 class CarTick
 {
 public:
+    // CH12 while the LED strip is on and off (unless a button mapping owns the channel).
+    static constexpr int32_t kLedPowerOnValue = crsf::kChannelMax;
+    static constexpr int32_t kLedPowerOffValue = crsf::kChannelMin;
+
     // None of these is owned; all outlive the tick.
     CarTick(const DeviceRoleSet &devices, ActiveProfileFollower &profile, ButtonMappingEngine &buttons);
 

@@ -7,6 +7,7 @@
 #include "dashboardpage.h"
 #include "devicepickerbinder.h"
 #include "devicepickercard.h"
+#include "driverecorder.h"
 #include "emptystate.h"
 #include "helipage.h"
 #include "hubrig.h"
@@ -23,12 +24,14 @@
 #include "receiverendpointcalibration.h"
 #include "receiverport.h"
 #include "receiversimulator.h"
+#include "recordingrow.h"
 #include "remoteaddresses.h"
 #include "remotestatusdialog.h"
 #include "serialportpicker.h"
 #include "stattile.h"
 #include "statuspill.h"
 #include "statusrow.h"
+#include "telemetryplots.h"
 #include "toast.h"
 #include "transmittercard.h"
 
@@ -158,9 +161,13 @@ private slots:
         // Steering moves CH1 on the page as it moves in the frames.
         hub::LevelBar *ch1 = car->channelBar()->bar(0);
         QTRY_VERIFY(ch1->value().has_value());
+        // Nothing drives CH4: at 0 its bar is empty, not filled from a centre it does not have.
+        QCOMPARE(car->channelBar()->bar(3)->filledSpan(), std::pair(0.0, 0.0));
         const double before = *ch1->value();
         rig.backend->setAxis(rig.firstDevice, ControllerRig::kSteeringSlot, rawForDeviceValue(0.8));
         QTRY_VERIFY(*ch1->value() > before + 500);
+        // Steered right, CH1 fills from the steering centre rather than from the low end.
+        QVERIFY(ch1->filledSpan().first > 0.45);
         QTRY_VERIFY(car->steeringBar()->value().value_or(0.0) > 0.7);
 
         // The simulated car answers: link, link quality and GPS reach the page.
@@ -365,6 +372,30 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(dash->telemetryGrid()->isVisible() && dash->telemetryGrid()->tileCount() > 5,
                                  5000);
         QVERIFY(!dash->telemetryEmptyState()->isVisible());
+
+        // The live plots fill from the car's motion and link statistics, and only while shown.
+        TelemetryPlots *plots = dash->telemetryPlots();
+        QTRY_VERIFY_WITH_TIMEOUT(plots->plottedPoints(TelemetryPlots::Lateral) > 5 &&
+                                     plots->plottedPoints(TelemetryPlots::Rssi) > 1,
+                                 5000);
+        QVERIFY(rig.window->showPage(u"rc-car"_s));
+        const int plotted = plots->plottedPoints(TelemetryPlots::Lateral);
+        const int kept = plots->ring(TelemetryPlots::Lateral).size();
+        QTRY_VERIFY(plots->ring(TelemetryPlots::Lateral).size() > kept + 10);
+        QCOMPARE(plots->plottedPoints(TelemetryPlots::Lateral), plotted);
+        QVERIFY(rig.window->showPage(u"dashboard"_s));
+        QVERIFY(plots->plottedPoints(TelemetryPlots::Lateral) > plotted + 10);
+
+        // Record writes the drive into the data folder's recordings and names the file.
+        DriveRecorder *recorder = rig.services->driveRecorder();
+        dash->recordingRow()->recordButton()->click();
+        QVERIFY(recorder->isRecording());
+        QCOMPARE(QFileInfo(recorder->filePath()).dir().path(), rig.dir.filePath(u"recordings"_s));
+        QVERIFY(dash->recordingRow()->statusText().contains(QFileInfo(recorder->filePath()).fileName()));
+        QTRY_VERIFY(recorder->writtenRows() > 0);
+        dash->recordingRow()->recordButton()->click();
+        QVERIFY(!recorder->isRecording());
+        QVERIFY(!dash->recordingRow()->recordButton()->isChecked());
 
         // With sensors chosen, exactly those show, in the chosen order.
         QVERIFY(

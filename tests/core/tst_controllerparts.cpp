@@ -1,8 +1,11 @@
 #include "activeprofilefollower.h"
 #include "autoconnect.h"
+#include "channelneutrals.h"
 #include "crsftypes.h"
 #include "deviceroleset.h"
+#include "drivecomputation.h"
 #include "drivecontrols.h"
+#include "helicoptercomputation.h"
 #include "inputdetection.h"
 #include "profilekeys.h"
 #include "profilemanager.h"
@@ -43,6 +46,8 @@ private slots:
     void followerWaitsForStopToSwitch_data();
     void followerWaitsForStopToSwitch();
     void detectionTimesOutUnsuccessfully();
+    void channelNeutralsFollowWhatDrivesEachChannel_data();
+    void channelNeutralsFollowWhatDrivesEachChannel();
 };
 
 void TestControllerParts::defaultProfileReadsAsTypedDefaults()
@@ -389,6 +394,55 @@ void TestControllerParts::detectionTimesOutUnsuccessfully()
     QCOMPARE(button.first(), (QList<QVariant>{-1, false}));
     QVERIFY(!detection.isDetectingShifter() && !detection.isDetectingButton());
     QCOMPARE(profiles.activeProfile(), before);
+}
+
+void TestControllerParts::channelNeutralsFollowWhatDrivesEachChannel_data()
+{
+    QTest::addColumn<bool>("helicopter");
+    QTest::addColumn<int>("mappedChannel"); // -1: no button mapping
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("startValue");
+    QTest::addColumn<int>("channel");
+    QTest::addColumn<int>("expected"); // -1: nothing drives it
+    const int none = -1;
+    const int toggle = int(ButtonBehaviour::Toggle);
+    const int hold = int(ButtonBehaviour::HoldToRaise);
+    const int momentary = int(ButtonBehaviour::Momentary);
+    const int position = int(ButtonBehaviour::SwitchPosition);
+    // The full 11-bit span, truncated: 1023.
+    QTest::newRow("car steering centre") << false << none << 0 << 0 << 0 << 1023;
+    QTest::newRow("car ESC neutral") << false << none << 0 << 0 << 1 << 992;
+    QTest::newRow("car CH3 without a mapping") << false << none << 0 << 0 << 2 << none;
+    QTest::newRow("car toggle rests OFF") << false << 4 << toggle << 172 << 4 << 172;
+    QTest::newRow("car hold rests at its start") << false << 5 << hold << 992 << 5 << 992;
+    QTest::newRow("car LED strip switched off") << false << none << 0 << 0 << 11 << 0;
+    QTest::newRow("car mapping owns the LED channel") << false << 11 << momentary << 300 << 11 << 300;
+    QTest::newRow("heli cyclic centred") << true << none << 0 << 0 << 0 << 992;
+    QTest::newRow("heli collective at the bottom") << true << none << 0 << 0 << 2 << 172;
+    QTest::newRow("heli switch rests at its start") << true << 5 << position << 1500 << 5 << 1500;
+    QTest::newRow("heli CH7 without a mapping") << true << none << 0 << 0 << 6 << none;
+}
+
+void TestControllerParts::channelNeutralsFollowWhatDrivesEachChannel()
+{
+    QFETCH(bool, helicopter);
+    QFETCH(int, mappedChannel);
+    QFETCH(int, mode);
+    QFETCH(int, startValue);
+    QFETCH(int, channel);
+    QFETCH(int, expected);
+    ButtonMappingList mappings;
+    if (mappedChannel >= 0) {
+        ButtonMapping mapping;
+        mapping.buttonIndex = 3;
+        mapping.channel = mappedChannel;
+        mapping.mode = ButtonBehaviour(mode);
+        mapping.startValue = startValue;
+        mappings.append(mapping);
+    }
+    const ChannelNeutrals neutrals = helicopter ? helicopterChannelNeutrals(HelicopterComputation(), mappings)
+                                                : carChannelNeutrals(DriveComputation(), mappings);
+    QCOMPARE(neutrals[channel].value_or(-1), expected);
 }
 
 QTEST_MAIN(TestControllerParts)

@@ -2,6 +2,7 @@
 #include "channelbar.h"
 #include "levelbar.h"
 #include "stattile.h"
+#include "timeseriesring.h"
 
 #include <QSettings>
 #include <QSignalSpy>
@@ -9,6 +10,10 @@
 #include <QVBoxLayout>
 
 #include <array>
+#include <optional>
+
+using Span = std::pair<double, double>;
+using Neutral = std::optional<int32_t>;
 
 class TestHubWidgets : public QObject
 {
@@ -101,6 +106,61 @@ private slots:
         QCOMPARE(channels.bar(1)->valueText(), QStringLiteral("2047"));
         QCOMPARE(channels.bar(1)->filledSpan().second, 1.0);
         QVERIFY(!channels.bar(3)->value());
+    }
+
+    void channelBarFillsFromTheChannelsNeutral_data()
+    {
+        QTest::addColumn<Neutral>("neutral");
+        QTest::addColumn<int>("value");
+        QTest::addColumn<Span>("filled");
+        const double centre = (992.0 - 172.0) / (1811.0 - 172.0);
+        QTest::newRow("centred channel full right") << Neutral(992) << 1811 << Span(centre, 1.0);
+        QTest::newRow("switch off") << Neutral(0) << 0 << Span(0.0, 0.0);
+        QTest::newRow("switch on") << Neutral(0) << 2047 << Span(0.0, 1.0);
+        QTest::newRow("unmapped channel at zero") << Neutral() << 0 << Span(0.0, 0.0);
+    }
+
+    void channelBarFillsFromTheChannelsNeutral()
+    {
+        QFETCH(Neutral, neutral);
+        QFETCH(int, value);
+        QFETCH(Span, filled);
+        hub::ChannelBar channels;
+        std::array<Neutral, 16> neutrals{};
+        neutrals[4] = neutral;
+        channels.setNeutrals(neutrals);
+        std::array<int32_t, 16> values{};
+        values[4] = value;
+        channels.setValues(values);
+        QCOMPARE(channels.bar(4)->filledSpan(), filled);
+    }
+
+    void timeSeriesRingKeepsExactlyTheLastWindow_data()
+    {
+        QTest::addColumn<int>("intervalMs");
+        QTest::addColumn<int>("expectedSpacingMs");
+        QTest::newRow("at the resolution") << 20 << 20;
+        // Faster than the resolution: thinned out, the ring does not grow.
+        QTest::newRow("every tick") << 7 << 21;
+    }
+
+    void timeSeriesRingKeepsExactlyTheLastWindow()
+    {
+        QFETCH(int, intervalMs);
+        QFETCH(int, expectedSpacingMs);
+        hub::TimeSeriesRing ring(std::chrono::seconds(60), std::chrono::milliseconds(20));
+        const int capacity = ring.capacity();
+        QCOMPARE(capacity, 3001);
+        // A minute and a half of samples.
+        for (qint64 t = 0; t <= 90000; t += intervalMs)
+            ring.append(t, 1.0f);
+        QCOMPARE(ring.capacity(), capacity);
+        const qint64 newest = ring.newest().timeMs;
+        QVERIFY(newest > 90000 - intervalMs * 3);
+        QVERIFY(newest - ring.at(0).timeMs <= 60000);
+        QVERIFY(newest - ring.at(0).timeMs > 60000 - expectedSpacingMs);
+        QCOMPARE(ring.at(1).timeMs - ring.at(0).timeMs, expectedSpacingMs);
+        QCOMPARE(ring.size(), int((newest - ring.at(0).timeMs) / expectedSpacingMs) + 1);
     }
 };
 

@@ -2,9 +2,11 @@
 
 #include "card.h"
 #include "emptystate.h"
+#include "recordingrow.h"
 #include "stattile.h"
 #include "statuspill.h"
 #include "statusrow.h"
+#include "telemetryplots.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -21,6 +23,7 @@ DashboardPage::DashboardPage(QWidget *parent)
     row->addWidget(buildConnectionsCard(), 3);
     row->addWidget(buildTransmissionCard(), 2);
     content()->addLayout(row);
+    content()->addWidget(buildPlotsCard());
     content()->addWidget(buildTelemetryCard());
     content()->addStretch(1);
 
@@ -69,6 +72,8 @@ QWidget *DashboardPage::buildTransmissionCard()
     actions->addWidget(heli);
     actions->addStretch(1);
     card->body()->addLayout(actions);
+    m_recording = new RecordingRow(card);
+    card->body()->addWidget(m_recording);
     card->body()->addStretch(1);
     connect(car, &QPushButton::clicked, this, [this] { emit pageRequested(QStringLiteral("rc-car")); });
     connect(heli, &QPushButton::clicked, this, [this] { emit pageRequested(QStringLiteral("rc-heli")); });
@@ -90,6 +95,15 @@ QWidget *DashboardPage::buildTelemetryCard()
     m_telemetry = new TelemetryGrid(card);
     m_telemetry->hide();
     card->body()->addWidget(m_telemetry);
+    return card;
+}
+
+QWidget *DashboardPage::buildPlotsCard()
+{
+    auto *card = new hub::Card(tr("Live telemetry"), this);
+    card->setSubtitle(tr("The car's G forces and radio link over the last minute"));
+    m_plots = new TelemetryPlots(card);
+    card->body()->addWidget(m_plots);
     return card;
 }
 

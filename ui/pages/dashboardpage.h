@@ -15,8 +15,12 @@ class StatusRow;
 
 namespace tavrix {
 
-// The "dashboard" page: the connections, the transmission and the chosen telemetry sensors
-// at a glance. It presents only; the owner feeds it through the slots.
+class RecordingRow;
+class TelemetryPlots;
+
+// The "dashboard" page: the connections, the transmission with the drive recorder, the chosen
+// telemetry sensors and the car's last minute as live plots at a glance. It presents only; the owner feeds it
+// through the slots.
 class DashboardPage : public hub::Page
 {
     Q_OBJECT
@@ -33,6 +37,8 @@ public:
     QAbstractButton *remoteDetailsButton() const { return m_remoteDetails; }
     hub::EmptyState *telemetryEmptyState() const { return m_telemetryEmpty; }
     QAbstractButton *telemetrySettingsButton() const { return m_telemetrySettings; }
+    TelemetryPlots *telemetryPlots() const { return m_plots; }
+    RecordingRow *recordingRow() const { return m_recording; }
 
 public slots:
     void setTransmitterState(bool connected, const QString &port = {});
@@ -60,6 +66,7 @@ private:
     QWidget *buildConnectionsCard();
     QWidget *buildTransmissionCard();
     QWidget *buildTelemetryCard();
+    QWidget *buildPlotsCard();
 
     hub::StatusRow *m_transmitter = nullptr;
     hub::StatusRow *m_devices = nullptr;
@@ -73,6 +80,8 @@ private:
     hub::StatTile *m_frameRate = nullptr;
     hub::EmptyState *m_telemetryEmpty = nullptr;
     TelemetryGrid *m_telemetry = nullptr;
+    TelemetryPlots *m_plots = nullptr;
+    RecordingRow *m_recording = nullptr;
 };
 
 } // namespace tavrix

@@ -109,6 +109,11 @@ void VehiclePage::clearChannels()
     m_channels->clear();
 }
 
+void VehiclePage::setChannelNeutrals(std::span<const std::optional<int32_t>> neutrals)
+{
+    m_channels->setNeutrals(neutrals);
+}
+
 QString VehiclePage::problem() const
 {
     return m_problem->isHidden() ? QString() : m_problem->text();

@@ -3,6 +3,7 @@
 #include "page.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 class QPushButton;
@@ -45,6 +46,8 @@ public slots:
     void setTransmitting(bool running);
     void showChannels(std::span<const int32_t> channels);
     void clearChannels();
+    // Where each channel's bar fills from (ChannelBar::setNeutrals).
+    void setChannelNeutrals(std::span<const std::optional<int32_t>> neutrals);
     // A refusal or fault stays in view until the user dismisses it or the next start works.
     void showProblem(const QString &text);
     void clearProblem();

@@ -1,0 +1,129 @@
+// The drive recorder on real files in a temporary folder, fed by a running controller.
+#include "controllerrig.h"
+#include "driverecorder.h"
+#include "driverecordingfeed.h"
+#include "profiletestfiles.h"
+
+#include <QDir>
+#include <QFile>
+
+using namespace tavrix;
+using namespace tavrix::testing;
+
+namespace {
+
+QList<QByteArrayList> readCsv(const QString &path)
+{
+    QFile file(path);
+    QList<QByteArrayList> rows;
+    if (!file.open(QIODevice::ReadOnly))
+        return rows;
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        if (!line.isEmpty())
+            rows.append(line.split(','));
+    }
+    return rows;
+}
+
+DriveSample sampleOfFrame(quint32 frame)
+{
+    DriveSample sample;
+    sample.frame = frame;
+    return sample;
+}
+
+} // namespace
+
+class TestDriveRecorder : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void rowsAreTheFramesTheCarReceived()
+    {
+        ControllerRig rig;
+        QVERIFY(rig.setUp());
+        DriveRecorder recorder({.queueCapacity = 4096, .flushInterval = std::chrono::milliseconds(20)});
+        DriveRecordingFeed feed(rig.controller.get(), &recorder);
+        QList<sim::ChannelArray> received;
+        connect(&rig.sim, &sim::BridgeSimulator::channelFrameReceived, this,
+                [&received](const sim::ChannelArray &channels) { received.append(channels); });
+
+        QVERIFY(recorder.start(rig.dir.filePath(QStringLiteral("recordings"))));
+        QVERIFY(rig.controller->startTransmission());
+        rig.setSteering(0.6);
+        QTRY_VERIFY(rig.controller->frameCount() > 40 && rig.controller->steering() > 0.5f);
+        recorder.stop();
+        rig.controller->stopTransmission();
+        QVERIFY(rig.flushToBridge());
+
+        const QList<QByteArrayList> rows = readCsv(recorder.filePath());
+        QCOMPARE(rows.value(0).join(','), csvrowformat::header().trimmed());
+        QCOMPARE(qsizetype(recorder.writtenRows()), rows.size() - 1);
+        QVERIFY(rows.size() > 40);
+        const qsizetype frameColumn = rows[0].indexOf("frame");
+        const qsizetype ch1Column = rows[0].indexOf("ch1");
+        bool steered = false;
+        for (const QByteArrayList &row : rows.mid(1)) {
+            QCOMPARE(row.size(), rows[0].size());
+            // Frames count from 1 at the start; the bridge saw them in that order.
+            const int frame = row[frameColumn].toInt();
+            QVERIFY(frame >= 1 && frame <= received.size());
+            for (int ch = 0; ch < 16; ++ch)
+                QCOMPARE(row[ch1Column + ch].toInt(), received[frame - 1][ch]);
+            steered = steered || row[ch1Column].toInt() > 1300;
+        }
+        QVERIFY2(steered, "the steering moved CH1 during the recording");
+    }
+
+    void fullQueueDropsAndCountsTheRest()
+    {
+        QTemporaryDir dir;
+        // The timer never runs here: only stop() writes.
+        DriveRecorder recorder({.queueCapacity = 4, .flushInterval = std::chrono::hours(1)});
+        QVERIFY(recorder.start(dir.path()));
+        for (quint32 frame = 1; frame <= 10; ++frame)
+            recorder.record(sampleOfFrame(frame));
+        recorder.stop();
+        QCOMPARE(recorder.writtenRows(), 4u);
+        QCOMPARE(recorder.droppedRows(), 6u);
+        const QList<QByteArrayList> rows = readCsv(recorder.filePath());
+        QCOMPARE(rows.size(), 5);
+        // The queued rows are kept, the ones that found it full are lost.
+        QCOMPARE(rows[4][rows[0].indexOf("frame")], QByteArray("4"));
+
+        // A second recording gets its own file and its own count.
+        QVERIFY(recorder.start(dir.path()));
+        recorder.stop();
+        QCOMPARE(recorder.droppedRows(), 0u);
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files).size(), 2);
+    }
+
+    void writeErrorStopsWithTheMessageAndKeepsTheFile()
+    {
+        QTemporaryDir dir;
+        DriveRecorder recorder({.queueCapacity = 4096, .flushInterval = std::chrono::milliseconds(10)});
+        QSignalSpy errors(&recorder, &DriveRecorder::errorOccurred);
+        QSignalSpy recording(&recorder, &DriveRecorder::recordingChanged);
+        QVERIFY(recorder.start(dir.path()));
+        const qint64 headerBytes = QFileInfo(recorder.filePath()).size();
+        {
+            FileSizeLimit full(rlim_t(headerBytes + 300));
+            QVERIFY(full.isActive());
+            for (quint32 frame = 1; frame <= 200; ++frame)
+                recorder.record(sampleOfFrame(frame));
+            QVERIFY(errors.wait(5000));
+        }
+        QCOMPARE(errors.size(), 1);
+        QVERIFY(errors.at(0).at(0).toString().contains(QFileInfo(recorder.filePath()).fileName()));
+        QVERIFY(!recorder.isRecording());
+        QCOMPARE(recording.size(), 2);
+        QCOMPARE(recording.last().at(0).toBool(), false);
+        // What reached the disk stays: the header and the rows up to the limit.
+        QCOMPARE(QFileInfo(recorder.filePath()).size(), headerBytes + 300);
+        QCOMPARE(readCsv(recorder.filePath()).value(0).join(','), csvrowformat::header().trimmed());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestDriveRecorder)
+#include "tst_driverecorder.moc"
