@@ -15,6 +15,7 @@ class DialogRegistry;
 class HeliPage;
 class HubServices;
 class InfoPage;
+class StartConfirmation;
 
 // What one group of dialogs needs from the window to register itself: the services the
 // dialogs edit, the registry they go into, the pages whose buttons open them, and a way to
@@ -31,6 +32,8 @@ struct DialogWiring
     HeliPage *heli;
     DashboardPage *dashboard;
     InfoPage *info;
+    // Asked before the car page starts transmission.
+    StartConfirmation &carStart;
 
     // A slot that opens `key`, for connecting a page's button.
     std::function<void()> opener(const QString &key) const
@@ -45,5 +48,7 @@ void wireVehicleDialogs(const DialogWiring &wiring);
 void wireConfigurationDialogs(const DialogWiring &wiring);
 // Firmware updates, opened from the About page.
 void wireFirmwareDialogs(const DialogWiring &wiring);
+// The setup guide (from the About page) and the safety notice asked before the car's first start.
+void wireOnboardingDialogs(const DialogWiring &wiring);
 
 } // namespace tavrix

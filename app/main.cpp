@@ -106,6 +106,10 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
             auto *snapshots = new tavrix::ScreenshotMode(&window, theme, *snapshotOptions, &window);
             QObject::connect(snapshots, &tavrix::ScreenshotMode::finished, &app, &QCoreApplication::quit);
             snapshots->start();
+        } else if (tavrix::offersSetupGuide(*services->profiles())) {
+            // A hub that has never been set up: the guide instead of an empty window. Not over the
+            // screenshots, which show the pages as they are.
+            window.openDialog(QStringLiteral("onboarding"));
         }
 
         exitCode = app.exec();

@@ -156,7 +156,7 @@ void MainWindow::bindPages()
 {
     TavrixController *controller = m_services->controller();
     new DashboardBinder(m_dashboard, controller, this);
-    new CarPageBinder(m_car, controller, this);
+    new CarPageBinder(m_car, controller, &m_carStart, this);
     new HeliPageBinder(m_heli, controller, this);
     connect(controller, &TavrixController::errorOccurred, this, &MainWindow::showErrorElsewhere);
 
@@ -175,10 +175,12 @@ void MainWindow::bindPages()
 
     const DialogWiring wiring{
         *m_services, m_dialogs, this,        [this](const QString &key) { return openDialog(key); },
-        m_car,       m_heli,    m_dashboard, m_info};
+        m_car,       m_heli,    m_dashboard, m_info,
+        m_carStart};
     wireVehicleDialogs(wiring);
     wireConfigurationDialogs(wiring);
     wireFirmwareDialogs(wiring);
+    wireOnboardingDialogs(wiring);
 }
 
 void MainWindow::bindMotionPages()

@@ -73,7 +73,9 @@ private slots:
                              QStringLiteral("dark-dlg-motion-web.png"),
                              QStringLiteral("dark-dlg-axis.png"),
                              QStringLiteral("dark-dlg-drive.png"),
-                             QStringLiteral("dark-dlg-pedal-verify.png")};
+                             QStringLiteral("dark-dlg-pedal-verify.png"),
+                             QStringLiteral("dark-dlg-onboarding.png"),
+                             QStringLiteral("dark-dlg-disclaimer.png")};
         for (const char *page :
              {"dashboard", "vehicles", "rc-car", "rc-heli", "motion-chooser", "motion-panel", "info"})
             expected.append(QStringLiteral("dark-%1.png").arg(QLatin1String(page)));

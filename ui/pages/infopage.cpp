@@ -67,7 +67,10 @@ QWidget *InfoPage::buildAboutCard()
 
     auto *firmware = new QPushButton(tr("Firmware updates"), card);
     connect(firmware, &QPushButton::clicked, this, &InfoPage::firmwareUpdatesRequested);
+    auto *guide = new QPushButton(tr("Setup guide"), card);
+    connect(guide, &QPushButton::clicked, this, &InfoPage::setupGuideRequested);
     auto *firmwareRow = new QHBoxLayout;
+    firmwareRow->addWidget(guide);
     firmwareRow->addWidget(firmware);
     firmwareRow->addStretch(1);
     card->body()->addLayout(firmwareRow);

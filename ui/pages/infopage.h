@@ -29,6 +29,7 @@ signals:
     void reduceMotionChanged(bool reduce);
     void debugConsoleRequested();
     void firmwareUpdatesRequested();
+    void setupGuideRequested();
 
 private:
     QWidget *buildAboutCard();
