@@ -28,6 +28,7 @@ SafetyNoticeDialog::SafetyNoticeDialog(QWidget *parent)
     // Cancel is the default: Enter out of habit must not start a car.
     m_cancel->setDefault(true);
     m_understood->setAutoDefault(false);
+    m_cancel->setFocus();
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     column->addWidget(buttons);
