@@ -1,6 +1,7 @@
 #include "setupguidebinder.h"
 
 #include "devicepickerbinder.h"
+#include "devicepickercard.h"
 #include "inputdevice.h"
 #include "pedalverifydialogbinder.h"
 #include "shellsettings.h"
@@ -36,9 +37,14 @@ SetupGuideBinder::SetupGuideBinder(SetupGuide *guide, TavrixController *controll
     , m_pedals(new PedalVerifyDialogBinder(guide->pedalCheck(), controller))
 {
     new TransmitterCardBinder(guide->transmitterCard(), controller, this);
-    for (VehicleType vehicle : {VehicleType::Car, VehicleType::Helicopter})
+    for (VehicleType vehicle : {VehicleType::Car, VehicleType::Helicopter}) {
+        // A device picked by hand ends the detection first (connected before the picker's binder),
+        // so the detection lets go of the device before its role opens it.
+        connect(guide->devicePicker(vehicle == VehicleType::Helicopter), &DevicePickerCard::deviceChosen,
+                this, &SetupGuideBinder::cancelDetection);
         new DevicePickerBinder(guide->devicePicker(vehicle == VehicleType::Helicopter), controller,
                                DevicePickerBinder::rolesOf(vehicle), this);
+    }
 
     connect(guide, &SetupGuide::vehicleChosen, this, &SetupGuideBinder::chooseVehicle);
     connect(guide, &SetupGuide::detectRequested, this, &SetupGuideBinder::detect);
@@ -46,7 +52,7 @@ SetupGuideBinder::SetupGuideBinder(SetupGuide *guide, TavrixController *controll
     connect(guide, &SetupGuide::stopRequested, controller, &TavrixController::stopTransmission);
     connect(guide, &SetupGuide::stepChanged, this, &SetupGuideBinder::onStepChanged);
     connect(guide, &QDialog::finished, this, [this] {
-        m_controller->movedDeviceDetection()->stop();
+        cancelDetection();
         // The guide's start was a trial on a stand; it does not outlive the guide.
         if (m_startedHere)
             m_controller->stopTransmission();
@@ -71,6 +77,7 @@ SetupGuideBinder::SetupGuideBinder(SetupGuide *guide, TavrixController *controll
 
 SetupGuideBinder::~SetupGuideBinder()
 {
+    // The guide is being torn down around this binder: only the controller is told.
     if (!m_detectingRole.isEmpty())
         m_controller->movedDeviceDetection()->stop();
 }
@@ -97,8 +104,7 @@ void SetupGuideBinder::chooseVehicle(bool helicopter)
 
 void SetupGuideBinder::detect(const QString &roleKey)
 {
-    if (!m_detectingRole.isEmpty())
-        m_guide->showDetected(m_detectingRole, QString());
+    cancelDetection();
     m_detectingRole = roleKey;
     if (m_controller->movedDeviceDetection()->start()) {
         m_guide->showDetecting(roleKey);
@@ -140,10 +146,16 @@ void SetupGuideBinder::onStepChanged(SetupGuide::Step step)
     // What went wrong on the way (a device that would not open) is no reason to hold back here.
     if (step == SetupGuide::Step::FirstStart)
         m_guide->showStartProblem(QString());
-    if (step != SetupGuide::Step::Devices && !m_detectingRole.isEmpty()) {
-        m_controller->movedDeviceDetection()->stop();
-        m_guide->showDetected(std::exchange(m_detectingRole, QString()), QString());
-    }
+    if (step != SetupGuide::Step::Devices)
+        cancelDetection();
+}
+
+void SetupGuideBinder::cancelDetection()
+{
+    if (m_detectingRole.isEmpty())
+        return;
+    m_controller->movedDeviceDetection()->stop();
+    m_guide->showDetected(std::exchange(m_detectingRole, QString()), QString());
 }
 
 } // namespace tavrix

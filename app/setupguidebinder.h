@@ -28,6 +28,7 @@ private:
     void chooseVehicle(bool helicopter);
     void detect(const QString &roleKey);
     void assignDetected(const MovedControl &control);
+    void cancelDetection();
     void start();
     void onStepChanged(SetupGuide::Step step);
     void showDone();
