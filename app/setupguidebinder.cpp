@@ -61,6 +61,11 @@ SetupGuideBinder::SetupGuideBinder(SetupGuide *guide, TavrixController *controll
     connect(controller->movedDeviceDetection(), &MovedDeviceDetection::found, this,
             &SetupGuideBinder::assignDetected);
     connect(controller, &TavrixController::runningChanged, guide, &SetupGuide::showRunning);
+    // A run started elsewhere after the guide's own one stopped is not the guide's to stop.
+    connect(controller, &TavrixController::runningChanged, this, [this](bool running) {
+        if (!running)
+            m_startedHere = false;
+    });
     connect(controller, &TavrixController::errorOccurred, guide, &SetupGuide::showStartProblem);
     for (auto signal :
          {&TavrixController::serialConnectedChanged, &TavrixController::wheelBaseConnectedChanged,
