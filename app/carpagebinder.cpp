@@ -7,11 +7,13 @@
 
 namespace tavrix {
 
-CarPageBinder::CarPageBinder(CarPage *page, TavrixController *controller, QObject *parent)
+CarPageBinder::CarPageBinder(CarPage *page, TavrixController *controller,
+                             const StartConfirmation *confirmation, QObject *parent)
     : QObject(parent)
     , m_page(page)
     , m_controller(controller)
-    , m_vehicle(new VehiclePageBinder(page, controller, {VehicleType::Car, page->deviceCard()}, this))
+    , m_vehicle(
+          new VehiclePageBinder(page, controller, {VehicleType::Car, page->deviceCard(), confirmation}, this))
 {
     new ReceiverCardBinder(page->receiverCard(), controller, this);
     connect(m_vehicle, &VehiclePageBinder::repaintDue, this, &CarPageBinder::showInput);

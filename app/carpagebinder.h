@@ -5,6 +5,7 @@
 namespace tavrix {
 
 class CarPage;
+class StartConfirmation;
 class TavrixController;
 class VehiclePageBinder;
 
@@ -14,7 +15,9 @@ class CarPageBinder : public QObject
 {
     Q_OBJECT
 public:
-    CarPageBinder(CarPage *page, TavrixController *controller, QObject *parent = nullptr);
+    // confirmation: asked before the page's Start goes ahead (none asks nothing).
+    CarPageBinder(CarPage *page, TavrixController *controller,
+                  const StartConfirmation *confirmation = nullptr, QObject *parent = nullptr);
 
 private:
     void showInput();

@@ -22,6 +22,14 @@ int positionOf(const DeviceGuid &instance, const QList<InputDeviceInfo> &devices
 
 } // namespace
 
+QList<DevicePickerBinder::RoleKey> DevicePickerBinder::rolesOf(VehicleType vehicle)
+{
+    QList<RoleKey> roles;
+    for (const DeviceRole role : DeviceRoleSet::rolesFor(vehicle))
+        roles.append({QString(deviceRoleInfo(role).option), role});
+    return roles;
+}
+
 DevicePickerBinder::DevicePickerBinder(DevicePickerCard *card, TavrixController *controller,
                                        QList<RoleKey> roles, QObject *parent)
     : QObject(parent)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controllertypes.h"
 #include "inputdeviceinfo.h"
 #include "profilemanager.h"
 
@@ -22,6 +23,9 @@ public:
         QString key; // the card's role key: "wheel", "pedals", ...
         DeviceRole role;
     };
+
+    // The roles of a vehicle, keyed as the pages key their pickers (the role's option name).
+    [[nodiscard]] static QList<RoleKey> rolesOf(VehicleType vehicle);
 
     DevicePickerBinder(DevicePickerCard *card, TavrixController *controller, QList<RoleKey> roles,
                        QObject *parent = nullptr);

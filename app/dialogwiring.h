@@ -17,6 +17,7 @@ class HeliPage;
 class HubServices;
 class InfoPage;
 class ProfileManager;
+class StartConfirmation;
 
 // What one group of dialogs needs from the window to register itself: the services the
 // dialogs edit, the registry they go into, the pages whose buttons open them, and a way to
@@ -33,6 +34,8 @@ struct DialogWiring
     HeliPage *heli;
     DashboardPage *dashboard;
     InfoPage *info;
+    // Asked before the car page starts transmission.
+    StartConfirmation &carStart;
 
     // A slot that opens `key`, for connecting a page's button.
     std::function<void()> opener(const QString &key) const
@@ -53,5 +56,7 @@ void wireProfileDialogs(const DialogWiring &wiring);
 void wireButtonDialogs(const DialogWiring &wiring);
 // Lets the drive dialog open the ESC presets it offers, as a dialog of its own above it.
 void offerEscPresets(DriveSettingsDialog *drive, ProfileManager *profiles);
+// The setup guide (from the About page) and the safety notice asked before the car's first start.
+void wireOnboardingDialogs(const DialogWiring &wiring);
 
 } // namespace tavrix

@@ -108,6 +108,11 @@ int runWindow(int &argc, char **argv, const tavrix::CommandLineOptions &options)
             auto *snapshots = new tavrix::ScreenshotMode(&window, theme, *snapshotOptions, &window);
             QObject::connect(snapshots, &tavrix::ScreenshotMode::finished, &app, &QCoreApplication::quit);
             snapshots->start();
+        } else if (!demo && tavrix::offersSetupGuide(*services->profiles())) {
+            // A hub that has never been set up: the guide instead of an empty window. Not over the
+            // screenshots, which show the pages as they are, nor over the demo, which brings its
+            // own transmitter and controllers.
+            window.openDialog(QStringLiteral("onboarding"));
         }
 
         exitCode = app.exec();

@@ -166,7 +166,7 @@ void MainWindow::bindPages()
     new TelemetryPlotsBinder(m_dashboard->telemetryPlots(), controller, this);
     new DriveRecorderBinder(m_dashboard->recordingRow(), m_services->driveRecorder(),
                             m_services->recordingsDirectory(), this);
-    new CarPageBinder(m_car, controller, this);
+    new CarPageBinder(m_car, controller, &m_carStart, this);
     new HeliPageBinder(m_heli, controller, this);
     connect(controller, &TavrixController::errorOccurred, this, &MainWindow::showErrorElsewhere);
 
@@ -185,12 +185,14 @@ void MainWindow::bindPages()
 
     const DialogWiring wiring{
         *m_services, m_dialogs, this,        [this](const QString &key) { return openDialog(key); },
-        m_car,       m_heli,    m_dashboard, m_info};
+        m_car,       m_heli,    m_dashboard, m_info,
+        m_carStart};
     wireVehicleDialogs(wiring);
     wireConfigurationDialogs(wiring);
     wireFirmwareDialogs(wiring);
     wireProfileDialogs(wiring);
     wireButtonDialogs(wiring);
+    wireOnboardingDialogs(wiring);
 }
 
 void MainWindow::bindMotionPages()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogregistry.h"
+#include "startconfirmation.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -88,6 +89,8 @@ private:
     tavrix::InfoPage *m_info = nullptr;
     QPointer<tavrix::DebugConsole> m_console;
     tavrix::DialogRegistry m_dialogs;
+    // Asked before the car page's Start goes ahead; the onboarding group sets the question.
+    tavrix::StartConfirmation m_carStart;
     QHash<QString, QPointer<QWidget>> m_openDialogs;
     bool m_restartRequested = false;
 };

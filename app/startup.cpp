@@ -1,5 +1,9 @@
 #include "startup.h"
 
+#include "profilekeys.h"
+#include "profilemanager.h"
+#include "shellsettings.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QLocale>
@@ -66,6 +70,22 @@ QString installTranslation(QApplication &app, QTranslator &translator, const QSt
     }
     qInfo("hub: no translation for %s, using English", qUtf8Printable(uiLanguages.join(QLatin1Char(','))));
     return {};
+}
+
+bool offersSetupGuide(const ProfileManager &profiles)
+{
+    if (hub::ShellSettings::setupGuideDismissed())
+        return false;
+    for (const ProfileSummary &summary : profiles.profiles()) {
+        const QJsonObject bridge = profiles.profile(summary.id)
+                                       .value(profilekeys::kDeviceConnections)
+                                       .toObject()
+                                       .value(profilekeys::kBridge)
+                                       .toObject();
+        if (!bridge.value(profilekeys::kPortName).toString().isEmpty())
+            return false;
+    }
+    return true;
 }
 
 bool startNewInstance()

@@ -8,6 +8,8 @@ class QTranslator;
 
 namespace tavrix {
 
+class ProfileManager;
+
 // The application's identity: organisation "OrvaneLabs", application "OrvaneLabs HUB",
 // the version and the window icon. The settings store is keyed by the first two.
 void applyIdentity(QApplication &app);
@@ -19,6 +21,10 @@ void applyCoreIdentity();
 // (logged) when none loads and the interface stays in English.
 QString installTranslation(QApplication &app, QTranslator &translator, const QStringList &uiLanguages,
                            const QString &directory = QStringLiteral(":/i18n"));
+
+// Whether the window opens the setup guide by itself: no profile knows a transmitter port
+// yet (nobody has set one up) and the guide has not been closed before.
+[[nodiscard]] bool offersSetupGuide(const ProfileManager &profiles);
 
 // Starts this program again with the same arguments, for changes that need a new process.
 bool startNewInstance();

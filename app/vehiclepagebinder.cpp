@@ -2,6 +2,7 @@
 
 #include "channelneutrals.h"
 #include "repaintthrottle.h"
+#include "startconfirmation.h"
 #include "tavrixcontroller.h"
 #include "transmittercardbinder.h"
 #include "vehiclepage.h"
@@ -10,26 +11,16 @@
 
 namespace tavrix {
 
-namespace {
-
-QList<DevicePickerBinder::RoleKey> pickerRoles(VehicleType vehicle)
-{
-    QList<DevicePickerBinder::RoleKey> roles;
-    for (const DeviceRole role : DeviceRoleSet::rolesFor(vehicle))
-        roles.append({QString(deviceRoleInfo(role).option), role});
-    return roles;
-}
-
-} // namespace
-
 VehiclePageBinder::VehiclePageBinder(VehiclePage *page, TavrixController *controller, const Setup &setup,
                                      QObject *parent)
     : QObject(parent)
     , m_page(page)
     , m_controller(controller)
     , m_vehicle(setup.vehicle)
+    , m_confirmation(setup.confirmation)
     , m_transmitter(new TransmitterCardBinder(page->transmitterCard(), controller, this))
-    , m_devices(new DevicePickerBinder(setup.devices, controller, pickerRoles(setup.vehicle), this))
+    , m_devices(
+          new DevicePickerBinder(setup.devices, controller, DevicePickerBinder::rolesOf(setup.vehicle), this))
     , m_repaint(new RepaintThrottle([this] { repaint(); }, this))
 {
     new VisibleRefresh(
@@ -41,10 +32,18 @@ VehiclePageBinder::VehiclePageBinder(VehiclePage *page, TavrixController *contro
         this);
 
     connect(page, &VehiclePage::startRequested, controller, [this] {
-        if (!isActiveVehicle())
+        if (!isActiveVehicle()) {
             m_page->showProblem(tr("Switch to a profile for this vehicle before starting transmission."));
-        else if (m_controller->startTransmission())
-            m_page->clearProblem();
+            return;
+        }
+        const auto start = [this] {
+            if (m_controller->startTransmission())
+                m_page->clearProblem();
+        };
+        if (m_confirmation)
+            m_confirmation->request(start);
+        else
+            start();
     });
     connect(page, &VehiclePage::stopRequested, controller, &TavrixController::stopTransmission);
     connect(page, &VehiclePage::switchProfileRequested, this, &VehiclePageBinder::switchProfile);

@@ -10,6 +10,7 @@ namespace tavrix {
 class DevicePickerCard;
 class ProfileManager;
 class RepaintThrottle;
+class StartConfirmation;
 class TavrixController;
 class TransmitterCardBinder;
 class VehiclePage;
@@ -26,6 +27,8 @@ public:
         VehicleType vehicle;
         // One picker per role of the vehicle, keyed by the role's option name ("wheel").
         DevicePickerCard *devices;
+        // Asked before the page's Start goes to the controller; none asks nothing.
+        const StartConfirmation *confirmation = nullptr;
     };
 
     // How often the port and controller lists are read again while the page is visible.
@@ -51,6 +54,7 @@ private:
     VehiclePage *m_page;
     TavrixController *m_controller;
     VehicleType m_vehicle;
+    const StartConfirmation *m_confirmation;
     TransmitterCardBinder *m_transmitter;
     DevicePickerBinder *m_devices;
     RepaintThrottle *m_repaint;

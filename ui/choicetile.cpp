@@ -81,7 +81,7 @@ QSize ChoiceTile::minimumSizeHint() const
 void ChoiceTile::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    paintStyleSheetBackground(painter, this);
+    paintStyleSheetBackground(painter, this, false, isChecked());
 }
 
 void ChoiceTile::changeEvent(QEvent *event)

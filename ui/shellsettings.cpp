@@ -29,4 +29,24 @@ void ShellSettings::setReduceMotion(bool reduce)
     QSettings().setValue(reduceMotionKey(), reduce);
 }
 
+bool ShellSettings::setupGuideDismissed()
+{
+    return QSettings().value(setupGuideDismissedKey(), false).toBool();
+}
+
+void ShellSettings::setSetupGuideDismissed()
+{
+    QSettings().setValue(setupGuideDismissedKey(), true);
+}
+
+bool ShellSettings::safetyNoticeAccepted()
+{
+    return QSettings().value(safetyNoticeAcceptedKey(), false).toBool();
+}
+
+void ShellSettings::setSafetyNoticeAccepted()
+{
+    QSettings().setValue(safetyNoticeAcceptedKey(), true);
+}
+
 } // namespace hub

@@ -13,6 +13,8 @@ public:
     static QString reduceMotionKey() { return QStringLiteral("ui/reduceMotion"); }
     static QString carDevicesOpenKey() { return QStringLiteral("ui/carDevicesOpen"); }
     static QString carConfigureOpenKey() { return QStringLiteral("ui/carConfigureOpen"); }
+    static QString setupGuideDismissedKey() { return QStringLiteral("ui/setupGuideDismissed"); }
+    static QString safetyNoticeAcceptedKey() { return QStringLiteral("ui/safetyNoticeAccepted"); }
 
     static QString lightTheme() { return QStringLiteral("light"); }
     static QString darkTheme() { return QStringLiteral("dark"); }
@@ -24,6 +26,13 @@ public:
 
     static bool reduceMotion();
     static void setReduceMotion(bool reduce);
+
+    // The setup guide was closed once: the window no longer offers it by itself.
+    static bool setupGuideDismissed();
+    static void setSetupGuideDismissed();
+    // The safety notice was accepted once: starts from the window no longer ask it.
+    static bool safetyNoticeAccepted();
+    static void setSafetyNoticeAccepted();
 };
 
 } // namespace hub

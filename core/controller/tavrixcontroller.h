@@ -7,6 +7,7 @@
 #include "crsfprotocol.h"
 #include "deviceroleset.h"
 #include "inputdetection.h"
+#include "moveddevicedetection.h"
 #include "profilemanager.h"
 #include "serialportdirectory.h"
 #include "steeringtrim.h"
@@ -134,6 +135,8 @@ public:
     [[nodiscard]] TelemetrySensorBook *telemetrySensors() const { return m_sensorBook; }
     // Learning which shifter button selects a gear, or which button the user means.
     [[nodiscard]] InputDetection *inputDetection() const { return m_inputDetection; }
+    // Which attached game controller the user moves, for assigning it to a role.
+    [[nodiscard]] MovedDeviceDetection *movedDeviceDetection() const { return m_movedDevice; }
     // Steering end points tried on the running car before they are saved.
     [[nodiscard]] SteeringTrim &steeringTrim() const { return *m_steeringTrim; }
     // Where the transmitter's ports are listed (and reconnects look).
@@ -283,6 +286,7 @@ private:
     std::unique_ptr<CarTick> m_car;
     std::unique_ptr<HelicopterTick> m_helicopter;
     InputDetection *m_inputDetection = nullptr;
+    MovedDeviceDetection *m_movedDevice = nullptr;
     std::unique_ptr<SteeringTrim> m_steeringTrim;
 
     ChannelValues m_channels{};

@@ -57,14 +57,21 @@ PedalVerifyDialog::PedalVerifyDialog(double releasedLimit, double fullyPressed, 
     column->addLayout(verdictRow);
     column->addStretch(1);
 
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    column->addWidget(buttons);
+    m_buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    column->addWidget(m_buttons);
 
     for (Pedal pedal : {Pedal::Throttle, Pedal::Brake})
         showStep(pedal, Step::PressFully);
     showVerdict(false);
     showNoPedals();
+}
+
+void PedalVerifyDialog::embed()
+{
+    setWindowFlags(Qt::Widget);
+    m_buttons->hide();
+    layout()->setContentsMargins(0, 0, 0, 0);
 }
 
 void PedalVerifyDialog::showPositions(double throttle, double brake)

@@ -4,6 +4,7 @@
 
 #include <array>
 
+class QDialogButtonBox;
 class QLabel;
 class QPushButton;
 
@@ -41,6 +42,8 @@ public:
     hub::StatusRow *stepRow(Pedal pedal) const { return m_rows.at(std::size_t(pedal)); }
     QPushButton *restartButton() const { return m_restart; }
     [[nodiscard]] bool showsPassed() const { return m_passed; }
+    // Shown as one step of another dialog: a plain child widget without its own Close.
+    void embed();
 
 public slots:
     void showPositions(double throttle, double brake);
@@ -57,6 +60,7 @@ private:
     std::array<hub::StatusRow *, 2> m_rows{};
     QLabel *m_verdict = nullptr;
     QPushButton *m_restart = nullptr;
+    QDialogButtonBox *m_buttons = nullptr;
     bool m_passed = false;
 };
 

@@ -19,11 +19,7 @@ namespace tavrix {
 CarPage::CarPage(QWidget *parent)
     : VehiclePage(tr("RC Car"), tr("Drive a real RC car with your wheel, pedals and shifter."), parent)
 {
-    m_devices = new DevicePickerCard(tr("Devices"),
-                                     {{QStringLiteral("wheel"), tr("Wheel")},
-                                      {QStringLiteral("pedals"), tr("Pedals")},
-                                      {QStringLiteral("shifter"), tr("Shifter")}},
-                                     this);
+    m_devices = new DevicePickerCard(tr("Devices"), deviceRoles(), this);
     m_devices->setSubtitle(tr("Game controllers for each role"));
     m_devices->persistExpanded(hub::ShellSettings::carDevicesOpenKey(), true);
     addToLeftColumn(m_devices);
@@ -35,6 +31,13 @@ CarPage::CarPage(QWidget *parent)
     addToLeftColumn(m_receiver);
     clearTelemetry();
     clearInput();
+}
+
+QList<DevicePickerCard::Role> CarPage::deviceRoles()
+{
+    return {{QStringLiteral("wheel"), tr("Wheel")},
+            {QStringLiteral("pedals"), tr("Pedals")},
+            {QStringLiteral("shifter"), tr("Shifter")}};
 }
 
 QStringList CarPage::configureTopics()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "devicepickercard.h"
 #include "vehiclepage.h"
 
 class QLabel;
@@ -25,6 +26,9 @@ class CarPage : public VehiclePage
     Q_OBJECT
 public:
     explicit CarPage(QWidget *parent = nullptr);
+
+    // The car's game-controller roles as its device picker lists them.
+    static QList<DevicePickerCard::Role> deviceRoles();
 
     DevicePickerCard *deviceCard() const { return m_devices; }
     hub::Card *configureCard() const { return m_configure; }

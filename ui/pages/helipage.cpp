@@ -16,11 +16,7 @@ HeliPage::HeliPage(QWidget *parent)
     : VehiclePage(tr("RC Helicopter"), tr("Fly an RC helicopter with a joystick, throttle and pedals."),
                   parent)
 {
-    m_controls = new DevicePickerCard(tr("Controls"),
-                                      {{QStringLiteral("joystick"), tr("Joystick")},
-                                       {QStringLiteral("throttle"), tr("Throttle")},
-                                       {QStringLiteral("rudder"), tr("Pedals")}},
-                                      this);
+    m_controls = new DevicePickerCard(tr("Controls"), deviceRoles(), this);
     m_controls->setSubtitle(tr("Game controllers for each role"));
     addToLeftColumn(m_controls);
     addToRightColumn(buildFlightCard());
@@ -30,6 +26,13 @@ HeliPage::HeliPage(QWidget *parent)
     showRatePercents({60, 80, 100}, true);
     showRateMode(0);
     clearControls();
+}
+
+QList<DevicePickerCard::Role> HeliPage::deviceRoles()
+{
+    return {{QStringLiteral("joystick"), tr("Joystick")},
+            {QStringLiteral("throttle"), tr("Throttle")},
+            {QStringLiteral("rudder"), tr("Pedals")}};
 }
 
 QWidget *HeliPage::buildFlightCard()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "devicepickercard.h"
 #include "vehiclepage.h"
 
 class QLabel;
@@ -20,6 +21,9 @@ class HeliPage : public VehiclePage
     Q_OBJECT
 public:
     explicit HeliPage(QWidget *parent = nullptr);
+
+    // The helicopter's game-controller roles as its controls picker lists them.
+    static QList<DevicePickerCard::Role> deviceRoles();
 
     DevicePickerCard *controlsCard() const { return m_controls; }
     QPushButton *armButton() const { return m_arm; }

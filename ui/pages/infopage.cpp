@@ -70,7 +70,10 @@ QWidget *InfoPage::buildAboutCard()
     auto *firmware = new QPushButton(tr("Firmware updates"), card);
     m_firmwareMenu = new QMenu(firmware);
     firmware->setMenu(m_firmwareMenu);
+    auto *guide = new QPushButton(tr("Setup guide"), card);
+    connect(guide, &QPushButton::clicked, this, &InfoPage::setupGuideRequested);
     auto *firmwareRow = new QHBoxLayout;
+    firmwareRow->addWidget(guide);
     firmwareRow->addWidget(firmware);
     firmwareRow->addStretch(1);
     card->body()->addLayout(firmwareRow);

@@ -33,6 +33,7 @@ signals:
     void reduceMotionChanged(bool reduce);
     void debugConsoleRequested();
     void logFolderRequested();
+    void setupGuideRequested();
 
 private:
     QWidget *buildAboutCard();
