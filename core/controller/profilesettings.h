@@ -80,6 +80,10 @@ struct ProfileSettings
 // One section of the active profile (`helicopterConfig`, `ledSettings`), read like fromProfile().
 [[nodiscard]] HelicopterSettings helicopterSettingsFromJson(const QJsonObject &helicopterConfig);
 [[nodiscard]] LedSettings ledSettingsFromJson(const QJsonObject &ledSettings);
+// The helicopter settings back in their stored shape, every key helicopterSettingsFromJson()
+// reads, for an editor to merge into the profile. The devices' identities are not settings
+// and are left out.
+[[nodiscard]] QJsonObject helicopterConfigToJson(const HelicopterSettings &settings);
 // From `receiverCaps.firmware`: major version 4 or later is the newer generation, an
 // older version the classic one, no readable version unknown (0).
 [[nodiscard]] int receiverGenerationFromFirmware(const QString &firmware);
