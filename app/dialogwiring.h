@@ -45,5 +45,7 @@ void wireVehicleDialogs(const DialogWiring &wiring);
 void wireConfigurationDialogs(const DialogWiring &wiring);
 // Firmware updates, opened from the About page.
 void wireFirmwareDialogs(const DialogWiring &wiring);
+// The helicopter's controls, rates, curves and arming, opened from the heli page's Configure card.
+void wireHelicopterDialogs(const DialogWiring &wiring);
 
 } // namespace tavrix

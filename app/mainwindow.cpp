@@ -179,6 +179,7 @@ void MainWindow::bindPages()
     wireVehicleDialogs(wiring);
     wireConfigurationDialogs(wiring);
     wireFirmwareDialogs(wiring);
+    wireHelicopterDialogs(wiring);
 }
 
 void MainWindow::bindMotionPages()

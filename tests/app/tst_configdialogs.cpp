@@ -44,26 +44,6 @@ struct Dialogs
 using Edit = std::function<void(Dialogs &)>;
 using Applied = std::function<double(const ProfileSettings &)>;
 
-QByteArray activeProfileBytes(ProfileManager *profiles)
-{
-    QFile file(profiles->profileDirectory() + u"/"_s + profiles->activeProfileId() + u".json"_s);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// A value of the saved file by its path under axisSettings ("Throttle/deadzone",
-// "gearThrottleLimitPercent/2").
-double storedValue(ProfileManager *profiles, const QString &path)
-{
-    QJsonValue value =
-        QJsonDocument::fromJson(activeProfileBytes(profiles)).object().value(keys::kAxisSettings);
-    for (const QString &step : path.split(u'/')) {
-        bool index = false;
-        const int at = step.toInt(&index);
-        value = index ? value.toArray().at(at) : value.toObject().value(step);
-    }
-    return value.isBool() ? double(value.toBool()) : value.toDouble(-12345.0);
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Edit)
@@ -135,7 +115,7 @@ private slots:
         edit(dialogs);
 
         // Stored the way the transmit loop computes: in single precision.
-        QCOMPARE(float(storedValue(rig.services->profiles(), storedPath)), float(expected));
+        QCOMPARE(float(rig.storedValue(keys::kAxisSettings, storedPath)), float(expected));
         QCOMPARE(float(applied(rig.controller()->settings())), float(expected));
         QVERIFY(!dialogs.axis.notice()->isVisible() && dialogs.drive.notice()->text().isEmpty());
         // Nothing else moved: the edit was the one setting.
@@ -192,7 +172,7 @@ private slots:
         dialogs.axis.editor(input)->captureButton(AxisEditor::CalibrationPoint(point))->click();
 
         const float taken = source->logicalValue(input);
-        QCOMPARE(float(storedValue(rig.services->profiles(), storedPath)), taken);
+        QCOMPARE(float(rig.storedValue(keys::kAxisSettings, storedPath)), taken);
         QCOMPARE(float(applied(controller->settings())), taken);
         QCOMPARE(dialogs.axis.editor(input)->calibrationBox()->isChecked(), true);
     }
@@ -289,7 +269,7 @@ private slots:
             axisDialog ? dialogs.axis.editor(0)->invertedBox() : dialogs.drive.spikeRejectionBox();
         hub::Notice *notice = axisDialog ? dialogs.axis.notice() : dialogs.drive.notice();
         const bool shown = box->isChecked();
-        const QByteArray file = activeProfileBytes(profiles);
+        const QByteArray file = rig.activeProfileBytes();
         QVERIFY(!file.isEmpty());
         QSignalSpy refusals(profiles, &ProfileManager::errorOccurred);
         {
@@ -300,7 +280,7 @@ private slots:
         }
         QCOMPARE(refusals.size(), 1);
         QCOMPARE(notice->text(), refusals.at(0).at(0).toString());
-        QCOMPARE(activeProfileBytes(profiles), file);
+        QCOMPARE(rig.activeProfileBytes(), file);
         // The dialog shows what the store kept, and so does the controller.
         QCOMPARE(box->isChecked(), shown);
         QCOMPARE(rig.controller()->settings().drive.throttleSpikeRejectionEnabled, true);

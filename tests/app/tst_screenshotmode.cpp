@@ -73,7 +73,11 @@ private slots:
                              QStringLiteral("dark-dlg-motion-web.png"),
                              QStringLiteral("dark-dlg-axis.png"),
                              QStringLiteral("dark-dlg-drive.png"),
-                             QStringLiteral("dark-dlg-pedal-verify.png")};
+                             QStringLiteral("dark-dlg-pedal-verify.png"),
+                             QStringLiteral("dark-dlg-heli-config.png"),
+                             QStringLiteral("dark-dlg-heli-fly.png"),
+                             QStringLiteral("dark-dlg-heli-curves.png"),
+                             QStringLiteral("dark-dlg-heli-arming.png")};
         for (const char *page :
              {"dashboard", "vehicles", "rc-car", "rc-heli", "motion-chooser", "motion-panel", "info"})
             expected.append(QStringLiteral("dark-%1.png").arg(QLatin1String(page)));

@@ -5,6 +5,7 @@
 #include "levelbar.h"
 #include "statuspill.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -23,6 +24,7 @@ HeliPage::HeliPage(QWidget *parent)
                                       this);
     m_controls->setSubtitle(tr("Game controllers for each role"));
     addToLeftColumn(m_controls);
+    addToLeftColumn(buildConfigureCard());
     addToRightColumn(buildFlightCard());
     addToRightColumn(buildLiveControlsCard());
     setArmed(false);
@@ -30,6 +32,29 @@ HeliPage::HeliPage(QWidget *parent)
     showRatePercents({60, 80, 100}, true);
     showRateMode(0);
     clearControls();
+}
+
+QWidget *HeliPage::buildConfigureCard()
+{
+    auto *card = new hub::Card(tr("Configure"), this);
+    card->setSubtitle(tr("Settings of the active helicopter profile"));
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(8);
+    const QList<std::pair<QString, void (HeliPage::*)()>> editors = {
+        {tr("Controls and channels"), &HeliPage::controlsSettingsRequested},
+        {tr("Rates and feel"), &HeliPage::ratesSettingsRequested},
+        {tr("Pitch and throttle curves"), &HeliPage::curvesSettingsRequested},
+        {tr("Arming and safety"), &HeliPage::armingSettingsRequested},
+    };
+    for (int i = 0; i < editors.size(); ++i) {
+        auto *button = new QPushButton(editors.at(i).first, card);
+        connect(button, &QPushButton::clicked, this, editors.at(i).second);
+        m_configureButtons.append(button);
+        grid->addWidget(button, i / 2, i % 2);
+    }
+    card->body()->addLayout(grid);
+    return card;
 }
 
 QWidget *HeliPage::buildFlightCard()

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "helisettingsdialog.h"
+
+#include <array>
+
+class QDoubleSpinBox;
+class QTabWidget;
+
+namespace tavrix {
+
+// The "heli-config" dialog: which axis of the joystick, throttle and pedals drives roll,
+// pitch, collective and rudder, the channel each goes out on, and each axis's calibration.
+class HeliConfigDialog : public HeliSettingsDialog
+{
+    Q_OBJECT
+public:
+    enum Function
+    {
+        Roll,
+        Pitch,
+        Collective,
+        Rudder,
+        kFunctions
+    };
+    // Calibration points of one axis, raw -1..+1 (the collective uses minimum and maximum).
+    enum Point
+    {
+        Minimum,
+        Centre,
+        Maximum,
+        kPoints
+    };
+    struct Values
+    {
+        std::array<int, kFunctions> axis{0, 1, 2, 3};
+        // With differential pedals the rudder's axis is the left pedal and this the right.
+        int rightPedalAxis = -1;
+        bool differential = false;
+        std::array<int, kFunctions> channel{0, 1, 2, 3};
+        std::array<std::array<double, kPoints>, kFunctions> calibration{};
+    };
+
+    explicit HeliConfigDialog(const Limits &limits, QWidget *parent = nullptr);
+
+    [[nodiscard]] Values values() const;
+    QTabWidget *tabs() const { return m_tabs; }
+    QComboBox *axisBox(Function function) const { return m_axis.at(function); }
+    QComboBox *rightPedalBox() const { return m_rightPedal; }
+    QCheckBox *differentialBox() const { return m_differential; }
+    QComboBox *channelBox(Function function) const { return m_channel.at(function); }
+    QDoubleSpinBox *calibrationBox(Function function, Point point) const
+    {
+        return m_calibration.at(function).at(point);
+    }
+
+public slots:
+    // Shows the stored values without echoing them back as an edit.
+    void showValues(const tavrix::HeliConfigDialog::Values &values);
+
+signals:
+    void edited(const tavrix::HeliConfigDialog::Values &values);
+
+protected:
+    void userEdited() override;
+
+private:
+    QWidget *buildControlsPage();
+    QWidget *buildCalibrationPage();
+
+    QTabWidget *m_tabs = nullptr;
+    std::array<QComboBox *, kFunctions> m_axis{};
+    std::array<QComboBox *, kFunctions> m_channel{};
+    QComboBox *m_rightPedal = nullptr;
+    QCheckBox *m_differential = nullptr;
+    std::array<std::array<QDoubleSpinBox *, kPoints>, kFunctions> m_calibration{};
+};
+
+} // namespace tavrix

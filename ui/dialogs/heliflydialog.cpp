@@ -1,0 +1,91 @@
+#include "heliflydialog.h"
+
+#include "card.h"
+#include "helipage.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QSpinBox>
+#include <QVBoxLayout>
+
+namespace tavrix {
+
+HeliFlyDialog::HeliFlyDialog(const Limits &limits, QWidget *parent)
+    : HeliSettingsDialog(tr("Rates and feel"), limits, parent)
+{
+    auto *rates = new hub::Card(tr("Rates"), this);
+    rates->setSubtitle(tr("How much of its travel roll, pitch and yaw reach"));
+    QFormLayout *rateForm = form(new QWidget(rates));
+    rates->body()->addWidget(rateForm->parentWidget());
+    m_rates = checkBox(tr("Rate modes"), rateForm->parentWidget());
+    rateForm->addRow(QString(), m_rates);
+    rateForm->addRow(QString(),
+                     explanation(tr("The mode in use scales roll, pitch and yaw; the collective "
+                                    "always keeps its full travel, so a lower rate never costs lift."),
+                                 rateForm->parentWidget()));
+    for (int mode = 0; mode < kRateModes; ++mode) {
+        QSpinBox *box = spinBox(0, this->limits().percentMax, rateForm->parentWidget());
+        box->setSuffix(QStringLiteral(" %"));
+        m_percent[std::size_t(mode)] = box;
+        rateForm->addRow(HeliPage::rateModeName(mode), box);
+    }
+    m_mode = new QComboBox(rateForm->parentWidget());
+    for (int mode = 0; mode < kRateModes; ++mode)
+        m_mode->addItem(HeliPage::rateModeName(mode), mode);
+    connect(m_mode, &QComboBox::activated, this, [this](int index) { emit rateModeChosen(index); });
+    rateForm->addRow(tr("In use"), m_mode);
+    content()->addWidget(rates);
+
+    auto *attitude = new hub::Card(tr("Attitude display"), this);
+    attitude->setSubtitle(tr("The helicopter's reported attitude, as the hub shows it"));
+    QFormLayout *attitudeForm = form(new QWidget(attitude));
+    attitude->body()->addWidget(attitudeForm->parentWidget());
+    m_invertPitch = checkBox(tr("Invert pitch"), attitudeForm->parentWidget());
+    m_invertRoll = checkBox(tr("Invert roll"), attitudeForm->parentWidget());
+    m_invertYaw = checkBox(tr("Invert yaw"), attitudeForm->parentWidget());
+    for (QCheckBox *box : {m_invertPitch, m_invertRoll, m_invertYaw})
+        attitudeForm->addRow(QString(), box);
+    attitudeForm->addRow(QString(),
+                         explanation(tr("Only the display turns; the channels sent are not affected."),
+                                     attitudeForm->parentWidget()));
+    content()->addWidget(attitude);
+    content()->addStretch(1);
+    showValues(Values{});
+}
+
+HeliFlyDialog::Values HeliFlyDialog::values() const
+{
+    Values v;
+    v.ratesEnabled = m_rates->isChecked();
+    for (std::size_t mode = 0; mode < kRateModes; ++mode)
+        v.ratePercent[mode] = m_percent[mode]->value();
+    v.rateMode = m_mode->currentIndex();
+    v.invertPitch = m_invertPitch->isChecked();
+    v.invertRoll = m_invertRoll->isChecked();
+    v.invertYaw = m_invertYaw->isChecked();
+    return v;
+}
+
+void HeliFlyDialog::showValues(const Values &v)
+{
+    const auto quiet = quietEditors();
+    m_rates->setChecked(v.ratesEnabled);
+    for (std::size_t mode = 0; mode < kRateModes; ++mode) {
+        m_percent[mode]->setValue(v.ratePercent[mode]);
+        m_percent[mode]->setEnabled(v.ratesEnabled);
+    }
+    m_mode->setCurrentIndex(v.rateMode);
+    m_mode->setEnabled(v.ratesEnabled);
+    m_invertPitch->setChecked(v.invertPitch);
+    m_invertRoll->setChecked(v.invertRoll);
+    m_invertYaw->setChecked(v.invertYaw);
+}
+
+void HeliFlyDialog::userEdited()
+{
+    emit edited(values());
+}
+
+} // namespace tavrix
