@@ -5,7 +5,8 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFormLayout>
+#include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -17,39 +18,43 @@ HeliFlyDialog::HeliFlyDialog(const Limits &limits, QWidget *parent)
 {
     auto *rates = new hub::Card(tr("Rates"), this);
     rates->setSubtitle(tr("How much of its travel roll, pitch and yaw reach"));
-    QFormLayout *rateForm = form(new QWidget(rates));
-    rates->body()->addWidget(rateForm->parentWidget());
-    m_rates = checkBox(tr("Rate modes"), rateForm->parentWidget());
-    rateForm->addRow(QString(), m_rates);
-    rateForm->addRow(QString(),
-                     explanation(tr("The mode in use scales roll, pitch and yaw; the collective "
-                                    "always keeps its full travel, so a lower rate never costs lift."),
-                                 rateForm->parentWidget()));
+    m_rates = checkBox(tr("Rate modes"), rates);
+    rates->body()->addWidget(m_rates);
+    rates->body()->addWidget(
+        explanation(tr("The mode in use scales roll, pitch and yaw; the collective "
+                       "always keeps its full travel, so a lower rate never costs lift."),
+                    rates));
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(12);
     for (int mode = 0; mode < kRateModes; ++mode) {
-        QSpinBox *box = spinBox(0, this->limits().percentMax, rateForm->parentWidget());
+        QSpinBox *box = spinBox(0, limits.percentMax, rates);
         box->setSuffix(QStringLiteral(" %"));
         m_percent[std::size_t(mode)] = box;
-        rateForm->addRow(HeliPage::rateModeName(mode), box);
+        grid->addWidget(new QLabel(HeliPage::rateModeName(mode), rates), 0, mode);
+        grid->addWidget(box, 1, mode);
     }
-    m_mode = new QComboBox(rateForm->parentWidget());
+    m_mode = new QComboBox(rates);
     for (int mode = 0; mode < kRateModes; ++mode)
         m_mode->addItem(HeliPage::rateModeName(mode), mode);
     connect(m_mode, &QComboBox::activated, this, [this](int index) { emit rateModeChosen(index); });
-    rateForm->addRow(tr("In use"), m_mode);
+    grid->addWidget(new QLabel(tr("In use"), rates), 0, kRateModes);
+    grid->addWidget(m_mode, 1, kRateModes);
+    rates->body()->addLayout(grid);
     content()->addWidget(rates);
 
     auto *attitude = new hub::Card(tr("Attitude display"), this);
     attitude->setSubtitle(tr("The helicopter's reported attitude, as the hub shows it"));
-    QFormLayout *attitudeForm = form(new QWidget(attitude));
-    attitude->body()->addWidget(attitudeForm->parentWidget());
-    m_invertPitch = checkBox(tr("Invert pitch"), attitudeForm->parentWidget());
-    m_invertRoll = checkBox(tr("Invert roll"), attitudeForm->parentWidget());
-    m_invertYaw = checkBox(tr("Invert yaw"), attitudeForm->parentWidget());
+    auto *inverts = new QHBoxLayout;
+    inverts->setSpacing(16);
+    m_invertPitch = checkBox(tr("Invert pitch"), attitude);
+    m_invertRoll = checkBox(tr("Invert roll"), attitude);
+    m_invertYaw = checkBox(tr("Invert yaw"), attitude);
     for (QCheckBox *box : {m_invertPitch, m_invertRoll, m_invertYaw})
-        attitudeForm->addRow(QString(), box);
-    attitudeForm->addRow(QString(),
-                         explanation(tr("Only the display turns; the channels sent are not affected."),
-                                     attitudeForm->parentWidget()));
+        inverts->addWidget(box);
+    inverts->addStretch(1);
+    attitude->body()->addLayout(inverts);
+    attitude->body()->addWidget(
+        explanation(tr("Only the display turns; the channels sent are not affected."), attitude));
     content()->addWidget(attitude);
     content()->addStretch(1);
     showValues(Values{});
