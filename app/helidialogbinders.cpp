@@ -1,5 +1,6 @@
 #include "helidialogbinders.h"
 
+#include "axismotionwatcher.h"
 #include "tavrixcontroller.h"
 
 #include <cmath>
@@ -31,6 +32,9 @@ std::array<int32_t *, ConfigDialog::kFunctions> axisSlots(Settings::Inputs &in)
 {
     return {&in.joystick.xAxis, &in.joystick.yAxis, &in.throttle.axis, &in.pedals.axis};
 }
+// The device each function's axis belongs to.
+const std::array<DeviceRole, ConfigDialog::kFunctions> kFunctionRoles{
+    DeviceRole::HeliJoystick, DeviceRole::HeliJoystick, DeviceRole::HeliThrottle, DeviceRole::HeliPedals};
 
 HelicopterCurve &curveOf(Settings &settings, HeliCurvesDialog::Curve curve)
 {
@@ -44,9 +48,41 @@ HelicopterCurve &curveOf(Settings &settings, HeliCurvesDialog::Curve curve)
 HeliConfigDialogBinder::HeliConfigDialogBinder(HeliConfigDialog *dialog, TavrixController *controller)
     : HeliSettingsBinder(dialog, controller)
     , m_dialog(dialog)
+    , m_watch(new AxisMotionWatcher({}, this))
 {
     connect(dialog, &HeliConfigDialog::edited, this, &HeliConfigDialogBinder::apply);
+    connect(dialog, &HeliConfigDialog::detectRequested, this, &HeliConfigDialogBinder::detect);
+    connect(m_watch, &AxisMotionWatcher::moved, this, &HeliConfigDialogBinder::takeDetected);
+    connect(m_watch, &AxisMotionWatcher::timedOut, this, &HeliConfigDialogBinder::stopDetecting);
     follow();
+}
+
+void HeliConfigDialogBinder::detect(HeliConfigDialog::Function function)
+{
+    const DeviceRole role = kFunctionRoles[std::size_t(function)];
+    if (!controller()->devices()->isConnected(role)) {
+        m_dialog->showError(tr("Choose the device on the helicopter page first, then detect its axis."));
+        return;
+    }
+    m_dialog->showError(QString());
+    m_detecting = function;
+    m_watch->watch(controller()->devices()->device(role));
+    m_dialog->showDetecting(function);
+}
+
+void HeliConfigDialogBinder::takeDetected(int slot)
+{
+    HelicopterSettings s = stored();
+    *axisSlots(s.inputs)[std::size_t(m_detecting)] = slot;
+    stopDetecting();
+    store(s);
+}
+
+void HeliConfigDialogBinder::stopDetecting()
+{
+    m_watch->cancel();
+    m_detecting = -1;
+    m_dialog->showDetecting(-1);
 }
 
 void HeliConfigDialogBinder::show(const HelicopterSettings &settings)

@@ -8,7 +8,9 @@
 
 namespace tavrix {
 
-// Axis assignments, channels and calibration.
+class AxisMotionWatcher;
+
+// Axis assignments (chosen from the list or by moving the control), channels and calibration.
 class HeliConfigDialogBinder : public HeliSettingsBinder
 {
     Q_OBJECT
@@ -18,8 +20,13 @@ public:
 private:
     void show(const HelicopterSettings &settings) override;
     void apply(const HeliConfigDialog::Values &values);
+    void detect(HeliConfigDialog::Function function);
+    void takeDetected(int slot);
+    void stopDetecting();
 
     HeliConfigDialog *m_dialog;
+    AxisMotionWatcher *m_watch;
+    int m_detecting = -1;
 };
 
 // Rates and the attitude display; the rate mode goes through the controller, as the page's buttons do.

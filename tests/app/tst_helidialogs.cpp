@@ -7,6 +7,7 @@
 #include "helipage.h"
 #include "helisettingsdialog.h"
 #include "hubrig.h"
+#include "inputdevice.h"
 #include "notice.h"
 #include "profilekeys.h"
 
@@ -199,6 +200,28 @@ private slots:
         QCOMPARE(rig.controller()->settings().helicopter.channels, applied.channels);
         QCOMPARE(rig.controller()->settings().helicopter.motorChannel, applied.motorChannel);
         QCOMPARE(rig.controller()->settings().helicopter.arm.channel, applied.arm.channel);
+    }
+
+    void axisIsFoundByMovingIt()
+    {
+        FlyingRig rig;
+        QVERIFY(rig.start());
+        auto *dialog = qobject_cast<HeliConfigDialog *>(rig.open(Controls));
+        QVERIFY(dialog);
+        constexpr int kSpareSlot = 5;
+        const InputDevice *stick = rig.controller()->devices()->device(DeviceRole::HeliJoystick);
+        rig.backend->setAxis(rig.firstDevice, kSpareSlot, rawForDeviceValue(-0.5));
+        QTRY_VERIFY(stick->isAxisActive(kSpareSlot));
+
+        // The stick held full right since the start is where roll rests, not a move.
+        dialog->detectButton(HeliConfigDialog::Pitch)->click();
+        rig.backend->setAxis(rig.firstDevice, kSpareSlot, rawForDeviceValue(0.5));
+
+        QTRY_COMPARE_WITH_TIMEOUT(rig.controller()->settings().helicopter.inputs.joystick.yAxis, kSpareSlot,
+                                  10000);
+        QCOMPARE(rig.storedValue(keys::kHelicopterConfig, u"inputs/joystick/yAxis"_s), double(kSpareSlot));
+        QCOMPARE(rig.controller()->settings().helicopter.inputs.joystick.xAxis, kRollSlot);
+        QVERIFY(dialog->notice()->text().isEmpty());
     }
 };
 

@@ -5,6 +5,7 @@
 #include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -29,6 +30,7 @@ HeliConfigDialog::HeliConfigDialog(const Limits &limits, QWidget *parent)
     m_tabs->addTab(buildCalibrationPage(), tr("Calibration"));
     content()->addWidget(m_tabs, 1);
     showValues(Values{});
+    showDetecting(-1);
 }
 
 QWidget *HeliConfigDialog::buildControlsPage()
@@ -39,7 +41,7 @@ QWidget *HeliConfigDialog::buildControlsPage()
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(6);
-    const QStringList headers = {tr("Function"), tr("Device"), tr("Axis"), tr("Channel")};
+    const QStringList headers = {tr("Function"), tr("Device"), tr("Axis"), QString(), tr("Channel")};
     for (int column = 0; column < headers.size(); ++column) {
         auto *header = new QLabel(headers.at(column), page);
         header->setObjectName(QStringLiteral("mutedText"));
@@ -53,8 +55,13 @@ QWidget *HeliConfigDialog::buildControlsPage()
         grid->addWidget(new QLabel(devices.at(function), page), row, 1);
         m_axis[std::size_t(function)] = HeliSettingsDialog::axisBox(page);
         grid->addWidget(m_axis[std::size_t(function)], row, 2);
+        auto *detect = new QPushButton(page);
+        connect(detect, &QPushButton::clicked, this,
+                [this, function] { emit detectRequested(Function(function)); });
+        m_detect[std::size_t(function)] = detect;
+        grid->addWidget(detect, row, 3);
         m_channel[std::size_t(function)] = HeliSettingsDialog::channelBox(page);
-        grid->addWidget(m_channel[std::size_t(function)], row, 3);
+        grid->addWidget(m_channel[std::size_t(function)], row, 4);
     }
     const int pedalRow = kFunctions + 1;
     m_differential = checkBox(tr("Two pedals"), page);
@@ -65,7 +72,8 @@ QWidget *HeliConfigDialog::buildControlsPage()
     grid->setColumnStretch(1, 1);
     column->addLayout(grid);
     column->addWidget(
-        explanation(tr("Two pedals steer the rudder by right minus left. A function whose channel "
+        explanation(tr("Detect, then move the control that should drive the function. Two pedals steer the "
+                       "rudder by right minus left. A function whose channel "
                        "is \u201CNot sent\u201D leaves its channel to the button mappings; no two "
                        "functions may share a channel."),
                     page));
@@ -136,6 +144,15 @@ void HeliConfigDialog::showValues(const Values &v)
     select(m_rightPedal, v.rightPedalAxis);
     m_differential->setChecked(v.differential);
     m_rightPedal->setEnabled(v.differential);
+}
+
+void HeliConfigDialog::showDetecting(int function)
+{
+    for (int i = 0; i < kFunctions; ++i) {
+        QPushButton *button = m_detect[std::size_t(i)];
+        button->setText(i == function ? tr("Move it\u2026") : tr("Detect"));
+        button->setEnabled(function < 0 || i == function);
+    }
 }
 
 void HeliConfigDialog::userEdited()

@@ -5,6 +5,7 @@
 #include <array>
 
 class QDoubleSpinBox;
+class QPushButton;
 class QTabWidget;
 
 namespace tavrix {
@@ -49,6 +50,7 @@ public:
     QComboBox *rightPedalBox() const { return m_rightPedal; }
     QCheckBox *differentialBox() const { return m_differential; }
     QComboBox *channelBox(Function function) const { return m_channel.at(function); }
+    QPushButton *detectButton(Function function) const { return m_detect.at(function); }
     QDoubleSpinBox *calibrationBox(Function function, Point point) const
     {
         return m_calibration.at(function).at(point);
@@ -57,9 +59,13 @@ public:
 public slots:
     // Shows the stored values without echoing them back as an edit.
     void showValues(const tavrix::HeliConfigDialog::Values &values);
+    // The function whose axis is being found by moving it, or -1 when none is.
+    void showDetecting(int function);
 
 signals:
     void edited(const tavrix::HeliConfigDialog::Values &values);
+    // The user offers to move the control that should drive this function.
+    void detectRequested(tavrix::HeliConfigDialog::Function function);
 
 protected:
     void userEdited() override;
@@ -71,6 +77,7 @@ private:
     QTabWidget *m_tabs = nullptr;
     std::array<QComboBox *, kFunctions> m_axis{};
     std::array<QComboBox *, kFunctions> m_channel{};
+    std::array<QPushButton *, kFunctions> m_detect{};
     QComboBox *m_rightPedal = nullptr;
     QCheckBox *m_differential = nullptr;
     std::array<std::array<QDoubleSpinBox *, kPoints>, kFunctions> m_calibration{};
