@@ -215,6 +215,8 @@ private slots:
 
         // The stick held full right since the start is where roll rests, not a move.
         dialog->detectButton(HeliConfigDialog::Pitch)->click();
+        // A twist grip brushed for the first time leaves its untouched -1 reading: not a move either.
+        rig.backend->setAxis(rig.firstDevice, kSpareSlot + 1, rawForDeviceValue(0.2));
         rig.backend->setAxis(rig.firstDevice, kSpareSlot, rawForDeviceValue(0.5));
 
         QTRY_COMPARE_WITH_TIMEOUT(rig.controller()->settings().helicopter.inputs.joystick.yAxis, kSpareSlot,
