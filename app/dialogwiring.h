@@ -58,5 +58,7 @@ void wireButtonDialogs(const DialogWiring &wiring);
 void offerEscPresets(DriveSettingsDialog *drive, ProfileManager *profiles);
 // The setup guide (from the About page) and the safety notice asked before the car's first start.
 void wireOnboardingDialogs(const DialogWiring &wiring);
+// The helicopter's controls, rates, curves and arming, opened from the heli page's Configure card.
+void wireHelicopterDialogs(const DialogWiring &wiring);
 
 } // namespace tavrix

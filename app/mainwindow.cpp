@@ -193,6 +193,7 @@ void MainWindow::bindPages()
     wireProfileDialogs(wiring);
     wireButtonDialogs(wiring);
     wireOnboardingDialogs(wiring);
+    wireHelicopterDialogs(wiring);
 }
 
 void MainWindow::bindMotionPages()

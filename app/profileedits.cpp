@@ -1,6 +1,7 @@
 #include "profileedits.h"
 
 #include "axissettingsjson.h"
+#include "helicopterconfigjson.h"
 #include "profilekeys.h"
 #include "profilemanager.h"
 
@@ -36,6 +37,16 @@ QString editAxisSettings(ProfileManager &profiles, const QJsonObject &changes)
     if (!edited)
         return notChanged();
     return storeRefusal(profiles, [&] { return profiles.setSetting(profilekeys::kAxisSettings, *edited); });
+}
+
+QString editHelicopterConfig(ProfileManager &profiles, const QJsonObject &changes)
+{
+    const HelicopterConfigJson::Edit edit =
+        HelicopterConfigJson::edited(profiles.setting(profilekeys::kHelicopterConfig).toObject(), changes);
+    if (!edit.config)
+        return edit.refusal;
+    return storeRefusal(profiles,
+                        [&] { return profiles.setSetting(profilekeys::kHelicopterConfig, *edit.config); });
 }
 
 } // namespace tavrix

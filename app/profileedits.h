@@ -18,4 +18,8 @@ class ProfileManager;
 // them; the controller follows the store and applies them at once. The refusal, or empty.
 [[nodiscard]] QString editAxisSettings(ProfileManager &profiles, const QJsonObject &changes);
 
+// The same for the active profile's helicopterConfig, through the remote app's merge and
+// its refusal of two functions on one channel.
+[[nodiscard]] QString editHelicopterConfig(ProfileManager &profiles, const QJsonObject &changes);
+
 } // namespace tavrix

@@ -1,6 +1,7 @@
 #include "helicoptersettings.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace tavrix {
@@ -45,6 +46,33 @@ QList<int> HelicopterSettings::pedalsCentredSlots() const
     if (inputs.pedals.differential)
         return {};
     return {inputs.pedals.axis};
+}
+
+QString HelicopterSettings::sharedChannelRefusal() const
+{
+    struct Sent
+    {
+        QString name;
+        int32_t channel;
+    };
+    const std::array<Sent, 6> functions{{
+        {tr("Roll"), channels.roll},
+        {tr("Pitch"), channels.pitch},
+        {tr("Collective"), channels.throttle},
+        {tr("Rudder"), channels.rudder},
+        {tr("Arm switch"), arm.enabled ? arm.channel : kUnassigned},
+        {tr("Motor"), throttleCurve.enabled ? motorChannel : kUnassigned},
+    }};
+    for (std::size_t i = 0; i < functions.size(); ++i) {
+        for (std::size_t j = i + 1; j < functions.size(); ++j) {
+            const int32_t channel = functions[i].channel;
+            if (channel >= 0 && channel <= kLastChannel && channel == functions[j].channel)
+                return tr("%1 and %2 would both drive CH%3. Give each its own channel.")
+                    .arg(functions[i].name, functions[j].name)
+                    .arg(channel + 1);
+        }
+    }
+    return QString();
 }
 
 } // namespace tavrix

@@ -2,7 +2,9 @@
 
 #include "axiscalibration.h"
 
+#include <QCoreApplication>
 #include <QList>
+#include <QString>
 
 #include <cstdint>
 
@@ -31,6 +33,20 @@ struct HelicopterCurve
 // unassigned); channel indexes are 0..15 (CH1 = 0), anything else is not sent.
 struct HelicopterSettings
 {
+    // What the settings can hold; every editor (the remote app's, the window's dialogs)
+    // keeps its values inside these.
+    static constexpr int32_t kUnassigned = -1;
+    static constexpr int32_t kLastAxisSlot = 7;
+    static constexpr int32_t kLastChannel = 15;
+    static constexpr int32_t kPercentMax = 100;
+    static constexpr int32_t kLastRateMode = 2;
+    static constexpr int32_t kSoftStartSecMax = 60;
+    // An arm value outside this span would be clamped on the way to its channel (0..2047).
+    static constexpr int32_t kArmMicrosMin = 880;
+    static constexpr int32_t kArmMicrosMax = 2159;
+    // More points than any curve editor offers; the list is stored in every profile.
+    static constexpr int kMaxCurvePoints = 16;
+
     struct Joystick
     {
         int32_t xAxis = 0; // roll
@@ -141,7 +157,15 @@ struct HelicopterSettings
     [[nodiscard]] QList<int> joystickCentredSlots() const;
     [[nodiscard]] QList<int> pedalsCentredSlots() const;
 
+    // Why these settings cannot be flown: two functions that are sent (roll, pitch,
+    // collective, rudder, the arm switch when on, the motor when its curve is on) would
+    // write the same channel, and the last one written would silently win. Empty when
+    // every sent function has a channel of its own.
+    [[nodiscard]] QString sharedChannelRefusal() const;
+
     friend bool operator==(const HelicopterSettings &, const HelicopterSettings &) = default;
+
+    Q_DECLARE_TR_FUNCTIONS(HelicopterSettings)
 };
 
 } // namespace tavrix

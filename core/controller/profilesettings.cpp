@@ -242,6 +242,67 @@ HelicopterSettings helicopterSettingsFromJson(const QJsonObject &helicopterConfi
     return readHelicopter(completedSection(helicopterConfig, keys::kHelicopterConfig));
 }
 
+namespace {
+
+QJsonObject calibrationJson(const AxisCalibration &c)
+{
+    return {{keys::kMin, double(c.min)}, {keys::kCenter, double(c.center)}, {keys::kMax, double(c.max)}};
+}
+
+QJsonObject curveJson(const HelicopterCurve &curve)
+{
+    QJsonArray points;
+    for (double point : curve.points)
+        points.append(point);
+    return {{keys::kEnabled, curve.enabled}, {keys::kPoints, points}};
+}
+
+} // namespace
+
+QJsonObject helicopterConfigToJson(const HelicopterSettings &h)
+{
+    const HelicopterSettings::Inputs &in = h.inputs;
+    const QJsonObject inputs{
+        {keys::kJoystick, QJsonObject{{keys::kXAxis, in.joystick.xAxis}, {keys::kYAxis, in.joystick.yAxis}}},
+        {keys::kThrottle, QJsonObject{{keys::kAxis, in.throttle.axis}}},
+        {keys::kPedals, QJsonObject{{keys::kAxis, in.pedals.axis},
+                                    {keys::kAxis2, in.pedals.axis2},
+                                    {keys::kDifferential, in.pedals.differential}}},
+    };
+    const QJsonObject calibration{
+        {keys::kRoll, calibrationJson(h.calibration.roll)},
+        {keys::kPitch, calibrationJson(h.calibration.pitch)},
+        {keys::kThrottle, calibrationJson(h.calibration.throttle)},
+        {keys::kRudder, calibrationJson(h.calibration.rudder)},
+    };
+    return {
+        {keys::kInputs, inputs},
+        {keys::kCalibration, calibration},
+        {keys::kChannels, QJsonObject{{keys::kRoll, h.channels.roll},
+                                      {keys::kPitch, h.channels.pitch},
+                                      {keys::kThrottle, h.channels.throttle},
+                                      {keys::kRudder, h.channels.rudder}}},
+        {keys::kFly, QJsonObject{{keys::kArmAtIdle, h.fly.armAtIdle},
+                                 {keys::kSoftStart, h.fly.softStart},
+                                 {keys::kSoftStartSec, h.fly.softStartSec}}},
+        {keys::kArm, QJsonObject{{keys::kEnabled, h.arm.enabled},
+                                 {keys::kChannel, h.arm.channel},
+                                 {keys::kOnUs, h.arm.onUs},
+                                 {keys::kOffUs, h.arm.offUs}}},
+        {keys::kDualRates, QJsonObject{{keys::kEnabled, h.dualRates.enabled},
+                                       {keys::kBeginnerPct, h.dualRates.beginnerPct},
+                                       {keys::kSportPct, h.dualRates.sportPct},
+                                       {keys::kThreeDPct, h.dualRates.threeDPct},
+                                       {keys::kActiveMode, h.dualRates.activeMode}}},
+        {keys::kPitchCurve, curveJson(h.pitchCurve)},
+        {keys::kThrottleCurve, curveJson(h.throttleCurve)},
+        {keys::kMotorChannel, h.motorChannel},
+        {keys::kAttitude, QJsonObject{{keys::kInvertPitch, h.attitude.invertPitch},
+                                      {keys::kInvertRoll, h.attitude.invertRoll},
+                                      {keys::kInvertYaw, h.attitude.invertYaw}}},
+    };
+}
+
 LedSettings ledSettingsFromJson(const QJsonObject &ledSettings)
 {
     return readLed(ledSettings);

@@ -83,6 +83,10 @@ struct ProfileSettings
 // `buttonMappings` both ways; a mapping missing keys reads them as the profile file does.
 [[nodiscard]] ButtonMappingList buttonMappingsFromJson(const QJsonArray &mappings);
 [[nodiscard]] QJsonArray buttonMappingsToJson(const ButtonMappingList &mappings);
+// The helicopter settings back in their stored shape, every key helicopterSettingsFromJson()
+// reads, for an editor to merge into the profile. The devices' identities are not settings
+// and are left out.
+[[nodiscard]] QJsonObject helicopterConfigToJson(const HelicopterSettings &settings);
 // From `receiverCaps.firmware`: major version 4 or later is the newer generation, an
 // older version the classic one, no readable version unknown (0).
 [[nodiscard]] int receiverGenerationFromFirmware(const QString &firmware);

@@ -546,6 +546,10 @@ void TavrixController::applySettings(bool ledChanged)
         emit reverseModeChanged(false);
     HelicopterComputation &helicopter = m_helicopter->computation();
     const int rateMode = helicopter.settings().dualRates.activeMode;
+    // A function moved to another channel in flight must not leave its old channel frozen at
+    // the last value sent: the old channels go to rest, and the next tick writes the new ones.
+    if (isHelicopter() && helicopter.settings() != settings.helicopter)
+        helicopter.writeNeutral(m_channels);
     helicopter.setSettings(settings.helicopter);
     m_devices->setCentredAxes(DeviceRole::HeliJoystick, settings.helicopter.joystickCentredSlots());
     m_devices->setCentredAxes(DeviceRole::HeliPedals, settings.helicopter.pedalsCentredSlots());

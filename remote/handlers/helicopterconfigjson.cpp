@@ -1,6 +1,8 @@
 #include "helicopterconfigjson.h"
 
+#include "helicoptersettings.h"
 #include "profilekeys.h"
+#include "profilesettings.h"
 
 #include <QJsonArray>
 
@@ -14,14 +16,11 @@ namespace {
 namespace keys = profilekeys;
 using namespace Qt::StringLiterals;
 
-constexpr double kUnassigned = -1.0;
-constexpr double kLastAxisSlot = 7.0;
-constexpr double kLastChannel = 15.0;
-constexpr double kPercentMax = 100.0;
-constexpr double kLastRateMode = 2.0;
-constexpr double kSoftStartSecMax = 60.0;
-// More points than any curve editor offers; the list is stored in every profile.
-constexpr int kMaxCurvePoints = 16;
+using Limits = HelicopterSettings;
+constexpr double kUnassigned = Limits::kUnassigned;
+constexpr double kLastAxisSlot = Limits::kLastAxisSlot;
+constexpr double kLastChannel = Limits::kLastChannel;
+constexpr double kPercentMax = Limits::kPercentMax;
 
 // A number somewhere in the config and its range. A channel index outside its range is
 // a channel not sent, never the nearest channel: clamping 16 to 15 would drive CH16.
@@ -34,7 +33,7 @@ struct Bound
     bool outsideIsUnassigned = false;
 };
 
-const std::array<Bound, 28> kBounds{{
+const std::array<Bound, 30> kBounds{{
     {{keys::kInputs, keys::kJoystick, keys::kXAxis}, kUnassigned, kLastAxisSlot, true},
     {{keys::kInputs, keys::kJoystick, keys::kYAxis}, kUnassigned, kLastAxisSlot, true},
     {{keys::kInputs, keys::kThrottle, keys::kAxis}, kUnassigned, kLastAxisSlot, true},
@@ -58,8 +57,10 @@ const std::array<Bound, 28> kBounds{{
     {{keys::kChannels, keys::kRudder}, kUnassigned, kLastChannel, true},
     {{keys::kArm, keys::kChannel}, kUnassigned, kLastChannel, true},
     {{keys::kMotorChannel}, kUnassigned, kLastChannel, true},
-    {{keys::kFly, keys::kSoftStartSec}, 0.0, kSoftStartSecMax},
-    {{keys::kDualRates, keys::kActiveMode}, 0.0, kLastRateMode},
+    {{keys::kArm, keys::kOnUs}, Limits::kArmMicrosMin, Limits::kArmMicrosMax},
+    {{keys::kArm, keys::kOffUs}, Limits::kArmMicrosMin, Limits::kArmMicrosMax},
+    {{keys::kFly, keys::kSoftStartSec}, 0.0, Limits::kSoftStartSecMax},
+    {{keys::kDualRates, keys::kActiveMode}, 0.0, Limits::kLastRateMode},
     {{keys::kDualRates, keys::kBeginnerPct}, 0.0, kPercentMax},
     {{keys::kDualRates, keys::kSportPct}, 0.0, kPercentMax},
     {{keys::kDualRates, keys::kThreeDPct}, 0.0, kPercentMax},
@@ -107,7 +108,7 @@ QJsonObject withCurveBounded(QJsonObject config, QLatin1String curveKey)
     QJsonObject curve = config.value(curveKey).toObject();
     const QJsonArray points = curve.value(keys::kPoints).toArray();
     QJsonArray kept;
-    for (int i = 0; i < points.size() && i < kMaxCurvePoints; ++i)
+    for (int i = 0; i < points.size() && i < Limits::kMaxCurvePoints; ++i)
         kept.append(std::clamp(points.at(i).toDouble(), 0.0, 1.0));
     curve.insert(keys::kPoints, kept);
     config.insert(curveKey, curve);
@@ -135,6 +136,17 @@ QJsonObject HelicopterConfigJson::merged(const QJsonObject &stored, const QJsonO
         config = withBound(config, bound);
     config = withCurveBounded(config, keys::kPitchCurve);
     return withCurveBounded(config, keys::kThrottleCurve);
+}
+
+HelicopterConfigJson::Edit HelicopterConfigJson::edited(const QJsonObject &stored, const QJsonObject &request)
+{
+    const QJsonObject config = merged(stored, request);
+    // A file that already shares a channel (written by hand) can still be mended one edit
+    // at a time; only an edit that makes two functions meet is refused.
+    const QString refusal = helicopterSettingsFromJson(config).sharedChannelRefusal();
+    if (!refusal.isEmpty() && helicopterSettingsFromJson(stored).sharedChannelRefusal().isEmpty())
+        return {std::nullopt, refusal};
+    return {config, QString()};
 }
 
 } // namespace tavrix

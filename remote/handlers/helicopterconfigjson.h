@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QJsonObject>
+#include <QString>
+
+#include <optional>
 
 namespace tavrix {
 
@@ -14,6 +17,15 @@ public:
     // 0..15 mean "not sent", and axes, calibration points, rates and curve points are
     // kept in their ranges.
     [[nodiscard]] static QJsonObject merged(const QJsonObject &stored, const QJsonObject &request);
+
+    // An edit by any editor: the merged object, or nothing and the reason when the edit
+    // would have two sent functions drive one channel.
+    struct Edit
+    {
+        std::optional<QJsonObject> config;
+        QString refusal;
+    };
+    [[nodiscard]] static Edit edited(const QJsonObject &stored, const QJsonObject &request);
 };
 
 } // namespace tavrix

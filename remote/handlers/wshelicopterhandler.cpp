@@ -256,8 +256,10 @@ QJsonObject WsHelicopterHandler::getConfig(const RemoteRequest &request)
 
 QJsonObject WsHelicopterHandler::setConfig(const RemoteRequest &request)
 {
-    return request.outcome(saveConfig(HelicopterConfigJson::merged(storedConfig(), request.data())),
-                           kSaveFailed);
+    const HelicopterConfigJson::Edit edit = HelicopterConfigJson::edited(storedConfig(), request.data());
+    if (!edit.config)
+        return request.failed(edit.refusal);
+    return request.outcome(saveConfig(*edit.config), kSaveFailed);
 }
 
 QJsonObject WsHelicopterHandler::captureCalibration(const RemoteRequest &request)
@@ -301,7 +303,7 @@ QJsonObject WsHelicopterHandler::getOutput(const RemoteRequest &request)
 
 QJsonObject WsHelicopterHandler::setRateMode(const RemoteRequest &request)
 {
-    constexpr unsigned kRateModes = 3; // beginner, sport, 3D
+    constexpr unsigned kRateModes = HelicopterSettings::kLastRateMode + 1; // beginner, sport, 3D
     const auto mode = unsigned(request.integer(kMode));
     if (mode >= kRateModes)
         return request.failed(u"Invalid 'mode': must be 0, 1 or 2"_s);

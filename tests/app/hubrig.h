@@ -7,6 +7,9 @@
 #include "websocketserver.h"
 
 #include <QComboBox>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QStringList>
 
 namespace tavrix::testing {
@@ -68,6 +71,28 @@ struct HubRig
     {
         services->remoteServer()->setListenAddress(QHostAddress(QHostAddress::LocalHost));
         return services->remoteServer()->start(0);
+    }
+
+    // The active profile as saved on disk.
+    QByteArray activeProfileBytes() const
+    {
+        ProfileManager *profiles = services->profiles();
+        QFile file(profiles->profileDirectory() + QLatin1Char('/') + profiles->activeProfileId() +
+                   QStringLiteral(".json"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    // A value of the saved file by its path under a section ("Throttle/deadzone" under
+    // axisSettings, "pitchCurve/points/0" under helicopterConfig); booleans read 0 or 1.
+    double storedValue(QLatin1String section, const QString &path) const
+    {
+        QJsonValue value = QJsonDocument::fromJson(activeProfileBytes()).object().value(section);
+        for (const QString &step : path.split(QLatin1Char('/'))) {
+            bool index = false;
+            const int at = step.toInt(&index);
+            value = index ? value.toArray().at(at) : value.toObject().value(step);
+        }
+        return value.isBool() ? double(value.toBool()) : value.toDouble(-12345.0);
     }
 
     QString linkPath() const { return dir.filePath(QStringLiteral("ttyBRIDGE")); }

@@ -77,28 +77,9 @@ QByteArray fileBytes(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QByteArray activeProfileBytes(ProfileManager *profiles)
-{
-    return fileBytes(profiles->profileDirectory() + u"/"_s + profiles->activeProfileId() + u".json"_s);
-}
-
 QJsonObject savedObject(const QByteArray &bytes, QLatin1String list, int index)
 {
     return QJsonDocument::fromJson(bytes).object().value(list).toArray().at(index).toObject();
-}
-
-// A value of the saved file by its path under axisSettings ("Throttle/deadzone",
-// "gearThrottleLimitPercent/2").
-double storedValue(ProfileManager *profiles, const QString &path)
-{
-    QJsonValue value =
-        QJsonDocument::fromJson(activeProfileBytes(profiles)).object().value(keys::kAxisSettings);
-    for (const QString &step : path.split(u'/')) {
-        bool index = false;
-        const int at = step.toInt(&index);
-        value = index ? value.toArray().at(at) : value.toObject().value(step);
-    }
-    return value.isBool() ? double(value.toBool()) : value.toDouble(-12345.0);
 }
 
 } // namespace
@@ -175,7 +156,7 @@ private slots:
         edit(dialogs);
 
         // Stored the way the transmit loop computes: in single precision.
-        QCOMPARE(float(storedValue(rig.services->profiles(), storedPath)), float(expected));
+        QCOMPARE(float(rig.storedValue(keys::kAxisSettings, storedPath)), float(expected));
         QCOMPARE(float(applied(rig.controller()->settings())), float(expected));
         QVERIFY(!dialogs.axis.notice()->isVisible() && dialogs.drive.notice()->text().isEmpty());
         // Nothing else moved: the edit was the one setting.
@@ -232,7 +213,7 @@ private slots:
         dialogs.axis.editor(input)->captureButton(AxisEditor::CalibrationPoint(point))->click();
 
         const float taken = source->logicalValue(input);
-        QCOMPARE(float(storedValue(rig.services->profiles(), storedPath)), taken);
+        QCOMPARE(float(rig.storedValue(keys::kAxisSettings, storedPath)), taken);
         QCOMPARE(float(applied(controller->settings())), taken);
         QCOMPARE(dialogs.axis.editor(input)->calibrationBox()->isChecked(), true);
     }
@@ -368,8 +349,7 @@ private slots:
         QCOMPARE(dialogs.buttons.table()->rowCount(), 1);
         edit(*dialogs.buttons.editor());
 
-        const QJsonObject saved =
-            savedObject(activeProfileBytes(rig.services->profiles()), keys::kButtonMappings, 0);
+        const QJsonObject saved = savedObject(rig.activeProfileBytes(), keys::kButtonMappings, 0);
         QCOMPARE(saved.value(keys::kButtonIndex).toInt(), kButton);
         QCOMPARE(saved.value(keys::kChannel).toInt(), kChannel);
         QCOMPARE(saved.value(keys::kMode).toInt(), mode);
@@ -414,14 +394,14 @@ private slots:
         QVERIFY(ButtonMappingBook(profiles).add(horn));
         QVERIFY(!profiles->escPresets()->createPreset(u"Hobby"_s, 992, 1811, 172).isEmpty());
         ButtonDialogs dialogs(rig.controller());
-        const QByteArray profileFile = activeProfileBytes(profiles);
+        const QByteArray profileFile = rig.activeProfileBytes();
         const QByteArray presetFile = fileBytes(profiles->escPresets()->filePath());
 
         edit(dialogs);
 
         const bool presetRefused = !dialogs.presets.notice()->text().isEmpty();
         QCOMPARE((presetRefused ? dialogs.presets.notice() : dialogs.buttons.notice())->text(), message);
-        QCOMPARE(activeProfileBytes(profiles), profileFile);
+        QCOMPARE(rig.activeProfileBytes(), profileFile);
         QCOMPARE(fileBytes(profiles->escPresets()->filePath()), presetFile);
         // The dialogs show what the stores kept, and so does the controller.
         QCOMPARE(dialogs.buttons.editor()->values().channel, horn.channel);
@@ -478,7 +458,7 @@ private slots:
             axisDialog ? dialogs.axis.editor(0)->invertedBox() : dialogs.drive.spikeRejectionBox();
         hub::Notice *notice = axisDialog ? dialogs.axis.notice() : dialogs.drive.notice();
         const bool shown = box->isChecked();
-        const QByteArray file = activeProfileBytes(profiles);
+        const QByteArray file = rig.activeProfileBytes();
         QVERIFY(!file.isEmpty());
         QSignalSpy refusals(profiles, &ProfileManager::errorOccurred);
         {
@@ -489,7 +469,7 @@ private slots:
         }
         QCOMPARE(refusals.size(), 1);
         QCOMPARE(notice->text(), refusals.at(0).at(0).toString());
-        QCOMPARE(activeProfileBytes(profiles), file);
+        QCOMPARE(rig.activeProfileBytes(), file);
         // The dialog shows what the store kept, and so does the controller.
         QCOMPARE(box->isChecked(), shown);
         QCOMPARE(rig.controller()->settings().drive.throttleSpikeRejectionEnabled, true);

@@ -31,6 +31,8 @@ private slots:
     void requestValidation();
     void armingRefusedWithTheCollectiveUp();
     void configChannelsOutOfRangeAreNotSent();
+    void configSharingAChannelIsRefused_data();
+    void configSharingAChannelIsRefused();
 
 private:
     // Shared by the validation rows: a refusal must leave it as it was for the next row.
@@ -124,6 +126,36 @@ void TestWsHelicopterHandler::configChannelsOutOfRangeAreNotSent()
     QCOMPARE(config["inputs"_L1]["joystick"_L1]["xAxis"_L1].toInt(), 3);
     QCOMPARE(rig.profiles.deviceConnection(DeviceRole::HeliJoystick)[u"productName"_s],
              identityBefore[u"productName"_s]);
+}
+
+void TestWsHelicopterHandler::configSharingAChannelIsRefused_data()
+{
+    QTest::addColumn<QJsonObject>("data");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("pitch on roll's channel") << object(R"({"channels": {"pitch": 0}})") << false;
+    QTest::newRow("arm switch on the rudder's channel")
+        << object(R"({"arm": {"enabled": true, "channel": 3}})") << false;
+    QTest::newRow("motor on the collective's channel")
+        << object(R"({"throttleCurve": {"enabled": true}, "motorChannel": 2})") << false;
+    // Only what is sent competes for a channel: a switched-off arm switch writes nothing.
+    QTest::newRow("arm switch off, on roll's channel") << object(R"({"arm": {"channel": 0}})") << true;
+    QTest::newRow("collective not sent, rudder on its channel")
+        << object(R"({"channels": {"throttle": -1, "rudder": 2}})") << true;
+}
+
+void TestWsHelicopterHandler::configSharingAChannelIsRefused()
+{
+    QFETCH(QJsonObject, data);
+    QFETCH(bool, accepted);
+    Rig rig;
+    QVERIFY(rig.setUp(u"rc_helicopter"_s));
+    const QJsonObject before = rig.profiles.activeProfile();
+
+    const QJsonObject reply = rig.ask(u"set_helicopter_config"_s, data);
+
+    QCOMPARE(reply["success"_L1].toBool(), accepted);
+    QCOMPARE(rig.profiles.activeProfile() == before, !accepted);
+    QCOMPARE(reply["message"_L1].toString().isEmpty(), accepted);
 }
 
 QTEST_GUILESS_MAIN(TestWsHelicopterHandler)

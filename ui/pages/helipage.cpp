@@ -5,6 +5,7 @@
 #include "levelbar.h"
 #include "statuspill.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -19,6 +20,7 @@ HeliPage::HeliPage(QWidget *parent)
     m_controls = new DevicePickerCard(tr("Controls"), deviceRoles(), this);
     m_controls->setSubtitle(tr("Game controllers for each role"));
     addToLeftColumn(m_controls);
+    addToLeftColumn(buildConfigureCard());
     addToRightColumn(buildFlightCard());
     addToRightColumn(buildLiveControlsCard());
     setArmed(false);
@@ -33,6 +35,29 @@ QList<DevicePickerCard::Role> HeliPage::deviceRoles()
     return {{QStringLiteral("joystick"), tr("Joystick")},
             {QStringLiteral("throttle"), tr("Throttle")},
             {QStringLiteral("rudder"), tr("Pedals")}};
+}
+
+QWidget *HeliPage::buildConfigureCard()
+{
+    auto *card = new hub::Card(tr("Configure"), this);
+    card->setSubtitle(tr("Settings of the active helicopter profile"));
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(8);
+    const QList<std::pair<QString, void (HeliPage::*)()>> editors = {
+        {tr("Controls and channels"), &HeliPage::controlsSettingsRequested},
+        {tr("Rates and feel"), &HeliPage::ratesSettingsRequested},
+        {tr("Pitch and throttle curves"), &HeliPage::curvesSettingsRequested},
+        {tr("Arming and safety"), &HeliPage::armingSettingsRequested},
+    };
+    for (int i = 0; i < editors.size(); ++i) {
+        auto *button = new QPushButton(editors.at(i).first, card);
+        connect(button, &QPushButton::clicked, this, editors.at(i).second);
+        m_configureButtons.append(button);
+        grid->addWidget(button, i / 2, i % 2);
+    }
+    card->body()->addLayout(grid);
+    return card;
 }
 
 QWidget *HeliPage::buildFlightCard()

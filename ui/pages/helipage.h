@@ -26,6 +26,8 @@ public:
     static QList<DevicePickerCard::Role> deviceRoles();
 
     DevicePickerCard *controlsCard() const { return m_controls; }
+    // The buttons that open the settings dialogs: controls, rates, curves, arming.
+    QList<QPushButton *> configureButtons() const { return m_configureButtons; }
     QPushButton *armButton() const { return m_arm; }
     // The buttons of rate modes 0, 1 and 2.
     QPushButton *rateButton(int mode) const;
@@ -49,8 +51,13 @@ signals:
     void armRequested();
     void disarmRequested();
     void rateModeRequested(int mode);
+    void controlsSettingsRequested();
+    void ratesSettingsRequested();
+    void curvesSettingsRequested();
+    void armingSettingsRequested();
 
 private:
+    QWidget *buildConfigureCard();
     QWidget *buildFlightCard();
     QWidget *buildLiveControlsCard();
 
@@ -58,6 +65,7 @@ private:
     hub::StatusPill *m_armedPill = nullptr;
     QPushButton *m_arm = nullptr;
     QList<QPushButton *> m_rateButtons;
+    QList<QPushButton *> m_configureButtons;
     QLabel *m_rateName = nullptr;
     hub::LevelBar *m_roll = nullptr;
     hub::LevelBar *m_pitch = nullptr;

@@ -1,0 +1,231 @@
+// The four helicopter dialogs, opened from the heli page of a real main window, against the
+// real controller transmitting to the bridge simulator with a virtual joystick and throttle.
+#include "heliarmingdialog.h"
+#include "heliconfigdialog.h"
+#include "helicurvesdialog.h"
+#include "heliflydialog.h"
+#include "helipage.h"
+#include "helisettingsdialog.h"
+#include "hubrig.h"
+#include "inputdevice.h"
+#include "notice.h"
+#include "profilekeys.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QSpinBox>
+
+#include <functional>
+
+using namespace tavrix;
+using namespace tavrix::testing;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+namespace keys = profilekeys;
+
+// The heli page's Configure buttons, in their order.
+enum Button
+{
+    Controls,
+    Rates,
+    Curves,
+    Arming
+};
+constexpr int kRollSlot = 0;       // the joystick's x axis in a new profile
+constexpr int kCollectiveSlot = 2; // the throttle device's axis
+
+using Edit = std::function<void(QWidget *dialog)>;
+
+// Picks an entry the way a mouse pick in the open list does: one activation, for that entry
+// only (walking there by keyboard would pass the channels of other functions).
+void choose(QComboBox *box, int index)
+{
+    box->setCurrentIndex(index);
+    emit box->activated(index);
+}
+
+template<class Dialog> Edit on(std::function<void(Dialog *)> edit)
+{
+    return [edit](QWidget *dialog) { edit(qobject_cast<Dialog *>(dialog)); };
+}
+
+// A helicopter profile transmitting, the stick full right and the collective lever at the
+// bottom, with the page in front.
+struct FlyingRig : HubRig
+{
+    HeliPage *page = nullptr;
+
+    bool start()
+    {
+        plugHeliControllers();
+        backend->setAxis(firstDevice, kRollSlot, rawForDeviceValue(1.0));
+        backend->setAxis(secondDevice, kCollectiveSlot, rawForDeviceValue(-1.0));
+        TavrixController *c = controller();
+        page = showPage<HeliPage>(u"rc-heli"_s);
+        return page && services->profiles()->setVehicleType(vehicletype::kHelicopter) && c->isHelicopter() &&
+               startBridge() && c->connectDevice(DeviceRole::HeliJoystick, firstDevice) &&
+               c->connectDevice(DeviceRole::HeliThrottle, secondDevice) &&
+               c->connectTransmitter(linkPath()) && c->startTransmission();
+    }
+
+    // The dialog a Configure button opened (one at a time here).
+    HeliSettingsDialog *open(Button button)
+    {
+        page->configureButtons().at(button)->click();
+        return window->findChild<HeliSettingsDialog *>();
+    }
+    int channel(int index) const { return controller()->channels().at(std::size_t(index)); }
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Edit)
+
+class TestHeliDialogs : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void editReachesTheFileAndTheChannels_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<Edit>("edit");
+        QTest::addColumn<QString>("storedPath");
+        QTest::addColumn<double>("stored");
+        QTest::addColumn<int>("channel");
+        QTest::addColumn<int>("value");
+        // A channel the edit leaves, and the rest value it must go to (not freeze at the last sent).
+        QTest::addColumn<int>("vacated");
+        QTest::addColumn<int>("rest");
+
+        // Full right at the beginner rate's 60 %: 0.6 x 819.5 + 992.
+        QTest::newRow("roll moves to CH7") << int(Controls) << on<HeliConfigDialog>([](HeliConfigDialog *d) {
+            choose(d->channelBox(HeliConfigDialog::Roll), 7);
+        }) << u"channels/roll"_s << 6.0 << 6
+                                           << 1484 << 0 << 992;
+        QTest::newRow("beginner rate at full travel")
+            << int(Rates) << on<HeliFlyDialog>([](HeliFlyDialog *d) { d->ratePercentBox(0)->setValue(100); })
+            << u"dualRates/beginnerPct"_s << 100.0 << 0 << 1811 << -1 << 0;
+        // The lever at the bottom now gives half collective: 0.5 x 1639 + 172, rounded up.
+        QTest::newRow("pitch curve lifts the bottom")
+            << int(Curves) << on<HeliCurvesDialog>([](HeliCurvesDialog *d) {
+                   d->pointBox(HeliCurvesDialog::PitchCurve, 0)->setValue(50);
+                   d->enabledBox(HeliCurvesDialog::PitchCurve)->click();
+               })
+            << u"pitchCurve/points/0"_s << 0.5 << 2 << 992 << -1 << 0;
+        // 1000 us: (1000 - 880) x 8 / 5.
+        QTest::newRow("arm switch sends its safe value")
+            << int(Arming) << on<HeliArmingDialog>([](HeliArmingDialog *d) {
+                   d->safeMicrosBox()->setValue(1000);
+                   d->armSwitchBox()->click();
+               })
+            << u"arm/offUs"_s << 1000.0 << 4 << 192 << -1 << 0;
+    }
+
+    void editReachesTheFileAndTheChannels()
+    {
+        QFETCH(int, button);
+        QFETCH(Edit, edit);
+        QFETCH(QString, storedPath);
+        QFETCH(double, stored);
+        QFETCH(int, channel);
+        QFETCH(int, value);
+        QFETCH(int, vacated);
+        QFETCH(int, rest);
+        FlyingRig rig;
+        QVERIFY(rig.start());
+        // The stick has reached roll's channel: full right at the beginner rate.
+        QTRY_COMPARE_WITH_TIMEOUT(rig.channel(0), 1484, 10000);
+        QVERIFY(rig.channel(channel) != value);
+        HeliSettingsDialog *dialog = rig.open(Button(button));
+        QVERIFY(dialog);
+
+        edit(dialog);
+
+        QCOMPARE(rig.storedValue(keys::kHelicopterConfig, storedPath), stored);
+        QTRY_COMPARE_WITH_TIMEOUT(rig.channel(channel), value, 10000);
+        if (vacated >= 0)
+            QCOMPARE(rig.channel(vacated), rest);
+        QVERIFY(dialog->notice()->text().isEmpty());
+        QVERIFY(rig.controller()->isRunning());
+    }
+
+    void sharedChannelIsRefusedAndChangesNothing_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<Edit>("edit");
+        QTest::addColumn<QString>("storedPath");
+
+        QTest::newRow("pitch onto roll's CH1")
+            << int(Controls) << on<HeliConfigDialog>([](HeliConfigDialog *d) {
+                   choose(d->channelBox(HeliConfigDialog::Pitch), 1);
+               })
+            << u"channels/pitch"_s;
+        QTest::newRow("motor onto the collective's CH3")
+            << int(Curves) << on<HeliCurvesDialog>([](HeliCurvesDialog *d) {
+                   d->enabledBox(HeliCurvesDialog::ThrottleCurve)->click();
+                   choose(d->motorChannelBox(), 3);
+               })
+            << u"motorChannel"_s;
+        QTest::newRow("arm switch onto the rudder's CH4")
+            << int(Arming) << on<HeliArmingDialog>([](HeliArmingDialog *d) {
+                   d->armSwitchBox()->click();
+                   choose(d->armChannelBox(), 4);
+               })
+            << u"arm/channel"_s;
+    }
+
+    void sharedChannelIsRefusedAndChangesNothing()
+    {
+        QFETCH(int, button);
+        QFETCH(Edit, edit);
+        QFETCH(QString, storedPath);
+        FlyingRig rig;
+        QVERIFY(rig.start());
+        HeliSettingsDialog *dialog = rig.open(Button(button));
+        QVERIFY(dialog);
+        const double before = rig.storedValue(keys::kHelicopterConfig, storedPath);
+        const HelicopterSettings applied = rig.controller()->settings().helicopter;
+        QSignalSpy modified(rig.services->profiles(), &ProfileManager::profileModified);
+
+        edit(dialog);
+
+        const hub::Notice *notice = dialog->notice();
+        QVERIFY(notice->isVisible() && !notice->text().isEmpty());
+        QCOMPARE(rig.storedValue(keys::kHelicopterConfig, storedPath), before);
+        // The steps before the refused one (switching the curve or the arm switch on) were taken.
+        QVERIFY(modified.size() <= 1);
+        QCOMPARE(rig.controller()->settings().helicopter.channels, applied.channels);
+        QCOMPARE(rig.controller()->settings().helicopter.motorChannel, applied.motorChannel);
+        QCOMPARE(rig.controller()->settings().helicopter.arm.channel, applied.arm.channel);
+    }
+
+    void axisIsFoundByMovingIt()
+    {
+        FlyingRig rig;
+        QVERIFY(rig.start());
+        auto *dialog = qobject_cast<HeliConfigDialog *>(rig.open(Controls));
+        QVERIFY(dialog);
+        constexpr int kSpareSlot = 5;
+        const InputDevice *stick = rig.controller()->devices()->device(DeviceRole::HeliJoystick);
+        rig.backend->setAxis(rig.firstDevice, kSpareSlot, rawForDeviceValue(-0.5));
+        QTRY_VERIFY(stick->isAxisActive(kSpareSlot));
+
+        // The stick held full right since the start is where roll rests, not a move.
+        dialog->detectButton(HeliConfigDialog::Pitch)->click();
+        // A twist grip brushed for the first time leaves its untouched -1 reading: not a move either.
+        rig.backend->setAxis(rig.firstDevice, kSpareSlot + 1, rawForDeviceValue(0.2));
+        rig.backend->setAxis(rig.firstDevice, kSpareSlot, rawForDeviceValue(0.5));
+
+        QTRY_COMPARE_WITH_TIMEOUT(rig.controller()->settings().helicopter.inputs.joystick.yAxis, kSpareSlot,
+                                  10000);
+        QCOMPARE(rig.storedValue(keys::kHelicopterConfig, u"inputs/joystick/yAxis"_s), double(kSpareSlot));
+        QCOMPARE(rig.controller()->settings().helicopter.inputs.joystick.xAxis, kRollSlot);
+        QVERIFY(dialog->notice()->text().isEmpty());
+    }
+};
+
+QTEST_MAIN(TestHeliDialogs)
+#include "tst_helidialogs.moc"
