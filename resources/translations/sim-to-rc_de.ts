@@ -105,6 +105,37 @@
     </message>
 </context>
 <context>
+    <name>HelicopterSettings</name>
+    <message>
+        <source>Roll</source>
+        <translation>Rollen</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>Nicken</translation>
+    </message>
+    <message>
+        <source>Collective</source>
+        <translation>Kollektiv</translation>
+    </message>
+    <message>
+        <source>Rudder</source>
+        <translation>Heck</translation>
+    </message>
+    <message>
+        <source>Arm switch</source>
+        <translation>Scharfschalter</translation>
+    </message>
+    <message>
+        <source>Motor</source>
+        <translation>Motor</translation>
+    </message>
+    <message>
+        <source>%1 and %2 would both drive CH%3. Give each its own channel.</source>
+        <translation>%1 und %2 würden beide CH%3 steuern. Geben Sie jedem einen eigenen Kanal.</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>OrvaneLabs HUB</source>
@@ -133,6 +164,14 @@
     <message>
         <source>Dark mode</source>
         <translation>Dunkles Design</translation>
+    </message>
+    <message>
+        <source>The log is not written to disk in this run</source>
+        <translation>Das Protokoll wird in diesem Lauf nicht auf die Festplatte geschrieben</translation>
+    </message>
+    <message>
+        <source>No file manager could open %1</source>
+        <translation>Kein Dateimanager konnte %1 öffnen</translation>
     </message>
 </context>
 <context>
@@ -513,6 +552,215 @@
     </message>
 </context>
 <context>
+    <name>tavrix::ButtonMappingBook</name>
+    <message>
+        <source>Too many button mappings (max %1)</source>
+        <translation>Zu viele Tastenbelegungen (höchstens %1)</translation>
+    </message>
+    <message>
+        <source>Channel must be 2-11 (0-1 reserved for steering/throttle)</source>
+        <translation>Der Kanal muss zwischen 2 und 11 liegen (0-1 sind für Lenkung/Gas reserviert)</translation>
+    </message>
+    <message>
+        <source>Index %1 out of range (count: %2)</source>
+        <translation>Index %1 außerhalb des Bereichs (Anzahl: %2)</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ButtonMappingEditor</name>
+    <message>
+        <source>Horn, lights, …</source>
+        <translation>Hupe, Licht, …</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keines</translation>
+    </message>
+    <message>
+        <source>Press…</source>
+        <translation>Drücken…</translation>
+    </message>
+    <message>
+        <source>Pick the control by pressing it on the wheel</source>
+        <translation>Wählen Sie das Bedienelement, indem Sie es am Lenkrad drücken</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Bedienelement</translation>
+    </message>
+    <message>
+        <source>Behaviour</source>
+        <translation>Verhalten</translation>
+    </message>
+    <message>
+        <source>CH%1</source>
+        <translation>K%1</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Pressed value</source>
+        <translation>Wert gedrückt</translation>
+    </message>
+    <message>
+        <source>Released value</source>
+        <translation>Wert losgelassen</translation>
+    </message>
+    <message>
+        <source> per s</source>
+        <translation> pro s</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Lowest value</source>
+        <translation>Niedrigster Wert</translation>
+    </message>
+    <message>
+        <source>Highest value</source>
+        <translation>Höchster Wert</translation>
+    </message>
+    <message>
+        <source>Activate Pit Limiter when pressed</source>
+        <translation>Pit-Limiter beim Drücken aktivieren</translation>
+    </message>
+    <message>
+        <source>Button %1</source>
+        <translation>Taste %1</translation>
+    </message>
+    <message>
+        <source>Hat %1 up</source>
+        <translation>Coolie-Hat %1 oben</translation>
+    </message>
+    <message>
+        <source>Hat %1 right</source>
+        <translation>Coolie-Hat %1 rechts</translation>
+    </message>
+    <message>
+        <source>Hat %1 down</source>
+        <translation>Coolie-Hat %1 unten</translation>
+    </message>
+    <message>
+        <source>Hat %1 left</source>
+        <translation>Coolie-Hat %1 links</translation>
+    </message>
+    <message>
+        <source>Axis %1 +</source>
+        <translation>Achse %1 +</translation>
+    </message>
+    <message>
+        <source>Axis %1 −</source>
+        <translation>Achse %1 −</translation>
+    </message>
+    <message>
+        <source>Momentary</source>
+        <translation>Tastend</translation>
+    </message>
+    <message>
+        <source>Hold to raise</source>
+        <translation>Halten zum Erhöhen</translation>
+    </message>
+    <message>
+        <source>Hold to lower</source>
+        <translation>Halten zum Senken</translation>
+    </message>
+    <message>
+        <source>Toggle</source>
+        <translation>Umschalten</translation>
+    </message>
+    <message>
+        <source>Switch position</source>
+        <translation>Schalterstellung</translation>
+    </message>
+    <message>
+        <source>%1 pressed, %2 released</source>
+        <translation>%1 gedrückt, %2 losgelassen</translation>
+    </message>
+    <message>
+        <source>%1%2/s in %3–%4, from %5</source>
+        <translation>%1%2/s in %3–%4, ab %5</translation>
+    </message>
+    <message>
+        <source>on %1, off %2</source>
+        <translation>ein %1, aus %2</translation>
+    </message>
+    <message>
+        <source>%1, from %2</source>
+        <translation>%1, ab %2</translation>
+    </message>
+    <message>
+        <source>%1, pit limiter</source>
+        <translation>%1, Pit-Limiter</translation>
+    </message>
+    <message>
+        <source>Start value</source>
+        <translation>Startwert</translation>
+    </message>
+    <message>
+        <source>ON value</source>
+        <translation>EIN-Wert</translation>
+    </message>
+    <message>
+        <source>OFF value</source>
+        <translation>AUS-Wert</translation>
+    </message>
+    <message>
+        <source>Position value</source>
+        <translation>Positionswert</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ButtonMappingsDialog</name>
+    <message>
+        <source>Button mappings</source>
+        <translation>Tastenbelegung</translation>
+    </message>
+    <message>
+        <source>Press a button or a hat direction on the wheel…</source>
+        <translation>Drücken Sie eine Taste oder eine Coolie-Hat-Richtung am Lenkrad…</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation>Bedienelement</translation>
+    </message>
+    <message>
+        <source>Behaviour</source>
+        <translation>Verhalten</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Sends</source>
+        <translation>Sendet</translation>
+    </message>
+    <message>
+        <source>Add by pressing…</source>
+        <translation>Durch Drücken hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>CH%1</source>
+        <translation>K%1</translation>
+    </message>
+</context>
+<context>
     <name>tavrix::CarPage</name>
     <message>
         <source>RC Car</source>
@@ -836,6 +1084,37 @@
         <source>Receiver</source>
         <translation>Empfänger</translation>
     </message>
+    <message>
+        <source>Choose tiles…</source>
+        <translation>Kacheln wählen…</translation>
+    </message>
+    <message>
+        <source>Live telemetry</source>
+        <translation>Live-Telemetrie</translation>
+    </message>
+    <message>
+        <source>The car&apos;s G forces and radio link over the last minute</source>
+        <translation>G-Kräfte und Funkverbindung des Autos in der letzten Minute</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DashboardSettingsDialog</name>
+    <message>
+        <source>Dashboard tiles</source>
+        <translation>Kacheln der Übersicht</translation>
+    </message>
+    <message>
+        <source>Tick the readings the dashboard shows as tiles and put them in order. The active profile keeps the choice; with none ticked, every reading the car sends is shown.</source>
+        <translation>Haken Sie die Messwerte an, die die Übersicht als Kacheln zeigt, und bringen Sie sie in eine Reihenfolge. Das aktive Profil speichert die Auswahl; ist nichts angehakt, wird jeder Messwert gezeigt, den das Auto sendet.</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Nach unten</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DebugConsole</name>
@@ -939,6 +1218,36 @@
     <message>
         <source>impossible throttle spike detected</source>
         <translation>unmöglicher Gassprung erkannt</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DriveRecorder</name>
+    <message>
+        <source>Cannot record the drive: the folder %1 cannot be made.</source>
+        <translation>Die Fahrt kann nicht aufgezeichnet werden: Der Ordner %1 kann nicht angelegt werden.</translation>
+    </message>
+    <message>
+        <source>Cannot record the drive to %1: %2</source>
+        <translation>Die Fahrt kann nicht in %1 aufgezeichnet werden: %2</translation>
+    </message>
+    <message>
+        <source>Recording stopped: writing %1 failed (%2). The rows recorded before are kept.</source>
+        <translation>Aufzeichnung beendet: Schreiben von %1 fehlgeschlagen (%2). Die bis dahin aufgezeichneten Zeilen bleiben erhalten.</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DriveRecorderBinder</name>
+    <message>
+        <source>Recording to %1</source>
+        <translation>Aufzeichnung in %1</translation>
+    </message>
+    <message>
+        <source>Saved %1: %2 rows.</source>
+        <translation>%1 gespeichert: %2 Zeilen.</translation>
+    </message>
+    <message>
+        <source>%1 rows were dropped because the disk fell behind.</source>
+        <translation>%1 Zeilen wurden verworfen, weil das Schreiben auf die Festplatte nicht nachkam.</translation>
     </message>
 </context>
 <context>
@@ -1122,6 +1431,10 @@
         <source>Choose a preset</source>
         <translation>Vorgabe wählen</translation>
     </message>
+    <message>
+        <source>Manage presets…</source>
+        <translation>Vorgaben verwalten…</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::ElrsParameterManager</name>
@@ -1196,6 +1509,49 @@
         <source>Failed to save ESC presets</source>
         <translation>Die ESC-Vorgaben konnten nicht gespeichert werden</translation>
     </message>
+    <message>
+        <source>Too many ESC presets (max %1)</source>
+        <translation>Zu viele ESC-Vorgaben (höchstens %1)</translation>
+    </message>
+    <message>
+        <source>Invalid ESC values. Must be 0-2047.</source>
+        <translation>Ungültige ESC-Werte. Erlaubt sind 0-2047.</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::EscPresetsDialog</name>
+    <message>
+        <source>ESC presets</source>
+        <translation>ESC-Vorgaben</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Save as new</source>
+        <translation>Als neue speichern</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Update with current values</source>
+        <translation>Mit aktuellen Werten aktualisieren</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>%1 — reverse %2, neutral %3, forward %4</source>
+        <translation>%1 – rückwärts %2, neutral %3, vorwärts %4</translation>
+    </message>
+    <message>
+        <source>Current ESC values: reverse %1, neutral %2, forward %3</source>
+        <translation>Aktuelle ESC-Werte: rückwärts %1, neutral %2, vorwärts %3</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::FirmwareDialog</name>
@@ -1265,6 +1621,10 @@
     <message>
         <source>Firmware (*.bin);;All files (*)</source>
         <translation>Firmware (*.bin);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Check for updates</source>
+        <translation>Nach Updates suchen</translation>
     </message>
 </context>
 <context>
@@ -1359,6 +1719,273 @@
     <message>
         <source>Writing firmware %1</source>
         <translation>Firmware %1 wird geschrieben</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliArmingDialog</name>
+    <message>
+        <source>Arming and safety</source>
+        <translation>Scharfschalten und Sicherheit</translation>
+    </message>
+    <message>
+        <source>Arming</source>
+        <translation>Scharfschalten</translation>
+    </message>
+    <message>
+        <source>The arm switch the flight controller reads</source>
+        <translation>Der Scharfschalter, den der Flugregler liest</translation>
+    </message>
+    <message>
+        <source>Send the arm switch</source>
+        <translation>Scharfschalter senden</translation>
+    </message>
+    <message>
+        <source>The page&apos;s Arm button sets it; stopping transmission always sends it safe.</source>
+        <translation>Die Schaltfläche „Scharf schalten“ der Seite setzt ihn; das Stoppen der Übertragung sendet ihn immer gesichert.</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source> µs</source>
+        <translation> µs</translation>
+    </message>
+    <message>
+        <source>Armed</source>
+        <translation>Scharf</translation>
+    </message>
+    <message>
+        <source>Safe</source>
+        <translation>Gesichert</translation>
+    </message>
+    <message>
+        <source>Arm only at idle</source>
+        <translation>Nur im Leerlauf scharfschalten</translation>
+    </message>
+    <message>
+        <source>Arming is refused while the collective lever is above %1 %.</source>
+        <translation>Scharfschalten wird abgelehnt, solange der Kollektivhebel über %1 % steht.</translation>
+    </message>
+    <message>
+        <source>Safety</source>
+        <translation>Sicherheit</translation>
+    </message>
+    <message>
+        <source>How the collective comes up, and glitches</source>
+        <translation>Wie der Kollektiv hochfährt, und Störungen</translation>
+    </message>
+    <message>
+        <source>Soft start</source>
+        <translation>Sanftanlauf</translation>
+    </message>
+    <message>
+        <source>After each start the collective and the motor rise from zero to the lever&apos;s position over the ramp (at least one second).</source>
+        <translation>Nach jedem Start steigen Kollektiv und Motor über die Rampe (mindestens eine Sekunde) von null auf die Hebelstellung.</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> s</translation>
+    </message>
+    <message>
+        <source>Ramp</source>
+        <translation>Rampe</translation>
+    </message>
+    <message>
+        <source>Spike protection</source>
+        <translation>Spitzenschutz</translation>
+    </message>
+    <message>
+        <source>Always on: a control that jumps by more than %1 % from one tick to the next is held for up to %2 ms; a jump that lasts longer is real and is taken.</source>
+        <translation>Immer aktiv: Ein Steuerwert, der von einem Takt zum nächsten um mehr als %1 % springt, wird bis zu %2 ms zurückgehalten; ein Sprung, der länger anhält, ist echt und wird übernommen.</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliConfigDialog</name>
+    <message>
+        <source>Roll</source>
+        <translation>Rollen</translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation>Nicken</translation>
+    </message>
+    <message>
+        <source>Collective</source>
+        <translation>Kollektiv</translation>
+    </message>
+    <message>
+        <source>Rudder</source>
+        <translation>Heck</translation>
+    </message>
+    <message>
+        <source>Helicopter controls and channels</source>
+        <translation>Hubschrauber: Steuerung und Kanäle</translation>
+    </message>
+    <message>
+        <source>Axes and channels</source>
+        <translation>Achsen und Kanäle</translation>
+    </message>
+    <message>
+        <source>Calibration</source>
+        <translation>Kalibrierung</translation>
+    </message>
+    <message>
+        <source>Function</source>
+        <translation>Funktion</translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation>Gerät</translation>
+    </message>
+    <message>
+        <source>Axis</source>
+        <translation>Achse</translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation>Kanal</translation>
+    </message>
+    <message>
+        <source>Joystick</source>
+        <translation>Joystick</translation>
+    </message>
+    <message>
+        <source>Throttle</source>
+        <translation>Gashebel</translation>
+    </message>
+    <message>
+        <source>Pedals</source>
+        <translation>Pedale</translation>
+    </message>
+    <message>
+        <source>Two pedals</source>
+        <translation>Zwei Pedale</translation>
+    </message>
+    <message>
+        <source>The right pedal&apos;s axis; the rudder&apos;s axis is then the left pedal.</source>
+        <translation>Die Achse des rechten Pedals; die Heckachse ist dann das linke Pedal.</translation>
+    </message>
+    <message>
+        <source>Detect, then move the control that should drive the function. Two pedals steer the rudder by right minus left. A function whose channel is “Not sent” leaves its channel to the button mappings; no two functions may share a channel.</source>
+        <translation>Klicken Sie auf „Erkennen“ und bewegen Sie dann das Bedienelement, das die Funktion steuern soll. Zwei Pedale steuern das Heck mit rechts minus links. Eine Funktion, deren Kanal „Nicht gesendet“ ist, überlässt ihren Kanal den Tastenbelegungen; zwei Funktionen dürfen sich keinen Kanal teilen.</translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation>Minimum</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation>Maximum</translation>
+    </message>
+    <message>
+        <source>Raw positions of each axis, -1 to +1. The collective reads its minimum as bottom and its maximum as top; the centre is not used.</source>
+        <translation>Rohpositionen jeder Achse, -1 bis +1. Der Kollektiv liest sein Minimum als unten und sein Maximum als oben; die Mitte wird nicht verwendet.</translation>
+    </message>
+    <message>
+        <source>Move it…</source>
+        <translation>Jetzt bewegen…</translation>
+    </message>
+    <message>
+        <source>Detect</source>
+        <translation>Erkennen</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliConfigDialogBinder</name>
+    <message>
+        <source>Choose the device on the helicopter page first, then detect its axis.</source>
+        <translation>Wählen Sie zuerst das Gerät auf der Hubschrauberseite aus und erkennen Sie dann seine Achse.</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliCurvesDialog</name>
+    <message>
+        <source>Pitch and throttle curves</source>
+        <translation>Pitch- und Gaskurven</translation>
+    </message>
+    <message>
+        <source>Pitch curve</source>
+        <translation>Pitchkurve</translation>
+    </message>
+    <message>
+        <source>Shapes the collective channel; off, the channel follows the lever.</source>
+        <translation>Formt den Kollektivkanal; ausgeschaltet folgt der Kanal dem Hebel.</translation>
+    </message>
+    <message>
+        <source>Throttle curve</source>
+        <translation>Gaskurve</translation>
+    </message>
+    <message>
+        <source>Drives the motor channel from the collective lever; off, no motor channel is sent.</source>
+        <translation>Steuert den Motorkanal über den Kollektivhebel; ausgeschaltet wird kein Motorkanal gesendet.</translation>
+    </message>
+    <message>
+        <source>Use this curve</source>
+        <translation>Diese Kurve verwenden</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Motor channel</source>
+        <translation>Motorkanal</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliFlyDialog</name>
+    <message>
+        <source>Rates and feel</source>
+        <translation>Raten und Flugverhalten</translation>
+    </message>
+    <message>
+        <source>Rates</source>
+        <translation>Raten</translation>
+    </message>
+    <message>
+        <source>How much of its travel roll, pitch and yaw reach</source>
+        <translation>Wie viel ihres Wegs Rollen, Nicken und Gieren erreichen</translation>
+    </message>
+    <message>
+        <source>Rate modes</source>
+        <translation>Ratenmodi</translation>
+    </message>
+    <message>
+        <source>The mode in use scales roll, pitch and yaw; the collective always keeps its full travel, so a lower rate never costs lift.</source>
+        <translation>Der aktive Modus skaliert Rollen, Nicken und Gieren; der Kollektiv behält immer seinen vollen Weg, eine niedrigere Rate kostet also nie Auftrieb.</translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation>Aktiv</translation>
+    </message>
+    <message>
+        <source>Attitude display</source>
+        <translation>Fluglageanzeige</translation>
+    </message>
+    <message>
+        <source>The helicopter&apos;s reported attitude, as the hub shows it</source>
+        <translation>Die gemeldete Fluglage des Hubschraubers, wie der Hub sie anzeigt</translation>
+    </message>
+    <message>
+        <source>Invert pitch</source>
+        <translation>Nicken umkehren</translation>
+    </message>
+    <message>
+        <source>Invert roll</source>
+        <translation>Rollen umkehren</translation>
+    </message>
+    <message>
+        <source>Invert yaw</source>
+        <translation>Gieren umkehren</translation>
+    </message>
+    <message>
+        <source>Only the display turns; the channels sent are not affected.</source>
+        <translation>Nur die Anzeige dreht sich; die gesendeten Kanäle bleiben unverändert.</translation>
     </message>
 </context>
 <context>
@@ -1471,12 +2098,55 @@
         <source>%1: roll, pitch and yaw at %2 % of the stick&apos;s travel</source>
         <translation>%1: Rollen, Nicken und Gier mit %2 % des Knüppelwegs</translation>
     </message>
+    <message>
+        <source>Configure</source>
+        <translation>Konfigurieren</translation>
+    </message>
+    <message>
+        <source>Settings of the active helicopter profile</source>
+        <translation>Einstellungen des aktiven Hubschrauberprofils</translation>
+    </message>
+    <message>
+        <source>Controls and channels</source>
+        <translation>Steuerung und Kanäle</translation>
+    </message>
+    <message>
+        <source>Rates and feel</source>
+        <translation>Raten und Flugverhalten</translation>
+    </message>
+    <message>
+        <source>Pitch and throttle curves</source>
+        <translation>Pitch- und Gaskurven</translation>
+    </message>
+    <message>
+        <source>Arming and safety</source>
+        <translation>Scharfschalten und Sicherheit</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::HeliPageBinder</name>
     <message>
         <source>Start transmission before arming.</source>
         <translation>Starten Sie die Übertragung vor dem Scharfschalten.</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliSettingsDialog</name>
+    <message>
+        <source>Not sent</source>
+        <translation>Nicht gesendet</translation>
+    </message>
+    <message>
+        <source>CH%1</source>
+        <translation>CH%1</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Axis %1</source>
+        <translation>Achse %1</translation>
     </message>
 </context>
 <context>
@@ -1571,6 +2241,14 @@
     <message>
         <source>Firmware updates</source>
         <translation>Firmware-Updates</translation>
+    </message>
+    <message>
+        <source>Setup guide</source>
+        <translation>Einrichtungsassistent</translation>
+    </message>
+    <message>
+        <source>Open log folder</source>
+        <translation>Log-Ordner öffnen</translation>
     </message>
 </context>
 <context>
@@ -2403,6 +3081,112 @@
         <source>Profile not found: %1</source>
         <translation>Profil nicht gefunden: %1</translation>
     </message>
+    <message>
+        <source>Too many button mappings (max %1)</source>
+        <translation>Zu viele Tastenbelegungen (höchstens %1)</translation>
+    </message>
+    <message>
+        <source>Failed to write file: %1</source>
+        <translation>Die Datei konnte nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>Too many profiles (max %1)</source>
+        <translation>Zu viele Profile (höchstens %1)</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ProfilesDialog</name>
+    <message>
+        <source>Profiles (*.json)</source>
+        <translation>Profile (*.json)</translation>
+    </message>
+    <message>
+        <source>Import profile</source>
+        <translation>Profil importieren</translation>
+    </message>
+    <message>
+        <source>Export profile</source>
+        <translation>Profil exportieren</translation>
+    </message>
+    <message>
+        <source>Delete profile</source>
+        <translation>Profil löschen</translation>
+    </message>
+    <message>
+        <source>Delete the profile “%1” and its file? This cannot be undone.</source>
+        <translation>Das Profil „%1“ und seine Datei löschen? Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Profiles</source>
+        <translation>Profile</translation>
+    </message>
+    <message>
+        <source>Each profile keeps a vehicle&apos;s settings. Transmission drives with the active one; a switch while it runs takes effect once it stops.</source>
+        <translation>Jedes Profil enthält die Einstellungen eines Fahrzeugs. Die Übertragung fährt mit dem aktiven Profil; ein Wechsel während der Übertragung gilt, sobald sie anhält.</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Last changed</source>
+        <translation>Zuletzt geändert</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>New Profile</source>
+        <translation>Neues Profil</translation>
+    </message>
+    <message>
+        <source>Create</source>
+        <translation>Anlegen</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Make active</source>
+        <translation>Aktivieren</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete…</source>
+        <translation>Löschen…</translation>
+    </message>
+    <message>
+        <source>Import…</source>
+        <translation>Importieren…</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>Exportieren…</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>Aktiv</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ProfilesDialogBinder</name>
+    <message>
+        <source>RC Car</source>
+        <translation>RC-Auto</translation>
+    </message>
+    <message>
+        <source>RC Helicopter</source>
+        <translation>RC-Hubschrauber</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::RadioCalibrationBinder</name>
@@ -3072,6 +3856,25 @@
     </message>
 </context>
 <context>
+    <name>tavrix::RecordingRow</name>
+    <message>
+        <source>Open folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>Records the drive to a CSV file: time, controls, the 16 channels and telemetry.</source>
+        <translation>Zeichnet die Fahrt in eine CSV-Datei auf: Zeit, Bedienelemente, die 16 Kanäle und Telemetrie.</translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation>Aufzeichnung beenden</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Aufzeichnen</translation>
+    </message>
+</context>
+<context>
     <name>tavrix::RemoteServerBinder</name>
     <message>
         <source>Off</source>
@@ -3134,6 +3937,37 @@
     </message>
 </context>
 <context>
+    <name>tavrix::SafetyNoticeDialog</name>
+    <message>
+        <source>Before the car moves</source>
+        <translation>Bevor sich das Auto bewegt</translation>
+    </message>
+    <message>
+        <source>I understand</source>
+        <translation>Verstanden</translation>
+    </message>
+    <message>
+        <source>Transmission drives a real car</source>
+        <translation>Die Übertragung steuert ein echtes Auto</translation>
+    </message>
+    <message>
+        <source>From the first frame the car follows your wheel and pedals.</source>
+        <translation>Ab dem ersten Frame folgt das Auto Ihrem Lenkrad und Ihren Pedalen.</translation>
+    </message>
+    <message>
+        <source>Put the car on a stand with its wheels off the ground.</source>
+        <translation>Stellen Sie das Auto auf einen Bock, sodass die Räder den Boden nicht berühren.</translation>
+    </message>
+    <message>
+        <source>Keep a hand near the car&apos;s power switch.</source>
+        <translation>Halten Sie eine Hand in der Nähe des Ein-/Ausschalters des Autos.</translation>
+    </message>
+    <message>
+        <source>Stop transmission in the HUB, or switch off the transmitter, to stop the car.</source>
+        <translation>Um das Auto anzuhalten, stoppen Sie die Übertragung im HUB oder schalten Sie den Sender aus.</translation>
+    </message>
+</context>
+<context>
     <name>tavrix::SerialPortPicker</name>
     <message>
         <source>Baud rate</source>
@@ -3154,6 +3988,195 @@
     <message>
         <source>Connect</source>
         <translation>Verbinden</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ServiceFirmwareBinder</name>
+    <message>
+        <source>Orvane receiver</source>
+        <translation>Orvane-Empfänger</translation>
+    </message>
+    <message>
+        <source>Checks the update server for the receiver&apos;s latest firmware and writes it over the USB-UART cable on the receiver&apos;s J14 header. A receiver console open on that port is closed first.</source>
+        <translation>Sucht auf dem Update-Server nach der neuesten Firmware des Empfängers und schreibt sie über das USB-UART-Kabel am J14-Stecker des Empfängers. Eine auf diesem Anschluss geöffnete Empfänger-Konsole wird zuerst geschlossen.</translation>
+    </message>
+    <message>
+        <source>Stop transmission before updating firmware.</source>
+        <translation>Beenden Sie die Übertragung, bevor Sie die Firmware aktualisieren.</translation>
+    </message>
+    <message>
+        <source>Transmitter SoC (companion processor)</source>
+        <translation>Sender-SoC (Begleitprozessor)</translation>
+    </message>
+    <message>
+        <source>Receiver (from the update server)</source>
+        <translation>Empfänger (vom Update-Server)</translation>
+    </message>
+    <message>
+        <source>Receiver V4 (from a firmware file)</source>
+        <translation>Empfänger V4 (aus einer Firmware-Datei)</translation>
+    </message>
+    <message>
+        <source>Transmitter SoC</source>
+        <translation>Sender-SoC</translation>
+    </message>
+    <message>
+        <source>Checking</source>
+        <translation>Suche</translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation>Lade herunter</translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation>Verbinde</translation>
+    </message>
+    <message>
+        <source>Writing</source>
+        <translation>Schreibe</translation>
+    </message>
+    <message>
+        <source>Verifying</source>
+        <translation>Prüfe</translation>
+    </message>
+    <message>
+        <source>Connect the receiver&apos;s cable and choose its port first.</source>
+        <translation>Schließen Sie zuerst das Kabel des Empfängers an und wählen Sie seinen Anschluss.</translation>
+    </message>
+    <message>
+        <source>Another firmware update is still in progress.</source>
+        <translation>Ein anderes Firmware-Update ist noch im Gange.</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::SetupGuide</name>
+    <message>
+        <source>Setup guide</source>
+        <translation>Einrichtungsassistent</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Which vehicle do you want to drive? The guide sets up a profile for it.</source>
+        <translation>Welches Fahrzeug möchten Sie steuern? Der Assistent legt ein Profil dafür an.</translation>
+    </message>
+    <message>
+        <source>RC Car</source>
+        <translation>RC-Auto</translation>
+    </message>
+    <message>
+        <source>Wheel, pedals and shifter</source>
+        <translation>Lenkrad, Pedale und Schaltung</translation>
+    </message>
+    <message>
+        <source>RC Helicopter</source>
+        <translation>RC-Hubschrauber</translation>
+    </message>
+    <message>
+        <source>Joystick, throttle and pedals</source>
+        <translation>Joystick, Schubhebel und Pedale</translation>
+    </message>
+    <message>
+        <source>Plug the Orvane Transmitter into a USB port, pick its port and connect. The HUB remembers it.</source>
+        <translation>Schließen Sie den Orvane Transmitter an einen USB-Anschluss an, wählen Sie seinen Port und verbinden Sie. Der HUB merkt sich den Port.</translation>
+    </message>
+    <message>
+        <source>Pick a game controller for each role, or press Detect and move the controller you mean.</source>
+        <translation>Wählen Sie für jede Rolle einen Game-Controller, oder drücken Sie „Erkennen“ und bewegen Sie den gemeinten Controller.</translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation>Geräte</translation>
+    </message>
+    <message>
+        <source>Controls</source>
+        <translation>Steuerung</translation>
+    </message>
+    <message>
+        <source>Detect by moving</source>
+        <translation>Durch Bewegen erkennen</translation>
+    </message>
+    <message>
+        <source>Press Detect, then turn, press or shift the controller for that role.</source>
+        <translation>Drücken Sie „Erkennen“ und drehen, drücken oder schalten Sie dann den Controller für diese Rolle.</translation>
+    </message>
+    <message>
+        <source>Detect</source>
+        <translation>Erkennen</translation>
+    </message>
+    <message>
+        <source>The start refuses while a pedal is pressed: check that both pedals read their whole travel.</source>
+        <translation>Solange ein Pedal gedrückt ist, startet die Übertragung nicht: Prüfen Sie, ob beide Pedale ihren ganzen Weg melden.</translation>
+    </message>
+    <message>
+        <source>A first start with the car safely on a stand.</source>
+        <translation>Ein erster Start, während das Auto sicher aufgebockt ist.</translation>
+    </message>
+    <message>
+        <source>Start transmission</source>
+        <translation>Übertragung starten</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Move the controller now…</source>
+        <translation>Bewegen Sie jetzt den Controller…</translation>
+    </message>
+    <message>
+        <source>Transmitting: the car follows your wheel and pedals.</source>
+        <translation>Übertragung läuft: Das Auto folgt Ihrem Lenkrad und Ihren Pedalen.</translation>
+    </message>
+    <message>
+        <source>Not transmitting.</source>
+        <translation>Keine Übertragung.</translation>
+    </message>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation>Schritt %1 von %2</translation>
+    </message>
+    <message>
+        <source>Finish</source>
+        <translation>Fertig</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::SetupGuideBinder</name>
+    <message>
+        <source>RC Helicopter</source>
+        <translation>RC-Hubschrauber</translation>
+    </message>
+    <message>
+        <source>RC Car</source>
+        <translation>RC-Auto</translation>
+    </message>
+    <message>
+        <source>No game controller is attached.</source>
+        <translation>Es ist kein Game-Controller angeschlossen.</translation>
+    </message>
+    <message>
+        <source>%1, axis %2</source>
+        <translation>%1, Achse %2</translation>
+    </message>
+    <message>
+        <source>%1, button %2</source>
+        <translation>%1, Taste %2</translation>
     </message>
 </context>
 <context>
@@ -3215,6 +4238,49 @@
     <message>
         <source>%1 · stale</source>
         <translation>%1 · veraltet</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::TelemetryPlots</name>
+    <message>
+        <source>Lateral</source>
+        <translation>Quer</translation>
+    </message>
+    <message>
+        <source>Longitudinal</source>
+        <translation>Längs</translation>
+    </message>
+    <message>
+        <source>Vertical</source>
+        <translation>Vertikal</translation>
+    </message>
+    <message>
+        <source>Link quality</source>
+        <translation>Verbindungsqualität</translation>
+    </message>
+    <message>
+        <source>RSSI</source>
+        <translation>RSSI</translation>
+    </message>
+    <message>
+        <source>G forces</source>
+        <translation>G-Kräfte</translation>
+    </message>
+    <message>
+        <source>g</source>
+        <translation>g</translation>
+    </message>
+    <message>
+        <source>Radio link</source>
+        <translation>Funkverbindung</translation>
+    </message>
+    <message>
+        <source>LQ %</source>
+        <translation>LQ %</translation>
+    </message>
+    <message>
+        <source>dBm</source>
+        <translation>dBm</translation>
     </message>
 </context>
 <context>
@@ -3369,6 +4435,10 @@
     <message>
         <source>Dismiss</source>
         <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Profiles…</source>
+        <translation>Profile…</translation>
     </message>
 </context>
 <context>

@@ -105,6 +105,37 @@
     </message>
 </context>
 <context>
+    <name>HelicopterSettings</name>
+    <message>
+        <source>Roll</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Collective</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rudder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arm switch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 and %2 would both drive CH%3. Give each its own channel.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>OrvaneLabs HUB</source>
@@ -132,6 +163,14 @@
     </message>
     <message>
         <source>Dark mode</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The log is not written to disk in this run</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No file manager could open %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -513,6 +552,215 @@
     </message>
 </context>
 <context>
+    <name>tavrix::ButtonMappingBook</name>
+    <message>
+        <source>Too many button mappings (max %1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Channel must be 2-11 (0-1 reserved for steering/throttle)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Index %1 out of range (count: %2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ButtonMappingEditor</name>
+    <message>
+        <source>Horn, lights, …</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pick the control by pressing it on the wheel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Behaviour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CH%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pressed value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Released value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> per s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lowest value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Highest value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Activate Pit Limiter when pressed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Button %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hat %1 up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hat %1 right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hat %1 down</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hat %1 left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Axis %1 +</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Axis %1 −</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Momentary</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hold to raise</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hold to lower</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Toggle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Switch position</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 pressed, %2 released</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1%2/s in %3–%4, from %5</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>on %1, off %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, from %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, pit limiter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>ON value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OFF value</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Position value</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ButtonMappingsDialog</name>
+    <message>
+        <source>Button mappings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press a button or a hat direction on the wheel…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Control</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Behaviour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Sends</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add by pressing…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CH%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::CarPage</name>
     <message>
         <source>RC Car</source>
@@ -836,6 +1084,37 @@
         <source>Receiver</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Choose tiles…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Live telemetry</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The car&apos;s G forces and radio link over the last minute</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DashboardSettingsDialog</name>
+    <message>
+        <source>Dashboard tiles</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tick the readings the dashboard shows as tiles and put them in order. The active profile keeps the choice; with none ticked, every reading the car sends is shown.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DebugConsole</name>
@@ -938,6 +1217,36 @@
     <name>tavrix::DriveComputation</name>
     <message>
         <source>impossible throttle spike detected</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DriveRecorder</name>
+    <message>
+        <source>Cannot record the drive: the folder %1 cannot be made.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot record the drive to %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Recording stopped: writing %1 failed (%2). The rows recorded before are kept.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::DriveRecorderBinder</name>
+    <message>
+        <source>Recording to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saved %1: %2 rows.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 rows were dropped because the disk fell behind.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1122,6 +1431,10 @@
         <source>Choose a preset</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Manage presets…</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::ElrsParameterManager</name>
@@ -1196,6 +1509,49 @@
         <source>Failed to save ESC presets</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Too many ESC presets (max %1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invalid ESC values. Must be 0-2047.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::EscPresetsDialog</name>
+    <message>
+        <source>ESC presets</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save as new</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update with current values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 — reverse %2, neutral %3, forward %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Current ESC values: reverse %1, neutral %2, forward %3</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::FirmwareDialog</name>
@@ -1264,6 +1620,10 @@
     </message>
     <message>
         <source>Firmware (*.bin);;All files (*)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Check for updates</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1358,6 +1718,273 @@
     </message>
     <message>
         <source>Writing firmware %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliArmingDialog</name>
+    <message>
+        <source>Arming and safety</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arming</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The arm switch the flight controller reads</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Send the arm switch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The page&apos;s Arm button sets it; stopping transmission always sends it safe.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> µs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Armed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Safe</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arm only at idle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arming is refused while the collective lever is above %1 %.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Safety</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How the collective comes up, and glitches</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Soft start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After each start the collective and the motor rise from zero to the lever&apos;s position over the ramp (at least one second).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Ramp</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Spike protection</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Always on: a control that jumps by more than %1 % from one tick to the next is held for up to %2 ms; a jump that lasts longer is real and is taken.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliConfigDialog</name>
+    <message>
+        <source>Roll</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pitch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Collective</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rudder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Helicopter controls and channels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Axes and channels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Calibration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Function</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Device</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Axis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Channel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Joystick</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pedals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Two pedals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The right pedal&apos;s axis; the rudder&apos;s axis is then the left pedal.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Detect, then move the control that should drive the function. Two pedals steer the rudder by right minus left. A function whose channel is “Not sent” leaves its channel to the button mappings; no two functions may share a channel.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Minimum</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Maximum</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Raw positions of each axis, -1 to +1. The collective reads its minimum as bottom and its maximum as top; the centre is not used.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move it…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Detect</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliConfigDialogBinder</name>
+    <message>
+        <source>Choose the device on the helicopter page first, then detect its axis.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliCurvesDialog</name>
+    <message>
+        <source>Pitch and throttle curves</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pitch curve</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shapes the collective channel; off, the channel follows the lever.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle curve</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drives the motor channel from the collective lever; off, no motor channel is sent.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use this curve</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Motor channel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliFlyDialog</name>
+    <message>
+        <source>Rates and feel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>How much of its travel roll, pitch and yaw reach</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rate modes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The mode in use scales roll, pitch and yaw; the collective always keeps its full travel, so a lower rate never costs lift.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In use</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Attitude display</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The helicopter&apos;s reported attitude, as the hub shows it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invert pitch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invert roll</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Invert yaw</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Only the display turns; the channels sent are not affected.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1471,11 +2098,54 @@
         <source>%1: roll, pitch and yaw at %2 % of the stick&apos;s travel</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Configure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings of the active helicopter profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Controls and channels</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rates and feel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pitch and throttle curves</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Arming and safety</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::HeliPageBinder</name>
     <message>
         <source>Start transmission before arming.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::HeliSettingsDialog</name>
+    <message>
+        <source>Not sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>CH%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Axis %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1570,6 +2240,14 @@
     </message>
     <message>
         <source>Firmware updates</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Setup guide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open log folder</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2398,6 +3076,112 @@
         <source>Profile not found: %1</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Too many button mappings (max %1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to write file: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Too many profiles (max %1)</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ProfilesDialog</name>
+    <message>
+        <source>Profiles (*.json)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete the profile “%1” and its file? This cannot be undone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Profiles</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Each profile keeps a vehicle&apos;s settings. Transmission drives with the active one; a switch while it runs takes effect once it stops.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Last changed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>New Profile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Create</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make active</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ProfilesDialogBinder</name>
+    <message>
+        <source>RC Car</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RC Helicopter</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::RadioCalibrationBinder</name>
@@ -3067,6 +3851,25 @@
     </message>
 </context>
 <context>
+    <name>tavrix::RecordingRow</name>
+    <message>
+        <source>Open folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Records the drive to a CSV file: time, controls, the 16 channels and telemetry.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop recording</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::RemoteServerBinder</name>
     <message>
         <source>Off</source>
@@ -3129,6 +3932,37 @@
     </message>
 </context>
 <context>
+    <name>tavrix::SafetyNoticeDialog</name>
+    <message>
+        <source>Before the car moves</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>I understand</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmission drives a real car</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>From the first frame the car follows your wheel and pedals.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put the car on a stand with its wheels off the ground.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep a hand near the car&apos;s power switch.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop transmission in the HUB, or switch off the transmitter, to stop the car.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::SerialPortPicker</name>
     <message>
         <source>Baud rate</source>
@@ -3148,6 +3982,195 @@
     </message>
     <message>
         <source>Connect</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ServiceFirmwareBinder</name>
+    <message>
+        <source>Orvane receiver</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Checks the update server for the receiver&apos;s latest firmware and writes it over the USB-UART cable on the receiver&apos;s J14 header. A receiver console open on that port is closed first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop transmission before updating firmware.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmitter SoC (companion processor)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Receiver (from the update server)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Receiver V4 (from a firmware file)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmitter SoC</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Checking</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connecting</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Verifying</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Connect the receiver&apos;s cable and choose its port first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another firmware update is still in progress.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::SetupGuide</name>
+    <message>
+        <source>Setup guide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Which vehicle do you want to drive? The guide sets up a profile for it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RC Car</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wheel, pedals and shifter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RC Helicopter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Joystick, throttle and pedals</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Plug the Orvane Transmitter into a USB port, pick its port and connect. The HUB remembers it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pick a game controller for each role, or press Detect and move the controller you mean.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Devices</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Controls</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Detect by moving</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Press Detect, then turn, press or shift the controller for that role.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Detect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The start refuses while a pedal is pressed: check that both pedals read their whole travel.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A first start with the car safely on a stand.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start transmission</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move the controller now…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmitting: the car follows your wheel and pedals.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not transmitting.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Finish</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::SetupGuideBinder</name>
+    <message>
+        <source>RC Helicopter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RC Car</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No game controller is attached.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, axis %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, button %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3209,6 +4232,49 @@
     <name>tavrix::TelemetryGrid</name>
     <message>
         <source>%1 · stale</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::TelemetryPlots</name>
+    <message>
+        <source>Lateral</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Longitudinal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Vertical</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Link quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>RSSI</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>G forces</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>g</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Radio link</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>LQ %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>dBm</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -3363,6 +4429,10 @@
     </message>
     <message>
         <source>Dismiss</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Profiles…</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
