@@ -82,9 +82,11 @@ bool EvdevBackend::takeChanges()
 std::string EvdevBackend::permissionProblem(const std::string &devicePath, const std::string &name)
 {
     return "No permission to read " + devicePath + " (" + name +
-           "). Install the udev rule packaging/udev/60-orvanehub-input.rules as "
-           "/etc/udev/rules.d/60-orvanehub-input.rules, run \"sudo udevadm control --reload && sudo udevadm "
-           "trigger\" and replug the device (or add your user to the \"input\" group and log in again).";
+           "). Install the HUB's Debian package, whose udev rules (60-orvanehub.rules) give the person at "
+           "the desktop its game controllers, or copy build/packaging/60-orvanehub.rules from a build to "
+           "/etc/udev/rules.d/; then run \"sudo udevadm control --reload && sudo udevadm trigger\" and "
+           "replug "
+           "the device (or add your user to the \"input\" group and log in again).";
 }
 
 Enumeration EvdevBackend::enumerate()

@@ -317,7 +317,7 @@ void testPermissionProblem(const std::string &descriptorPath)
         const bool explained =
             std::any_of(seen.problems.begin(), seen.problems.end(), [&](const DeviceProblem &p) {
                 return p.message.find("No permission to read " + p.path + " (" + identity.name + ")") == 0 &&
-                       p.message.find("60-orvanehub-input.rules") != std::string::npos;
+                       p.message.find("60-orvanehub.rules") != std::string::npos;
             });
         ::_exit(listed ? 1 : explained ? 0 : 2);
     }
