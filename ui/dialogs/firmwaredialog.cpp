@@ -52,6 +52,11 @@ FirmwareDialog::FirmwareDialog(Rows rows, QWidget *parent)
     if (rows & (Row::FirmwareFile | Row::Port))
         top->addWidget(createSourceCard(rows), 1);
     column->addLayout(top);
+    // Across the whole dialog rather than in the narrow device card: the wiring and release
+    // notes run to several lines and would be cut off there.
+    m_notes = mutedLabel(this);
+    m_notes->hide();
+    column->addWidget(m_notes);
     column->addWidget(createUpdateCard(rows), 1);
 
     m_result = new hub::Notice(hub::Glyph::Info, QString(), this);
@@ -82,9 +87,6 @@ QWidget *FirmwareDialog::createDeviceCard()
     form->addRow(tr("Installed"), m_current);
     form->addRow(tr("Available"), m_available);
     card->body()->addLayout(form);
-    m_notes = mutedLabel(card);
-    m_notes->hide();
-    card->body()->addWidget(m_notes);
     card->body()->addStretch(1);
     return card;
 }
