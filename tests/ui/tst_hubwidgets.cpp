@@ -1,9 +1,12 @@
 #include "card.h"
 #include "channelbar.h"
+#include "columnpair.h"
 #include "levelbar.h"
 #include "stattile.h"
 #include "timeseriesring.h"
 
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
@@ -20,6 +23,43 @@ class TestHubWidgets : public QObject
     Q_OBJECT
 
 private slots:
+    // In a page's scroll area (which never scrolls sideways) the columns stack rather than
+    // push the right one out of sight, and go back side by side when there is room again.
+    void columnPairStacksWhenTooNarrow_data()
+    {
+        QTest::addColumn<int>("viewportWidth");
+        QTest::addColumn<bool>("stacked");
+        QTest::newRow("room for both") << 900 << false;
+        QTest::newRow("just room for both") << 616 << false;
+        QTest::newRow("one short") << 615 << true;
+        QTest::newRow("narrow") << 400 << true;
+    }
+
+    void columnPairStacksWhenTooNarrow()
+    {
+        QFETCH(int, viewportWidth);
+        QFETCH(bool, stacked);
+        QScrollArea scroll;
+        scroll.setWidgetResizable(true);
+        scroll.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        scroll.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        scroll.setFrameShape(QFrame::NoFrame);
+        auto *columns = new hub::ColumnPair(16);
+        for (QVBoxLayout *column : {columns->left(), columns->right()}) {
+            auto *card = new QWidget;
+            card->setMinimumSize(300, 100);
+            column->addWidget(card);
+        }
+        scroll.setWidget(columns);
+        scroll.resize(viewportWidth + scroll.verticalScrollBar()->sizeHint().width(), 600);
+        scroll.show();
+        QTRY_COMPARE(columns->isStacked(), stacked);
+        // Nothing is cut off: both columns lie inside what the viewport shows.
+        QVERIFY(columns->width() <= scroll.viewport()->width());
+        for (QVBoxLayout *column : {columns->left(), columns->right()})
+            QVERIFY(column->geometry().right() < scroll.viewport()->width());
+    }
+
     void initTestCase()
     {
         QCoreApplication::setOrganizationName(QStringLiteral("OrvaneLabs"));

@@ -1,5 +1,7 @@
 #include "vehiclepage.h"
 
+#include "columnpair.h"
+
 #include "card.h"
 #include "channelbar.h"
 #include "notice.h"
@@ -34,17 +36,12 @@ VehiclePage::VehiclePage(const QString &title, const QString &subtitle, QWidget 
 
     buildBanners();
 
-    auto *columns = new QHBoxLayout;
-    columns->setSpacing(kGap);
-    m_left = new QVBoxLayout;
-    m_left->setSpacing(kGap);
+    auto *columns = new hub::ColumnPair(kGap, this);
+    m_left = columns->left();
     m_left->addStretch(1);
-    m_right = new QVBoxLayout;
-    m_right->setSpacing(kGap);
+    m_right = columns->right();
     m_right->addStretch(1);
-    columns->addLayout(m_left, 1);
-    columns->addLayout(m_right, 1);
-    content()->addLayout(columns);
+    content()->addWidget(columns);
 
     m_transmitter = new TransmitterCard(this);
     addToLeftColumn(m_transmitter);
