@@ -20,7 +20,7 @@ DriveRecorderBinder::DriveRecorderBinder(RecordingRow *row, DriveRecorder *recor
     connect(row, &RecordingRow::recordRequested, this, &DriveRecorderBinder::setRecording);
     connect(row, &RecordingRow::openFolderRequested, this, &DriveRecorderBinder::openFolder);
     connect(recorder, &DriveRecorder::recordingChanged, this, &DriveRecorderBinder::showState);
-    // Connected after recordingChanged, so the fault replaces the "saved" line.
+    connect(recorder, &DriveRecorder::saved, this, &DriveRecorderBinder::showSaved);
     connect(recorder, &DriveRecorder::errorOccurred, row,
             [row](const QString &message) { row->showStatus(message, true); });
     if (recorder->isRecording())
@@ -39,14 +39,14 @@ void DriveRecorderBinder::showState(bool recording)
 {
     m_row->setRecording(recording);
     const QString name = QFileInfo(m_recorder->filePath()).fileName();
-    if (recording) {
-        m_row->showStatus(tr("Recording to %1").arg(name));
-        return;
-    }
-    QString saved = tr("Saved %1: %2 rows.").arg(name).arg(m_recorder->writtenRows());
-    if (m_recorder->droppedRows() > 0)
-        saved += QLatin1Char(' ') +
-                 tr("%1 rows were dropped because the disk fell behind.").arg(m_recorder->droppedRows());
+    m_row->showStatus(recording ? tr("Recording to %1").arg(name) : tr("Saving %1…").arg(name));
+}
+
+void DriveRecorderBinder::showSaved(const QString &path, quint64 rows, quint64 dropped)
+{
+    QString saved = tr("Saved %1: %2 rows.").arg(QFileInfo(path).fileName()).arg(rows);
+    if (dropped > 0)
+        saved += QLatin1Char(' ') + tr("%1 rows were dropped because the disk fell behind.").arg(dropped);
     m_row->showStatus(saved);
 }
 

@@ -21,6 +21,7 @@ public:
 private:
     void setRecording(bool on);
     void showState(bool recording);
+    void showSaved(const QString &path, quint64 rows, quint64 dropped);
     void openFolder();
 
     RecordingRow *m_row;

@@ -1,7 +1,10 @@
 #include "driverecorder.h"
 
+#include "recordingwriter.h"
+
 #include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QLoggingCategory>
 #include <QTimer>
 
@@ -20,22 +23,58 @@ QString timestampedName(const QDateTime &now, int attempt)
     return attempt == 1 ? stem + QStringLiteral(".csv") : QStringLiteral("%1-%2.csv").arg(stem).arg(attempt);
 }
 
+// Makes a new file in `directory` with the header; its path, or an empty one with `error` set.
+QString createWithHeader(const QString &directory, QString *error)
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    QFile file;
+    for (int attempt = 1; attempt <= kMaxNameAttempts; ++attempt) {
+        file.setFileName(QDir(directory).filePath(timestampedName(now, attempt)));
+        // NewOnly: an earlier recording is never overwritten.
+        if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly) || !file.exists())
+            break;
+    }
+    const QByteArray header = csvrowformat::header();
+    if (file.isOpen() && file.write(header) == header.size() && file.flush())
+        return file.fileName();
+    *error = file.errorString();
+    if (file.isOpen()) {
+        file.close();
+        file.remove();
+    }
+    return {};
+}
+
 } // namespace
 
 DriveRecorder::DriveRecorder(const Settings &settings, QObject *parent)
     : QObject(parent)
     , m_settings(settings)
     , m_flushTimer(new QTimer(this))
+    , m_writer(new RecordingWriter)
 {
     m_settings.queueCapacity = std::max(m_settings.queueCapacity, 1);
+    m_settings.chunksInFlight = std::max(m_settings.chunksInFlight, 1);
     m_flushTimer->setInterval(m_settings.flushInterval);
-    connect(m_flushTimer, &QTimer::timeout, this, &DriveRecorder::writeQueue);
+    connect(m_flushTimer, &QTimer::timeout, this, [this] { handOver(false); });
+
+    m_writer->moveToThread(&m_writerThread);
+    connect(m_writer, &RecordingWriter::written, this, &DriveRecorder::onWritten);
+    connect(m_writer, &RecordingWriter::failed, this, &DriveRecorder::onFailed);
+    connect(m_writer, &RecordingWriter::ended, this, &DriveRecorder::onEnded);
+    m_writerThread.setObjectName(QStringLiteral("drive recorder"));
+    m_writerThread.start(QThread::LowPriority);
 }
 
 DriveRecorder::~DriveRecorder()
 {
-    if (isRecording() && writeQueue())
-        close();
+    stop();
+    // Returns once everything asked of the writer before is done, so the file is complete.
+    QMetaObject::invokeMethod(
+        m_writer, [] {}, Qt::BlockingQueuedConnection);
+    m_writerThread.quit();
+    m_writerThread.wait();
+    delete m_writer;
 }
 
 bool DriveRecorder::start(const QString &directory)
@@ -46,31 +85,24 @@ bool DriveRecorder::start(const QString &directory)
         emit errorOccurred(tr("Cannot record the drive: the folder %1 cannot be made.").arg(directory));
         return false;
     }
-    const QDateTime now = QDateTime::currentDateTime();
-    for (int attempt = 1; attempt <= kMaxNameAttempts; ++attempt) {
-        m_file.setFileName(QDir(directory).filePath(timestampedName(now, attempt)));
-        // NewOnly: an earlier recording is never overwritten.
-        if (m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly) || !m_file.exists())
-            break;
-    }
-    const QByteArray header = csvrowformat::header();
-    if (!m_file.isOpen() || m_file.write(header) != header.size() || !m_file.flush()) {
-        const QString reason = m_file.errorString();
-        if (m_file.isOpen()) {
-            m_file.close();
-            m_file.remove();
-        }
-        emit errorOccurred(tr("Cannot record the drive to %1: %2").arg(m_file.fileName(), reason));
+    QString reason;
+    const QString path = createWithHeader(directory, &reason);
+    if (path.isEmpty()) {
+        emit errorOccurred(tr("Cannot record the drive to %1: %2").arg(directory, reason));
         return false;
     }
+    m_path = path;
     m_queue.assign(size_t(m_settings.queueCapacity), DriveSample{});
     m_head = 0;
     m_size = 0;
     m_written = 0;
     m_dropped = 0;
+    const int number = ++m_number;
+    QMetaObject::invokeMethod(m_writer, [writer = m_writer, number, path] { writer->begin(number, path); });
+    m_recording = true;
     m_clock.start();
     m_flushTimer->start();
-    qCInfo(lcRecorder).noquote() << "[Recorder] recording to" << m_file.fileName();
+    qCInfo(lcRecorder).noquote() << "[Recorder] recording to" << m_path;
     emit recordingChanged(true);
     return true;
 }
@@ -79,10 +111,12 @@ void DriveRecorder::stop()
 {
     if (!isRecording())
         return;
-    if (!writeQueue())
-        return;
-    close();
-    qCInfo(lcRecorder).noquote() << "[Recorder] stopped:" << m_written << "rows," << m_dropped << "dropped";
+    // The last rows go however busy the writer is: that is one chunk more, once.
+    handOver(true);
+    m_recording = false;
+    m_flushTimer->stop();
+    const int number = m_number;
+    QMetaObject::invokeMethod(m_writer, [writer = m_writer, number] { writer->end(number); });
     emit recordingChanged(false);
 }
 
@@ -100,40 +134,53 @@ void DriveRecorder::record(const DriveSample &sample)
     ++m_size;
 }
 
-bool DriveRecorder::writeQueue()
+void DriveRecorder::handOver(bool evenIfBusy)
 {
-    if (!isRecording())
-        return false;
-    m_text.clear();
-    const size_t rows = m_size;
+    if (m_size == 0 || (m_inFlight >= m_settings.chunksInFlight && !evenIfBusy))
+        return;
+    QByteArray text;
+    const quint64 rows = m_size;
     for (; m_size > 0; --m_size) {
-        csvrowformat::appendRow(m_queue[m_head], m_text);
+        csvrowformat::appendRow(m_queue[m_head], text);
         m_head = (m_head + 1) % m_queue.size();
     }
-    if (m_text.isEmpty())
-        return true;
-    if (m_file.write(m_text) != m_text.size() || !m_file.flush()) {
-        fail(m_file.errorString());
-        return false;
-    }
-    m_written += rows;
-    return true;
+    ++m_inFlight;
+    const int number = m_number;
+    QMetaObject::invokeMethod(m_writer, [writer = m_writer, number, text = std::move(text), rows] {
+        writer->write(number, text, rows);
+    });
 }
 
-void DriveRecorder::fail(const QString &reason)
+void DriveRecorder::onWritten(int recording, quint64 count)
 {
-    qCWarning(lcRecorder).noquote() << "[Recorder] writing" << m_file.fileName() << "failed:" << reason;
-    close();
-    emit errorOccurred(tr("Recording stopped: writing %1 failed (%2). The rows recorded before are kept.")
-                           .arg(m_file.fileName(), reason));
-    emit recordingChanged(false);
+    m_inFlight = std::max(m_inFlight - 1, 0);
+    if (recording == m_number)
+        m_written += count;
 }
 
-void DriveRecorder::close()
+void DriveRecorder::onFailed(int recording, const QString &reason)
 {
+    if (recording != m_number)
+        return;
+    qCWarning(lcRecorder).noquote() << "[Recorder] writing" << m_path << "failed:" << reason;
+    const bool wasRecording = m_recording;
+    m_recording = false;
     m_flushTimer->stop();
-    m_file.close();
     m_size = 0;
+    // In this order, so the message is what stays on show.
+    if (wasRecording)
+        emit recordingChanged(false);
+    emit errorOccurred(tr("Recording stopped: writing %1 failed (%2). The rows recorded before are kept.")
+                           .arg(m_path, reason));
+}
+
+void DriveRecorder::onEnded(int recording)
+{
+    if (recording != m_number || m_recording)
+        return;
+    qCInfo(lcRecorder).noquote() << "[Recorder] saved" << m_path << ":" << m_written << "rows," << m_dropped
+                                 << "dropped";
+    emit saved(m_path, m_written, m_dropped);
 }
 
 } // namespace tavrix

@@ -1249,6 +1249,10 @@
         <source>%1 rows were dropped because the disk fell behind.</source>
         <translation>%1 Zeilen wurden verworfen, weil das Schreiben auf die Festplatte nicht nachkam.</translation>
     </message>
+    <message>
+        <source>Saving %1…</source>
+        <translation>%1 wird gespeichert…</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DriveSettings</name>

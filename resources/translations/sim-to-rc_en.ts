@@ -1249,6 +1249,10 @@
         <source>%1 rows were dropped because the disk fell behind.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Saving %1…</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DriveSettings</name>

@@ -360,6 +360,9 @@ private slots:
         dash->recordingRow()->recordButton()->click();
         QVERIFY(!recorder->isRecording());
         QVERIFY(!dash->recordingRow()->recordButton()->isChecked());
+        // Once the writer has finished, the row says how many rows the file kept.
+        QTRY_VERIFY(dash->recordingRow()->statusText().contains(QString::number(recorder->writtenRows()) +
+                                                                u" rows"_s));
 
         // With sensors chosen, exactly those show, in the chosen order.
         QVERIFY(

@@ -50,11 +50,14 @@ private slots:
                 [&received](const sim::ChannelArray &channels) { received.append(channels); });
 
         QVERIFY(recorder.start(rig.dir.filePath(QStringLiteral("recordings"))));
+        QSignalSpy saved(&recorder, &DriveRecorder::saved);
         QVERIFY(rig.controller->startTransmission());
         rig.setSteering(0.6);
         QTRY_VERIFY(rig.controller->frameCount() > 40 && rig.controller->steering() > 0.5f);
         recorder.stop();
         rig.controller->stopTransmission();
+        QVERIFY(saved.wait(5000));
+        QCOMPARE(saved.at(0).at(1).toULongLong(), recorder.writtenRows());
         QVERIFY(rig.flushToBridge());
 
         const QList<QByteArrayList> rows = readCsv(recorder.filePath());
@@ -79,12 +82,15 @@ private slots:
     void fullQueueDropsAndCountsTheRest()
     {
         QTemporaryDir dir;
-        // The timer never runs here: only stop() writes.
+        // The timer never runs here: only stop() hands rows over.
         DriveRecorder recorder({.queueCapacity = 4, .flushInterval = std::chrono::hours(1)});
+        QSignalSpy saved(&recorder, &DriveRecorder::saved);
         QVERIFY(recorder.start(dir.path()));
         for (quint32 frame = 1; frame <= 10; ++frame)
             recorder.record(sampleOfFrame(frame));
         recorder.stop();
+        QVERIFY(!recorder.isRecording());
+        QVERIFY(saved.wait(5000));
         QCOMPARE(recorder.writtenRows(), 4u);
         QCOMPARE(recorder.droppedRows(), 6u);
         const QList<QByteArrayList> rows = readCsv(recorder.filePath());
@@ -95,8 +101,45 @@ private slots:
         // A second recording gets its own file and its own count.
         QVERIFY(recorder.start(dir.path()));
         recorder.stop();
+        QVERIFY(saved.wait(5000));
         QCOMPARE(recorder.droppedRows(), 0u);
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files).size(), 2);
+    }
+
+    void aRecordingStillBeingSavedKeepsItsRowsApartFromTheNext()
+    {
+        QTemporaryDir dir;
+        DriveRecorder recorder({.queueCapacity = 64, .flushInterval = std::chrono::hours(1)});
+        QSignalSpy saved(&recorder, &DriveRecorder::saved);
+        QVERIFY(recorder.start(dir.path()));
+        for (quint32 frame = 1; frame <= 20; ++frame)
+            recorder.record(sampleOfFrame(frame));
+        recorder.stop();
+        const QString first = recorder.filePath();
+        // Started again before the writer has answered for the first one.
+        QVERIFY(recorder.start(dir.path()));
+        for (quint32 frame = 1; frame <= 3; ++frame)
+            recorder.record(sampleOfFrame(frame));
+        recorder.stop();
+        QVERIFY(saved.wait(5000));
+        QCOMPARE(saved.last().at(0).toString(), recorder.filePath());
+        QCOMPARE(recorder.writtenRows(), 3u);
+        QCOMPARE(readCsv(recorder.filePath()).size(), 4);
+        QCOMPARE(readCsv(first).size(), 21);
+    }
+
+    void closingWritesWhatWasQueued()
+    {
+        QTemporaryDir dir;
+        QString path;
+        {
+            DriveRecorder recorder({.queueCapacity = 64, .flushInterval = std::chrono::hours(1)});
+            QVERIFY(recorder.start(dir.path()));
+            path = recorder.filePath();
+            for (quint32 frame = 1; frame <= 5; ++frame)
+                recorder.record(sampleOfFrame(frame));
+        }
+        QCOMPARE(readCsv(path).size(), 6);
     }
 
     void writeErrorStopsWithTheMessageAndKeepsTheFile()
