@@ -49,7 +49,7 @@ std::optional<DeviceChoice> parseDeviceChoice(const QString &value, QString *err
 QStringList headlessOnlyOptions(const QCommandLineParser &parser)
 {
     QStringList set;
-    for (const char *name : {"transmitter", "baud", "receiver", "vehicle", "start"}) {
+    for (const char *name : {"transmitter", "baud", "receiver", "vehicle", "start", "record"}) {
         if (parser.isSet(QLatin1String(name)))
             set.append(dashed(QLatin1StringView(name)));
     }
@@ -283,7 +283,7 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
     if (options.demo) {
         // The demo brings the bridge and the controllers, not the car's receiver.
         const QStringList ownRig =
-            headlessOnly.filter(QRegularExpression(QStringLiteral("^--(?!start$|receiver$)")));
+            headlessOnly.filter(QRegularExpression(QStringLiteral("^--(?!start$|receiver$|record$)")));
         if (!ownRig.isEmpty())
             return QStringLiteral(
                        "%1 cannot be used with --demo, which brings its own transmitter and devices")
@@ -317,6 +317,11 @@ QString parseInto(QCommandLineParser &parser, const QStringList &arguments, Comm
                 .arg(parser.value(QStringLiteral("vehicle")));
     }
     options.start = options.start || isSet("start");
+    if (isSet("record")) {
+        options.recordingsFolder = parser.value(QStringLiteral("record")).trimmed();
+        if (options.recordingsFolder.isEmpty())
+            return QStringLiteral("--record needs a folder for the recordings");
+    }
     if (const QString error = parseMotionPlatform(parser, options); !error.isEmpty())
         return error;
 

@@ -69,6 +69,8 @@ struct CommandLineOptions
     QList<RoleChoice> devices;
     // Start transmission as soon as the transmitter and the devices are there.
     bool start = false;
+    // Where the headless run records the drive; empty: no recording.
+    QString recordingsFolder;
     // The mobile app's WebSocket server: its port (0: no server) and the address it listens
     // on (every interface unless told otherwise).
     quint16 remotePort = 12345;

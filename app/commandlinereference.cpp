@@ -128,6 +128,9 @@ CommandLineSection headlessOnly()
                                "missing) is printed and the start is tried again every 500 ms until it "
                                "succeeds. After any stop it never starts again by itself: start deliberately "
                                "(window, mobile app or a new process).")),
+            option("record", QStringLiteral("<folder>"),
+                   QStringLiteral("Record the drive into a new CSV file in this folder (one row per frame "
+                                  "sent: controls, channels, telemetry), saved when the hub stops.")),
         },
         QStringLiteral(
             "<device> is an index as --list-devices numbers the controllers (0, 1, ...) or a device "

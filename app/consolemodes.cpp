@@ -151,6 +151,7 @@ int runHeadless(int &argc, char **argv, const CommandLineOptions &options)
         plan.receiverPort = options.receiverPort;
         plan.motionPort = options.motionPort;
         plan.motionPlatform = options.motionPlatform;
+        plan.recordingsFolder = options.recordingsFolder;
         if (!options.receiverPort.isEmpty() || !options.motionPort.isEmpty())
             serviceOptions.ports = std::make_shared<CompositeSerialPortDirectory>(
                 QList<std::shared_ptr<const SerialPortDirectory>>{

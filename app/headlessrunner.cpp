@@ -1,5 +1,6 @@
 #include "headlessrunner.h"
 
+#include "driverecorder.h"
 #include "headlessmotion.h"
 #include "hubservices.h"
 #include "inputdevice.h"
@@ -36,6 +37,7 @@ HeadlessRunner::HeadlessRunner(HubServices &services, SessionPlan plan, QTextStr
     , m_out(out)
     , m_err(err)
     , m_timings(timings)
+    , m_recordingsFolder(plan.recordingsFolder)
 {
     m_statusTimer.setInterval(m_timings.statusInterval);
     connect(&m_statusTimer, &QTimer::timeout, this, &HeadlessRunner::printStatus);
@@ -112,6 +114,8 @@ bool HeadlessRunner::begin()
     if (motion->isEnabled())
         printLine(
             QStringLiteral("motion output: streaming to %1:%2").arg(motion->host()).arg(motion->port()));
+    if (!m_recordingsFolder.isEmpty() && !beginRecording())
+        return false;
     const bool motionRunning = m_motion && m_motion->begin();
     if (m_motion && !m_starter->knowsTransmitterPort()) {
         if (!motionRunning)
@@ -120,6 +124,21 @@ bool HeadlessRunner::begin()
         return true;
     }
     return m_starter->begin();
+}
+
+bool HeadlessRunner::beginRecording()
+{
+    DriveRecorder *recorder = m_services.driveRecorder();
+    connect(recorder, &DriveRecorder::errorOccurred, this, &HeadlessRunner::printError);
+    connect(
+        recorder, &DriveRecorder::saved, this, [this](const QString &path, quint64 rows, quint64 dropped) {
+            printLine(
+                QStringLiteral("drive saved to %1: %2 rows, %3 dropped").arg(path).arg(rows).arg(dropped));
+        });
+    if (!recorder->start(m_recordingsFolder))
+        return false;
+    printLine(QStringLiteral("recording the drive to %1").arg(recorder->filePath()));
+    return true;
 }
 
 void HeadlessRunner::printRemoteState()
@@ -141,6 +160,15 @@ void HeadlessRunner::stop(const QString &reason)
     if (m_motion)
         m_motion->stop();
     m_services.controller()->stopTransmission();
+    DriveRecorder *recorder = m_services.driveRecorder();
+    if (recorder->isRecording()) {
+        // Finish once the writer has the whole drive on the disk, or has given up on it.
+        const auto finish = [this] { emit finished(0); };
+        connect(recorder, &DriveRecorder::saved, this, finish, Qt::QueuedConnection);
+        connect(recorder, &DriveRecorder::errorOccurred, this, finish, Qt::QueuedConnection);
+        recorder->stop();
+        return;
+    }
     // The port flushes "STOP\n" when it closes; finish once this slot has returned.
     QTimer::singleShot(0, this, [this] { emit finished(0); });
 }

@@ -52,6 +52,8 @@ private:
     void printStatus();
     // Whether the mobile app can connect, and on which port.
     void printRemoteState();
+    // Starts the drive recorder in the plan's folder; false (printed) when it cannot.
+    bool beginRecording();
 
     HubServices &m_services;
     SessionStarter *m_starter;
@@ -59,6 +61,7 @@ private:
     QTextStream &m_out;
     QTextStream &m_err;
     Timings m_timings;
+    QString m_recordingsFolder;
     QTimer m_statusTimer;
     QString m_lastError;
     QElapsedTimer m_sinceLastError;

@@ -28,6 +28,7 @@ SessionPlan SessionPlan::fromOptions(const CommandLineOptions &options)
     plan.start = options.start;
     plan.motionPort = options.motionPort;
     plan.motionPlatform = options.motionPlatform;
+    plan.recordingsFolder = options.recordingsFolder;
     return plan;
 }
 

@@ -32,6 +32,8 @@ struct SessionPlan
     // only brings up the transmission side); empty: left alone.
     QString motionPort;
     std::optional<int> motionPlatform;
+    // Where the run records the drive (the runner's business, not the starter's); empty: not recorded.
+    QString recordingsFolder;
 
     [[nodiscard]] static SessionPlan fromOptions(const CommandLineOptions &options);
 };

@@ -182,6 +182,8 @@ private slots:
         row("start without headless", "--start", "--start needs --headless");
         row("transmitter without headless", "--transmitter /dev/ttyACM0", "--transmitter needs --headless");
         row("role without headless", "--wheel 0", "--wheel needs --headless");
+        row("record without headless", "--record /tmp/drives", "--record needs --headless");
+        row("record into no folder", "--headless --record=", "--record needs a folder");
         row("demo brings its own transmitter", "--headless --demo --transmitter P",
             "--transmitter cannot be used with --demo");
         row("demo brings its own devices", "--headless --demo --pedals 1",

@@ -299,10 +299,11 @@ private slots:
         QTRY_VERIFY2_WITH_TIMEOUT(receiver.out.contains("link: "), qPrintable(receiver.transcript()), 10000);
         RunningProcess hub;
         const QString logFile = home.filePath(QStringLiteral("logs/hub.log"));
+        const QString drives = home.filePath(QStringLiteral("drives"));
         hub.start(kHub,
                   {QStringLiteral("--headless"), QStringLiteral("--demo"), QStringLiteral("--receiver"),
                    receiverLink, QStringLiteral("--remote-port"), QStringLiteral("0"),
-                   QStringLiteral("--log-file"), logFile},
+                   QStringLiteral("--log-file"), logFile, QStringLiteral("--record"), drives},
                   env);
         QTRY_VERIFY2_WITH_TIMEOUT(hub.out.contains("transmission started"), qPrintable(hub.transcript()),
                                   15000);
@@ -327,6 +328,18 @@ private slots:
         const QByteArray kept = log.readAll();
         for (const char *line : {"car link up", "receiver connected on", "transmission stopped after"})
             QVERIFY2(kept.contains(line), line);
+        // The drive went to the folder asked for, whole: a header and a row per frame sent.
+        const QStringList recordings = QDir(drives).entryList(QDir::Files);
+        QCOMPARE(recordings.size(), 1);
+        QFile recording(QDir(drives).filePath(recordings[0]));
+        QVERIFY(recording.open(QIODevice::ReadOnly));
+        const QByteArrayList rows = recording.readAll().trimmed().split('\n');
+        QVERIFY2(hub.out.contains(QStringLiteral("drive saved to %1: %2 rows")
+                                      .arg(recording.fileName())
+                                      .arg(rows.size() - 1)
+                                      .toUtf8()),
+                 qPrintable(hub.transcript()));
+        QVERIFY(rows.size() > 10);
         // The demo's profiles lived in its own folder: the user's data folder was never made.
         QVERIFY(!QDir(home.filePath(QStringLiteral("data/OrvaneLabs"))).exists());
         QVERIFY(QDir(home.path()).entryList({QStringLiteral("orvanehub-demo-*")}, QDir::Dirs).isEmpty());
