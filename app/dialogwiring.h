@@ -27,15 +27,16 @@ struct DialogWiring
 {
     HubServices &services;
     DialogRegistry &dialogs;
-    // Owns the connections: the window, which outlives every page and dialog.
-    QObject *context;
+    // The window, which outlives every page and dialog: owns the connections, parents the dialogs.
+    QWidget *context;
     std::function<QWidget *(const QString &key)> open;
     CarPage *car;
     HeliPage *heli;
     DashboardPage *dashboard;
     InfoPage *info;
-    // Asked before the car page starts transmission.
+    // Asked before the car page, and the helicopter page, start transmission.
     StartConfirmation &carStart;
+    StartConfirmation &heliStart;
 
     // A slot that opens `key`, for connecting a page's button.
     std::function<void()> opener(const QString &key) const
@@ -56,7 +57,7 @@ void wireProfileDialogs(const DialogWiring &wiring);
 void wireButtonDialogs(const DialogWiring &wiring);
 // Lets the drive dialog open the ESC presets it offers, as a dialog of its own above it.
 void offerEscPresets(DriveSettingsDialog *drive, ProfileManager *profiles);
-// The setup guide (from the About page) and the safety notice asked before the car's first start.
+// The setup guide (from the About page) and the safety notices asked before a vehicle's first start.
 void wireOnboardingDialogs(const DialogWiring &wiring);
 // The helicopter's controls, rates, curves and arming, opened from the heli page's Configure card.
 void wireHelicopterDialogs(const DialogWiring &wiring);

@@ -28,12 +28,13 @@ double oneSided(int32_t value)
 
 } // namespace
 
-HeliPageBinder::HeliPageBinder(HeliPage *page, TavrixController *controller, QObject *parent)
+HeliPageBinder::HeliPageBinder(HeliPage *page, TavrixController *controller,
+                               const StartConfirmation *confirmation, QObject *parent)
     : QObject(parent)
     , m_page(page)
     , m_controller(controller)
-    , m_vehicle(
-          new VehiclePageBinder(page, controller, {VehicleType::Helicopter, page->controlsCard()}, this))
+    , m_vehicle(new VehiclePageBinder(page, controller,
+                                      {VehicleType::Helicopter, page->controlsCard(), confirmation}, this))
 {
     connect(page, &HeliPage::armRequested, controller, [controller] { controller->setHeliArmed(true); });
     connect(page, &HeliPage::disarmRequested, controller, [controller] { controller->setHeliArmed(false); });

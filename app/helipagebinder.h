@@ -7,6 +7,7 @@
 namespace tavrix {
 
 class HeliPage;
+class StartConfirmation;
 class TavrixController;
 class VehiclePageBinder;
 
@@ -17,7 +18,9 @@ class HeliPageBinder : public QObject
 {
     Q_OBJECT
 public:
-    HeliPageBinder(HeliPage *page, TavrixController *controller, QObject *parent = nullptr);
+    // `confirmation`, when given, is asked before the page's Start starts transmission.
+    HeliPageBinder(HeliPage *page, TavrixController *controller,
+                   const StartConfirmation *confirmation = nullptr, QObject *parent = nullptr);
 
 private:
     void showRunning(bool running);

@@ -167,7 +167,7 @@ void MainWindow::bindPages()
     new DriveRecorderBinder(m_dashboard->recordingRow(), m_services->driveRecorder(),
                             m_services->recordingsDirectory(), this);
     new CarPageBinder(m_car, controller, &m_carStart, this);
-    new HeliPageBinder(m_heli, controller, this);
+    new HeliPageBinder(m_heli, controller, &m_heliStart, this);
     connect(controller, &TavrixController::errorOccurred, this, &MainWindow::showErrorElsewhere);
 
     auto *remote = new RemoteServerBinder(m_services->remoteServer(), this);
@@ -184,9 +184,9 @@ void MainWindow::bindPages()
     bindMotionPages();
 
     const DialogWiring wiring{
-        *m_services, m_dialogs, this,        [this](const QString &key) { return openDialog(key); },
-        m_car,       m_heli,    m_dashboard, m_info,
-        m_carStart};
+        *m_services, m_dialogs,  this,        [this](const QString &key) { return openDialog(key); },
+        m_car,       m_heli,     m_dashboard, m_info,
+        m_carStart,  m_heliStart};
     wireVehicleDialogs(wiring);
     wireConfigurationDialogs(wiring);
     wireFirmwareDialogs(wiring);

@@ -91,6 +91,7 @@ private:
     tavrix::DialogRegistry m_dialogs;
     // Asked before the car page's Start goes ahead; the onboarding group sets the question.
     tavrix::StartConfirmation m_carStart;
+    tavrix::StartConfirmation m_heliStart;
     QHash<QString, QPointer<QWidget>> m_openDialogs;
     bool m_restartRequested = false;
 };

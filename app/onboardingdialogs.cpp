@@ -17,6 +17,25 @@ namespace {
 const QString kSetupGuide = QStringLiteral("onboarding");
 const QString kSafetyNotice = QStringLiteral("disclaimer");
 
+// Asks the vehicle's safety notice before a start from its page until it was accepted once.
+StartConfirmation::Ask askNotice(hub::SafetyNotice which, QWidget *window)
+{
+    return [which, window](const StartConfirmation::Proceed &proceed) {
+        if (hub::ShellSettings::safetyNoticeAccepted(which)) {
+            proceed();
+            return;
+        }
+        auto *notice = new SafetyNoticeDialog(which, window);
+        notice->setAttribute(Qt::WA_DeleteOnClose);
+        // Deleted when it closes, so a Cancel leaves nothing behind to start later.
+        QObject::connect(notice, &QDialog::accepted, notice, [which, proceed] {
+            hub::ShellSettings::setSafetyNoticeAccepted(which);
+            proceed();
+        });
+        notice->open();
+    };
+}
+
 } // namespace
 
 void wireOnboardingDialogs(const DialogWiring &wiring)
@@ -33,21 +52,11 @@ void wireOnboardingDialogs(const DialogWiring &wiring)
     });
     QObject::connect(wiring.info, &InfoPage::setupGuideRequested, wiring.context, wiring.opener(kSetupGuide));
 
-    wiring.dialogs.add(kSafetyNotice, [](QWidget *parent) { return new SafetyNoticeDialog(parent); });
-    wiring.carStart.setAsk([open = wiring.open](const StartConfirmation::Proceed &proceed) {
-        if (hub::ShellSettings::safetyNoticeAccepted()) {
-            proceed();
-            return;
-        }
-        auto *notice = qobject_cast<SafetyNoticeDialog *>(open(kSafetyNotice));
-        if (!notice)
-            return;
-        // The notice is deleted when it closes, so a Cancel leaves nothing behind to start later.
-        QObject::connect(notice, &QDialog::accepted, notice, [proceed] {
-            hub::ShellSettings::setSafetyNoticeAccepted();
-            proceed();
-        });
+    wiring.dialogs.add(kSafetyNotice, [](QWidget *parent) {
+        return new SafetyNoticeDialog(hub::SafetyNotice::Car, parent);
     });
+    wiring.carStart.setAsk(askNotice(hub::SafetyNotice::Car, wiring.context));
+    wiring.heliStart.setAsk(askNotice(hub::SafetyNotice::Helicopter, wiring.context));
 }
 
 } // namespace tavrix

@@ -141,7 +141,8 @@ void SetupGuideBinder::start()
 {
     m_guide->showStartProblem(QString());
     // The notice is on the step the user started from.
-    hub::ShellSettings::setSafetyNoticeAccepted();
+    hub::ShellSettings::setSafetyNoticeAccepted(m_guide->isHelicopter() ? hub::SafetyNotice::Helicopter
+                                                                        : hub::SafetyNotice::Car);
     if (m_controller->startTransmission())
         m_startedHere = true;
 }

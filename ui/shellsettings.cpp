@@ -39,14 +39,14 @@ void ShellSettings::setSetupGuideDismissed()
     QSettings().setValue(setupGuideDismissedKey(), true);
 }
 
-bool ShellSettings::safetyNoticeAccepted()
+bool ShellSettings::safetyNoticeAccepted(SafetyNotice notice)
 {
-    return QSettings().value(safetyNoticeAcceptedKey(), false).toBool();
+    return QSettings().value(safetyNoticeAcceptedKey(notice), false).toBool();
 }
 
-void ShellSettings::setSafetyNoticeAccepted()
+void ShellSettings::setSafetyNoticeAccepted(SafetyNotice notice)
 {
-    QSettings().setValue(safetyNoticeAcceptedKey(), true);
+    QSettings().setValue(safetyNoticeAcceptedKey(notice), true);
 }
 
 } // namespace hub

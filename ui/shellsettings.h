@@ -4,6 +4,14 @@
 
 namespace hub {
 
+// The safety notice asked before a first start, one per vehicle: having read what stops a car
+// is no warning about a rotor.
+enum class SafetyNotice
+{
+    Car,
+    Helicopter,
+};
+
 // The shell's keys in the application settings store (organisation "OrvaneLabs",
 // application "OrvaneLabs HUB") and typed access to them.
 class ShellSettings
@@ -14,7 +22,11 @@ public:
     static QString carDevicesOpenKey() { return QStringLiteral("ui/carDevicesOpen"); }
     static QString carConfigureOpenKey() { return QStringLiteral("ui/carConfigureOpen"); }
     static QString setupGuideDismissedKey() { return QStringLiteral("ui/setupGuideDismissed"); }
-    static QString safetyNoticeAcceptedKey() { return QStringLiteral("ui/safetyNoticeAccepted"); }
+    static QString safetyNoticeAcceptedKey(SafetyNotice notice)
+    {
+        return notice == SafetyNotice::Helicopter ? QStringLiteral("ui/heliSafetyNoticeAccepted")
+                                                  : QStringLiteral("ui/safetyNoticeAccepted");
+    }
 
     static QString lightTheme() { return QStringLiteral("light"); }
     static QString darkTheme() { return QStringLiteral("dark"); }
@@ -30,9 +42,9 @@ public:
     // The setup guide was closed once: the window no longer offers it by itself.
     static bool setupGuideDismissed();
     static void setSetupGuideDismissed();
-    // The safety notice was accepted once: starts from the window no longer ask it.
-    static bool safetyNoticeAccepted();
-    static void setSafetyNoticeAccepted();
+    // The vehicle's safety notice was accepted once: its starts from the window no longer ask it.
+    static bool safetyNoticeAccepted(SafetyNotice notice);
+    static void setSafetyNoticeAccepted(SafetyNotice notice);
 };
 
 } // namespace hub

@@ -3970,6 +3970,30 @@
         <source>Stop transmission in the HUB, or switch off the transmitter, to stop the car.</source>
         <translation>Um das Auto anzuhalten, stoppen Sie die Übertragung im HUB oder schalten Sie den Sender aus.</translation>
     </message>
+    <message>
+        <source>Before the rotors turn</source>
+        <translation>Bevor sich die Rotoren drehen</translation>
+    </message>
+    <message>
+        <source>Transmission flies a real helicopter</source>
+        <translation>Die Übertragung fliegt einen echten Hubschrauber</translation>
+    </message>
+    <message>
+        <source>Once armed, the motor follows your collective.</source>
+        <translation>Sobald er scharf geschaltet ist, folgt der Motor Ihrem Kollektiv.</translation>
+    </message>
+    <message>
+        <source>For the first start, take the rotor blades off or tie the helicopter down.</source>
+        <translation>Nehmen Sie für den ersten Start die Rotorblätter ab oder binden Sie den Hubschrauber fest.</translation>
+    </message>
+    <message>
+        <source>Keep everyone clear of the rotor disc and a hand near the helicopter&apos;s power switch.</source>
+        <translation>Halten Sie alle vom Rotorkreis fern und eine Hand am Hauptschalter des Hubschraubers.</translation>
+    </message>
+    <message>
+        <source>Disarm, stop transmission in the HUB, or switch off the transmitter, to stop the motor.</source>
+        <translation>Um den Motor anzuhalten, schalten Sie ihn unscharf, stoppen die Übertragung im HUB oder schalten den Sender aus.</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::SerialPortPicker</name>
@@ -4128,10 +4152,6 @@
         <translation>Solange ein Pedal gedrückt ist, startet die Übertragung nicht: Prüfen Sie, ob beide Pedale ihren ganzen Weg melden.</translation>
     </message>
     <message>
-        <source>A first start with the car safely on a stand.</source>
-        <translation>Ein erster Start, während das Auto sicher aufgebockt ist.</translation>
-    </message>
-    <message>
         <source>Start transmission</source>
         <translation>Übertragung starten</translation>
     </message>
@@ -4158,6 +4178,10 @@
     <message>
         <source>Finish</source>
         <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>A first start with the vehicle safely held.</source>
+        <translation>Ein erster Start mit sicher gehaltenem Fahrzeug.</translation>
     </message>
 </context>
 <context>

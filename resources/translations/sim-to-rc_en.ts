@@ -3965,6 +3965,30 @@
         <source>Stop transmission in the HUB, or switch off the transmitter, to stop the car.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Before the rotors turn</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transmission flies a real helicopter</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Once armed, the motor follows your collective.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>For the first start, take the rotor blades off or tie the helicopter down.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep everyone clear of the rotor disc and a hand near the helicopter&apos;s power switch.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Disarm, stop transmission in the HUB, or switch off the transmitter, to stop the motor.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::SerialPortPicker</name>
@@ -4123,10 +4147,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>A first start with the car safely on a stand.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Start transmission</source>
         <translation type="unfinished"></translation>
     </message>
@@ -4152,6 +4172,10 @@
     </message>
     <message>
         <source>Finish</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A first start with the vehicle safely held.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

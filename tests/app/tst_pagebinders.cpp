@@ -90,12 +90,13 @@ private slots:
         QCoreApplication::setApplicationName(QStringLiteral("OrvaneLabs HUB binder test"));
     }
 
-    // The car page asks the safety notice before its first start (tst_setupguide); here the
-    // start itself is under test.
+    // The vehicle pages ask the safety notice before their first start (tst_setupguide); here
+    // the start itself is under test.
     void init()
     {
         QSettings().clear();
-        hub::ShellSettings::setSafetyNoticeAccepted();
+        for (const hub::SafetyNotice notice : {hub::SafetyNotice::Car, hub::SafetyNotice::Helicopter})
+            hub::ShellSettings::setSafetyNoticeAccepted(notice);
     }
 
     void carPageListsPortsAndControllersAndConnectsThem()

@@ -4,10 +4,12 @@
 #include "carpage.h"
 #include "choicetile.h"
 #include "devicepickercard.h"
+#include "helipage.h"
 #include "hubrig.h"
 #include "infopage.h"
 #include "inputdevice.h"
 #include "safetynoticedialog.h"
+#include "sessionstarter.h"
 #include "setupguide.h"
 #include "shellsettings.h"
 #include "startup.h"
@@ -161,7 +163,9 @@ private slots:
         guide->startButton()->click();
         QVERIFY(c->isRunning());
         QTRY_VERIFY(rig.sim.commands().contains(u"START"_s));
-        QVERIFY(hub::ShellSettings::safetyNoticeAccepted());
+        // Started from the car's notice: the helicopter's is still to be read.
+        QVERIFY(hub::ShellSettings::safetyNoticeAccepted(hub::SafetyNotice::Car));
+        QVERIFY(!hub::ShellSettings::safetyNoticeAccepted(hub::SafetyNotice::Helicopter));
         next(guide); // Finish
         QVERIFY(!c->isRunning());
         QTRY_VERIFY(rig.sim.commands().contains(u"STOP"_s));
@@ -173,37 +177,60 @@ private slots:
         QCOMPARE(stored.profiles.deviceIdentity(DeviceRole::Pedals).productName, u"Test Pedals"_s);
     }
 
-    void carPageStartsOnlyAfterTheNoticeIsAccepted()
+    // Each vehicle page asks its own notice: the other vehicle's, accepted before, does not count.
+    void pageStartsOnlyAfterItsNoticeIsAccepted_data()
     {
+        QTest::addColumn<bool>("helicopter");
+        QTest::newRow("car") << false;
+        QTest::newRow("helicopter") << true;
+    }
+    void pageStartsOnlyAfterItsNoticeIsAccepted()
+    {
+        QFETCH(bool, helicopter);
+        const hub::SafetyNotice own = helicopter ? hub::SafetyNotice::Helicopter : hub::SafetyNotice::Car;
+        hub::ShellSettings::setSafetyNoticeAccepted(helicopter ? hub::SafetyNotice::Car
+                                                               : hub::SafetyNotice::Helicopter);
         HubRig rig;
         QVERIFY(rig.startBridge());
-        rig.plugCarControllers();
         TavrixController *c = rig.controller();
         QVERIFY(c->connectTransmitter(rig.linkPath()));
-        QVERIFY(c->connectDevice(DeviceRole::WheelBase, 0));
-        QVERIFY(c->connectDevice(DeviceRole::Pedals, 1));
-        auto *car = rig.showPage<CarPage>(u"rc-car"_s);
-        QVERIFY(car);
+        VehiclePage *page = nullptr;
+        if (helicopter) {
+            rig.plugHeliControllers();
+            QString error;
+            QVERIFY2(activateVehicleProfile(*rig.services->profiles(), VehicleType::Helicopter, &error),
+                     qPrintable(error));
+            QVERIFY(c->connectDevice(DeviceRole::HeliJoystick, 0));
+            QVERIFY(c->connectDevice(DeviceRole::HeliThrottle, 1));
+            page = rig.showPage<HeliPage>(u"rc-heli"_s);
+        } else {
+            rig.plugCarControllers();
+            QVERIFY(c->connectDevice(DeviceRole::WheelBase, 0));
+            QVERIFY(c->connectDevice(DeviceRole::Pedals, 1));
+            page = rig.showPage<CarPage>(u"rc-car"_s);
+        }
+        QVERIFY(page);
         const auto notice = [&rig] { return rig.window->findChild<SafetyNoticeDialog *>(); };
 
-        car->startButton()->click();
+        page->startButton()->click();
         QVERIFY(notice());
+        QCOMPARE(notice()->notice(), own);
         QVERIFY(!c->isRunning());
         notice()->cancelButton()->click();
         QTRY_VERIFY(!notice());
         QVERIFY(!c->isRunning());
         QVERIFY(!rig.sim.commands().contains(u"START"_s));
 
-        car->startButton()->click();
+        page->startButton()->click();
         QVERIFY(notice());
         notice()->understoodButton()->click();
         QVERIFY(c->isRunning());
         QTRY_VERIFY(!notice());
-        car->startButton()->click(); // stop
+        page->startButton()->click(); // stop
         QVERIFY(!c->isRunning());
 
         // Accepted once: the next start asks nothing.
-        car->startButton()->click();
+        page->startButton()->click();
         QVERIFY(c->isRunning());
         QVERIFY(!notice());
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shellsettings.h"
+
 #include <QDialog>
 
 class QPushButton;
@@ -10,22 +12,25 @@ class Card;
 
 namespace tavrix {
 
-// The "disclaimer" dialog: what to make sure of before the car's first start (wheels off
-// the ground, a hand near the car's switch) and what stops it, answered with "I understand"
-// (accept) or "Cancel" (reject). It only presents; whoever opens it decides what follows.
+// The "disclaimer" dialog: what to make sure of before a vehicle's first start (a car's
+// wheels off the ground, a helicopter's blades off or tied down, a hand near the switch) and
+// what stops it, answered with "I understand" (accept) or "Cancel" (reject). It only
+// presents; whoever opens it decides what follows.
 class SafetyNoticeDialog : public QDialog
 {
     Q_OBJECT
 public:
-    explicit SafetyNoticeDialog(QWidget *parent = nullptr);
+    explicit SafetyNoticeDialog(hub::SafetyNotice notice, QWidget *parent = nullptr);
 
     // The notice itself, for a place that shows it outside this dialog (the setup guide).
-    static hub::Card *createNotice(QWidget *parent);
+    static hub::Card *createNotice(hub::SafetyNotice notice, QWidget *parent);
 
+    [[nodiscard]] hub::SafetyNotice notice() const { return m_notice; }
     QPushButton *understoodButton() const { return m_understood; }
     QPushButton *cancelButton() const { return m_cancel; }
 
 private:
+    hub::SafetyNotice m_notice;
     QPushButton *m_understood = nullptr;
     QPushButton *m_cancel = nullptr;
 };

@@ -185,8 +185,12 @@ QWidget *SetupGuide::buildPedalStep(double releasedLimit, double fullyPressed)
 QWidget *SetupGuide::buildStartStep()
 {
     auto *page = new QWidget(this);
-    QVBoxLayout *column = stepPage(page, tr("A first start with the car safely on a stand."));
-    column->addWidget(SafetyNoticeDialog::createNotice(page));
+    QVBoxLayout *column = stepPage(page, tr("A first start with the vehicle safely held."));
+    // The chosen vehicle's notice: a car on a stand, a helicopter without blades or tied down.
+    m_notices = new QStackedWidget(page);
+    for (const hub::SafetyNotice notice : {hub::SafetyNotice::Car, hub::SafetyNotice::Helicopter})
+        m_notices->addWidget(SafetyNoticeDialog::createNotice(notice, m_notices));
+    column->addWidget(m_notices);
     m_problem = new hub::Notice(hub::Glyph::Gauge, QString(), page);
     m_problem->setTone(hub::Tone::Danger);
     m_problem->hide();
@@ -242,6 +246,7 @@ void SetupGuide::showVehicle(bool helicopter)
     m_helicopter = helicopter;
     vehicleTile(helicopter)->setChecked(true);
     m_vehicleDevices->setCurrentIndex(helicopter ? 1 : 0);
+    m_notices->setCurrentIndex(helicopter ? 1 : 0);
     refreshNavigation();
 }
 

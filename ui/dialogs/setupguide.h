@@ -104,6 +104,7 @@ private:
     QHash<QString, QPushButton *> m_detectButtons;
     QHash<QString, QLabel *> m_detected;
     PedalVerifyDialog *m_pedals = nullptr;
+    QStackedWidget *m_notices = nullptr;
     QPushButton *m_start = nullptr;
     QPushButton *m_stop = nullptr;
     QLabel *m_runState = nullptr;
