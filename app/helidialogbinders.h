@@ -38,6 +38,7 @@ public:
 
 private:
     void show(const HelicopterSettings &settings) override;
+    [[nodiscard]] bool lockedWhileArmed() const override { return false; }
     void apply(const HeliFlyDialog::Values &values);
 
     HeliFlyDialog *m_dialog;

@@ -39,7 +39,15 @@ void HeliSettingsBinder::follow()
     ProfileManager *profiles = m_controller->profileManager();
     connect(profiles, &ProfileManager::profileModified, this, &HeliSettingsBinder::showStored);
     connect(profiles, &ProfileManager::activeProfileChanged, this, &HeliSettingsBinder::showStored);
+    connect(m_controller, &TavrixController::heliArmedChanged, this, &HeliSettingsBinder::showArmed);
+    showArmed(m_controller->isHeliArmed());
     showStored();
+}
+
+void HeliSettingsBinder::showArmed(bool armed)
+{
+    if (lockedWhileArmed())
+        m_dialog->setLocked(armed ? tr("Disarm the motor to change these settings.") : QString());
 }
 
 HelicopterSettings HeliSettingsBinder::stored() const
@@ -50,6 +58,11 @@ HelicopterSettings HeliSettingsBinder::stored() const
 
 void HeliSettingsBinder::store(const HelicopterSettings &edited)
 {
+    // An edit that was on its way when the motor was armed goes nowhere.
+    if (m_dialog->isLocked()) {
+        showStored();
+        return;
+    }
     m_dialog->showError(
         editHelicopterConfig(*m_controller->profileManager(), helicopterConfigToJson(edited)));
     // What the store kept (clamped, or unchanged when it refused) is what the dialog shows.

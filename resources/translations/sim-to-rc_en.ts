@@ -2135,6 +2135,13 @@
     </message>
 </context>
 <context>
+    <name>tavrix::HeliSettingsBinder</name>
+    <message>
+        <source>Disarm the motor to change these settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::HeliSettingsDialog</name>
     <message>
         <source>Not sent</source>

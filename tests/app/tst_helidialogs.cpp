@@ -202,6 +202,61 @@ private slots:
         QCOMPARE(rig.controller()->settings().helicopter.arm.channel, applied.arm.channel);
     }
 
+    // Armed, only the rates stay editable: a changed channel, calibration, curve or arm value in
+    // flight would move the helicopter. Disarmed, the same edit goes through.
+    void armedMotorLocksAllButTheRates_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<bool>("locked");
+        QTest::addColumn<Edit>("edit");
+        QTest::addColumn<QString>("storedPath");
+        QTest::addColumn<double>("edited");
+        QTest::newRow("controls") << int(Controls) << true << on<HeliConfigDialog>([](HeliConfigDialog *d) {
+            choose(d->channelBox(HeliConfigDialog::Roll), 7);
+        }) << u"channels/roll"_s << 6.0;
+        QTest::newRow("rates") << int(Rates) << false << on<HeliFlyDialog>([](HeliFlyDialog *d) {
+            d->ratePercentBox(0)->setValue(90);
+        }) << u"dualRates/beginnerPct"_s
+                               << 90.0;
+        QTest::newRow("curves") << int(Curves) << true << on<HeliCurvesDialog>([](HeliCurvesDialog *d) {
+            d->pointBox(HeliCurvesDialog::PitchCurve, 0)->setValue(50);
+        }) << u"pitchCurve/points/0"_s
+                                << 0.5;
+        QTest::newRow("arming") << int(Arming) << true << on<HeliArmingDialog>([](HeliArmingDialog *d) {
+            d->safeMicrosBox()->setValue(1000);
+        }) << u"arm/offUs"_s << 1000.0;
+    }
+
+    void armedMotorLocksAllButTheRates()
+    {
+        QFETCH(int, button);
+        QFETCH(bool, locked);
+        QFETCH(Edit, edit);
+        QFETCH(QString, storedPath);
+        QFETCH(double, edited);
+        FlyingRig rig;
+        QVERIFY(rig.start());
+        TavrixController *c = rig.controller();
+        c->setHeliArmed(true);
+        QVERIFY(c->isHeliArmed());
+        HeliSettingsDialog *dialog = rig.open(Button(button));
+        QVERIFY(dialog);
+        QCOMPARE(dialog->isLocked(), locked);
+        const double before = rig.storedValue(keys::kHelicopterConfig, storedPath);
+        QVERIFY(before != edited);
+
+        // As if the edit had been on its way when the motor was armed.
+        edit(dialog);
+        QCOMPARE(rig.storedValue(keys::kHelicopterConfig, storedPath), locked ? before : edited);
+        if (!locked)
+            return;
+
+        c->setHeliArmed(false);
+        QVERIFY(!dialog->isLocked());
+        edit(dialog);
+        QCOMPARE(rig.storedValue(keys::kHelicopterConfig, storedPath), edited);
+    }
+
     void axisIsFoundByMovingIt()
     {
         FlyingRig rig;

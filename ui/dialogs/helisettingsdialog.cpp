@@ -26,9 +26,16 @@ HeliSettingsDialog::HeliSettingsDialog(const QString &title, const Limits &limit
     m_notice->setTone(hub::Tone::Danger);
     m_notice->hide();
     column->addWidget(m_notice);
-    m_content = new QVBoxLayout;
+    m_lockNotice = new hub::Notice(hub::Glyph::Helicopter, QString(), this);
+    m_lockNotice->setTone(hub::Tone::Warning);
+    m_lockNotice->hide();
+    column->addWidget(m_lockNotice);
+    // One widget around the content, so a lock disables every editor and button in it.
+    m_body = new QWidget(this);
+    m_content = new QVBoxLayout(m_body);
+    m_content->setContentsMargins(0, 0, 0, 0);
     m_content->setSpacing(12);
-    column->addLayout(m_content, 1);
+    column->addWidget(m_body, 1);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     column->addWidget(buttons);
@@ -38,6 +45,13 @@ void HeliSettingsDialog::showError(const QString &message)
 {
     m_notice->setText(message);
     m_notice->setVisible(!message.isEmpty());
+}
+
+void HeliSettingsDialog::setLocked(const QString &reason)
+{
+    m_lockNotice->setText(reason);
+    m_lockNotice->setVisible(!reason.isEmpty());
+    m_body->setEnabled(reason.isEmpty());
 }
 
 QSpinBox *HeliSettingsDialog::spinBox(int minimum, int maximum, QWidget *parent)

@@ -46,10 +46,13 @@ public:
     static constexpr int kNotSent = -1;
 
     hub::Notice *notice() const { return m_notice; }
+    [[nodiscard]] bool isLocked() const { return !m_body->isEnabledTo(this); }
 
 public slots:
     // Empty hides the notice.
     void showError(const QString &message);
+    // Shows why nothing can be changed now and disables the editors; empty unlocks them.
+    void setLocked(const QString &reason);
 
 protected:
     HeliSettingsDialog(const QString &title, const Limits &limits, QWidget *parent);
@@ -78,6 +81,8 @@ private:
 
     Limits m_limits;
     hub::Notice *m_notice = nullptr;
+    hub::Notice *m_lockNotice = nullptr;
+    QWidget *m_body = nullptr;
     QVBoxLayout *m_content = nullptr;
     QList<QWidget *> m_editors;
 };
