@@ -7,6 +7,7 @@
 #include "profilekeys.h"
 #include "receiverelrslink.h"
 #include "tavrixcontroller.h"
+#include "telemetrysensorbook.h"
 
 #include <QDateTime>
 #include <QJsonArray>
@@ -144,8 +145,15 @@ void DashboardBinder::showTelemetry()
         m_page->showTelemetry({});
         return;
     }
-    m_page->showTelemetry(
-        readings(sensors, chosenKeys(), QDateTime::currentMSecsSinceEpoch(), m_timings.staleAfter));
+    QList<TelemetryGrid::Reading> shown =
+        readings(sensors, chosenKeys(), QDateTime::currentMSecsSinceEpoch(), m_timings.staleAfter);
+    // Each tile under the label the profile gives its sensor.
+    QHash<QString, QString> labels;
+    for (const TelemetrySensorBook::Sensor &sensor : m_controller->telemetrySensors()->sensors())
+        labels.insert(sensor.id, sensor.label);
+    for (TelemetryGrid::Reading &reading : shown)
+        reading.label = labels.value(reading.key);
+    m_page->showTelemetry(shown);
 }
 
 QList<TelemetryGrid::Reading> DashboardBinder::readings(const TelemetryCatalogue &sensors,
@@ -153,7 +161,7 @@ QList<TelemetryGrid::Reading> DashboardBinder::readings(const TelemetryCatalogue
                                                         std::chrono::milliseconds staleAfter)
 {
     const auto reading = [&](const TelemetrySensor *sensor, const QString &key) {
-        TelemetryGrid::Reading r{key, {}, true};
+        TelemetryGrid::Reading r{.key = key, .stale = true};
         if (sensor) {
             r.value = sensor->value;
             r.stale = sensor->updatedMs == 0 || nowMs - sensor->updatedMs > staleAfter.count();

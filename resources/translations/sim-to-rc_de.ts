@@ -1115,6 +1115,18 @@
         <source>Move down</source>
         <translation>Nach unten</translation>
     </message>
+    <message>
+        <source>The sensor&apos;s own name</source>
+        <translation>Der eigene Name des Sensors</translation>
+    </message>
+    <message>
+        <source>Label of the highlighted reading</source>
+        <translation>Bezeichnung des markierten Messwerts</translation>
+    </message>
+    <message>
+        <source>Add readings the car reports for the first time to the list</source>
+        <translation>Messwerte, die das Auto zum ersten Mal meldet, in die Liste aufnehmen</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DebugConsole</name>

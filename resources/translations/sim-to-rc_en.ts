@@ -1115,6 +1115,18 @@
         <source>Move down</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>The sensor&apos;s own name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Label of the highlighted reading</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add readings the car reports for the first time to the list</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::DebugConsole</name>

@@ -8,8 +8,10 @@
 #include "profilesdialogbinder.h"
 #include "profiletestfiles.h"
 #include "stattile.h"
+#include "telemetrysensorbook.h"
 #include "vehiclepage.h"
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -262,6 +264,56 @@ private slots:
         QTRY_COMPARE(dash->telemetryGrid()->tileCount(), 2);
         QVERIFY(dash->telemetryGrid()->tile(0)->caption().startsWith(u"GLat"_s));
         QVERIFY(dash->telemetryGrid()->tile(1)->caption().startsWith(u"RQly"_s));
+        QVERIFY(dialog->notice()->isHidden());
+    }
+
+    void sensorLabelAndDiscoveryReachTheProfileAndTheDashboard()
+    {
+        HubRig rig;
+        auto *dash = rig.showPage<DashboardPage>(u"dashboard"_s);
+        QVERIFY(dash);
+        QVERIFY(rig.startCarTransmission());
+        QTRY_VERIFY_WITH_TIMEOUT(dash->telemetryGrid()->tileCount() > 5, 20000);
+        dash->telemetrySettingsButton()->click();
+        auto *dialog = openDialog<DashboardSettingsDialog>(rig.window.get());
+        QVERIFY(dialog);
+        QListWidget *list = dialog->tileList();
+        const TelemetrySensorBook *book = rig.controller()->telemetrySensors();
+        // A reading the car never sent has no label to give; one it sends has.
+        for (int row = 0; row < list->count(); ++row) {
+            list->setCurrentRow(row);
+            const QString key = list->item(row)->text();
+            QCOMPARE(dialog->labelEdit()->isEnabled(), book->hasSensor(key));
+        }
+        list->setCurrentItem(list->findItems(u"RQly"_s, Qt::MatchExactly).value(0));
+        QVERIFY(dialog->labelEdit()->isEnabled());
+        dialog->labelEdit()->setText(u"Link"_s);
+        emit dialog->labelEdit()->editingFinished();
+
+        const auto stored = [&rig] {
+            return readJson(rig.services->profiles()->profileDirectory() + u"/"_s +
+                            rig.services->profiles()->activeProfileId() + u".json"_s);
+        };
+        const QJsonArray known = stored().value(keys::kTelemetrySensors).toArray();
+        const auto rqly = std::find_if(known.begin(), known.end(), [](const QJsonValue &sensor) {
+            return sensor[keys::kSensorKey].toString() == u"RQly"_s;
+        });
+        QVERIFY(rqly != known.end());
+        QCOMPARE((*rqly)[keys::kSensorLabel].toString(), u"Link"_s);
+        QVERIFY(!list->findItems(u"Link (RQly)"_s, Qt::MatchExactly).isEmpty());
+        // The dashboard's tile goes by the label.
+        const auto tileCaptions = [dash] {
+            QStringList captions;
+            for (int i = 0; i < dash->telemetryGrid()->tileCount(); ++i)
+                captions.append(dash->telemetryGrid()->tile(i)->caption());
+            return captions;
+        };
+        QTRY_VERIFY(tileCaptions().contains(u"Link"_s));
+        QVERIFY(!tileCaptions().contains(u"RQly"_s));
+
+        QVERIFY(dialog->discoveryBox()->isChecked());
+        dialog->discoveryBox()->click();
+        QCOMPARE(stored().value(keys::kTelemetryDiscover).toBool(true), false);
         QVERIFY(dialog->notice()->isHidden());
     }
 };

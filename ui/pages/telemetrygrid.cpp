@@ -31,7 +31,8 @@ void TelemetryGrid::setReadings(const QList<Reading> &readings)
     for (int i = 0; i < readings.size(); ++i) {
         const Reading &reading = readings.at(i);
         hub::StatTile *tile = m_tiles.at(i);
-        tile->setCaption(reading.stale ? tr("%1 \u00B7 stale").arg(reading.key) : reading.key);
+        const QString caption = reading.label.isEmpty() ? reading.key : reading.label;
+        tile->setCaption(reading.stale ? tr("%1 \u00B7 stale").arg(caption) : caption);
         if (reading.value.isEmpty())
             tile->clear();
         else

@@ -21,6 +21,8 @@ public:
     struct Reading
     {
         QString key;
+        // What the tile is called: the profile's label for the sensor; empty: the key.
+        QString label;
         QString value; // empty: never received
         bool stale = false;
     };
