@@ -9,6 +9,7 @@
 #include "profilesdialog.h"
 #include "profilesdialogbinder.h"
 #include "tavrixcontroller.h"
+#include "telemetrysensorbook.h"
 
 namespace tavrix {
 
@@ -32,7 +33,7 @@ void wireProfileDialogs(const DialogWiring &wiring)
                          wiring.opener(kProfilesDialog));
 
     wiring.dialogs.add(kDashboardSettingsDialog, [controller](QWidget *parent) {
-        auto *dialog = new DashboardSettingsDialog(parent);
+        auto *dialog = new DashboardSettingsDialog(TelemetrySensorBook::kMaxLabelLength, parent);
         new DashboardSettingsDialogBinder(dialog, controller->telemetrySensors(),
                                           controller->profileManager());
         return dialog;

@@ -31,7 +31,7 @@ QString itemText(const DashboardSettingsDialog::Tile &tile)
 
 } // namespace
 
-DashboardSettingsDialog::DashboardSettingsDialog(QWidget *parent)
+DashboardSettingsDialog::DashboardSettingsDialog(int maxLabelLength, QWidget *parent)
     : QDialog(parent)
 {
     setWindowTitle(tr("Dashboard tiles"));
@@ -69,7 +69,7 @@ DashboardSettingsDialog::DashboardSettingsDialog(QWidget *parent)
 
     auto *form = new QFormLayout;
     m_label = new QLineEdit(this);
-    m_label->setMaxLength(64);
+    m_label->setMaxLength(maxLabelLength);
     m_label->setPlaceholderText(tr("The sensor's own name"));
     form->addRow(tr("Label of the highlighted reading"), m_label);
     column->addLayout(form);

@@ -33,7 +33,8 @@ public:
         bool renamable = false;
     };
 
-    explicit DashboardSettingsDialog(QWidget *parent = nullptr);
+    // maxLabelLength: the longest label the owner keeps.
+    explicit DashboardSettingsDialog(int maxLabelLength, QWidget *parent = nullptr);
 
     QListWidget *tileList() const { return m_list; }
     QPushButton *upButton() const { return m_up; }
