@@ -9,6 +9,7 @@
 
 using namespace tavrix;
 using namespace tavrix::testing;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -104,6 +105,50 @@ private slots:
         QVERIFY(saved.wait(5000));
         QCOMPARE(recorder.droppedRows(), 0u);
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files).size(), 2);
+    }
+
+    // A folder that cannot be made, and one the file cannot be made in (even as root).
+    void unwritableFolderIsRefusedWithItsReason_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::newRow("under a file") << u"blocker/recordings"_s;
+        QTest::newRow("a folder of the kernel's") << u"/proc/self"_s;
+    }
+    void unwritableFolderIsRefusedWithItsReason()
+    {
+        QFETCH(QString, folder);
+        QTemporaryDir dir;
+        QFile blocker(dir.filePath(u"blocker"_s));
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        blocker.close();
+        DriveRecorder recorder;
+        QSignalSpy errors(&recorder, &DriveRecorder::errorOccurred);
+        QVERIFY(!recorder.start(QDir(dir.path()).filePath(folder)));
+        QCOMPARE(errors.size(), 1);
+        QVERIFY(errors.at(0).at(0).toString().contains(folder));
+        QVERIFY(!recorder.isRecording());
+    }
+
+    // Whenever the writer has answered, the next rows go: with room for one chunk in flight,
+    // a second batch still reaches the file while recording.
+    void writerTakesTheNextChunkOnceItAnswered()
+    {
+        QTemporaryDir dir;
+        DriveRecorder recorder(
+            {.queueCapacity = 64, .flushInterval = std::chrono::milliseconds(10), .chunksInFlight = 1});
+        QVERIFY(recorder.start(dir.path()));
+        for (quint32 batch = 0; batch < 3; ++batch) {
+            for (quint32 frame = 1; frame <= 5; ++frame)
+                recorder.record(sampleOfFrame(batch * 5 + frame));
+            QTRY_COMPARE_WITH_TIMEOUT(recorder.writtenRows(), quint64(batch + 1) * 5, 10000);
+        }
+        QVERIFY(recorder.isRecording());
+        // The time column counts from the start of the recording.
+        const QList<QByteArrayList> rows = readCsv(recorder.filePath());
+        const qsizetype timeColumn = rows[0].indexOf("time_ms");
+        for (const QByteArrayList &row : rows.mid(1))
+            QVERIFY2(row[timeColumn].toLongLong() >= 0 && row[timeColumn].toLongLong() < 60000,
+                     row[timeColumn]);
     }
 
     void aRecordingStillBeingSavedKeepsItsRowsApartFromTheNext()
