@@ -34,7 +34,7 @@ void wireConfigurationDialogs(const DialogWiring &wiring)
     });
     wiring.dialogs.add(kDriveDialog, [controller](QWidget *parent) {
         auto *dialog = new DriveSettingsDialog(DriveSettingsDialogBinder::limits(), parent);
-        new DriveSettingsDialogBinder(dialog, controller->profileManager());
+        new DriveSettingsDialogBinder(dialog, controller);
         offerEscPresets(dialog, controller->profileManager());
         return dialog;
     });

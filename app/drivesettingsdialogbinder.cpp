@@ -5,6 +5,8 @@
 #include "profilekeys.h"
 #include "profilemanager.h"
 #include "profilesettings.h"
+#include "steeringtrim.h"
+#include "tavrixcontroller.h"
 
 #include <QJsonArray>
 
@@ -71,18 +73,35 @@ QJsonObject storedShape(const DriveSettingsDialog::Values &v)
     };
 }
 
+DriveSettingsDialog::Trim trimOf(const SteeringEndpoints &endpoints)
+{
+    return {endpoints.left, endpoints.center, endpoints.right};
+}
+
 } // namespace
 
-DriveSettingsDialogBinder::DriveSettingsDialogBinder(DriveSettingsDialog *dialog, ProfileManager *profiles)
+DriveSettingsDialogBinder::DriveSettingsDialogBinder(DriveSettingsDialog *dialog,
+                                                     TavrixController *controller)
     : QObject(dialog)
     , m_dialog(dialog)
-    , m_profiles(profiles)
+    , m_profiles(controller->profileManager())
+    , m_trim(controller->steeringTrim())
 {
     connect(dialog, &DriveSettingsDialog::edited, this, &DriveSettingsDialogBinder::apply);
     connect(dialog, &DriveSettingsDialog::escPresetChosen, this, &DriveSettingsDialogBinder::applyEscPreset);
-    connect(profiles, &ProfileManager::profileModified, this, &DriveSettingsDialogBinder::showSettings);
-    connect(profiles, &ProfileManager::activeProfileChanged, this, &DriveSettingsDialogBinder::showSettings);
-    connect(profiles, &ProfileManager::escPresetsChanged, this, &DriveSettingsDialogBinder::showEscPresets);
+    connect(dialog, &DriveSettingsDialog::trimEdited, this, &DriveSettingsDialogBinder::tryTrim);
+    connect(dialog, &DriveSettingsDialog::trimSaveRequested, this, &DriveSettingsDialogBinder::saveTrim);
+    connect(dialog, &DriveSettingsDialog::trimRevertRequested, this, &DriveSettingsDialogBinder::revertTrim);
+    // A trim nobody saved must not stay on the car once its dialog is gone.
+    connect(dialog, &QDialog::finished, this, [this] {
+        if (m_tried)
+            revertTrim();
+    });
+    // The controller heard of the change first, so the end points in force are already the new ones.
+    connect(m_profiles, &ProfileManager::profileModified, this, &DriveSettingsDialogBinder::showSettings);
+    connect(m_profiles, &ProfileManager::activeProfileChanged, this,
+            &DriveSettingsDialogBinder::showSettings);
+    connect(m_profiles, &ProfileManager::escPresetsChanged, this, &DriveSettingsDialogBinder::showEscPresets);
     showSettings();
 }
 
@@ -101,6 +120,7 @@ void DriveSettingsDialogBinder::showSettings()
 {
     m_dialog->showValues(valuesOf(ProfileSettings::fromProfile(m_profiles->activeProfile()).drive));
     showEscPresets();
+    showTrim();
 }
 
 void DriveSettingsDialogBinder::showEscPresets()
@@ -128,6 +148,51 @@ void DriveSettingsDialogBinder::showOutcome(const QString &refusal)
     m_dialog->showError(refusal);
     // What the store kept (clamped, or unchanged when it refused) is what the dialog shows.
     showSettings();
+}
+
+void DriveSettingsDialogBinder::showTrim()
+{
+    const SteeringEndpoints inForce = m_trim.inForce();
+    m_dialog->showTrim(trimOf(inForce), inForce != m_trim.saved());
+}
+
+std::optional<SteeringEndpoints> DriveSettingsDialogBinder::checkedTrim(const DriveSettingsDialog::Trim &trim)
+{
+    const std::optional<SteeringEndpoints> endpoints =
+        SteeringEndpoints::checked(trim.left, trim.center, trim.right);
+    m_dialog->showError(endpoints ? QString() : SteeringEndpoints::outOfOrderMessage());
+    return endpoints;
+}
+
+void DriveSettingsDialogBinder::tryTrim(const DriveSettingsDialog::Trim &trim)
+{
+    if (const std::optional<SteeringEndpoints> endpoints = checkedTrim(trim)) {
+        m_trim.applyLive(*endpoints);
+        m_tried = true;
+    }
+    // Refused, the boxes go back to the end points in force.
+    showTrim();
+}
+
+void DriveSettingsDialogBinder::saveTrim(const DriveSettingsDialog::Trim &trim)
+{
+    const std::optional<SteeringEndpoints> endpoints = checkedTrim(trim);
+    if (!endpoints) {
+        showTrim();
+        return;
+    }
+    const QString refusal = storeRefusal(*m_profiles, [&] { return m_trim.save(*endpoints); });
+    if (refusal.isEmpty())
+        m_tried = false;
+    showOutcome(refusal);
+}
+
+void DriveSettingsDialogBinder::revertTrim()
+{
+    m_trim.revert();
+    m_tried = false;
+    m_dialog->showError(QString());
+    showTrim();
 }
 
 } // namespace tavrix

@@ -1,12 +1,19 @@
 #include "steeringtrim.h"
 
 #include "drivecomputation.h"
+#include "profilekeys.h"
+#include "profilemanager.h"
+#include "profilesettings.h"
+
+#include <QCoreApplication>
 
 #include <algorithm>
 
 namespace tavrix {
 
 namespace {
+
+namespace keys = profilekeys;
 
 int32_t toChannel(double value)
 {
@@ -30,13 +37,24 @@ std::optional<SteeringEndpoints> SteeringEndpoints::checked(double left, double 
     return endpoints;
 }
 
-SteeringTrim::SteeringTrim(DriveComputation &drive)
+QString SteeringEndpoints::outOfOrderMessage()
+{
+    return QCoreApplication::translate("tavrix::SteeringEndpoints", kOutOfOrder);
+}
+
+SteeringTrim::SteeringTrim(DriveComputation &drive, ProfileManager &profiles)
     : m_drive(drive)
+    , m_profiles(profiles)
 {}
 
 SteeringEndpoints SteeringTrim::inForce() const
 {
     return SteeringEndpoints::of(m_drive.settings());
+}
+
+SteeringEndpoints SteeringTrim::saved() const
+{
+    return SteeringEndpoints::of(ProfileSettings::fromProfile(m_profiles.activeProfile()).drive);
 }
 
 void SteeringTrim::applyLive(const SteeringEndpoints &endpoints)
@@ -47,6 +65,26 @@ void SteeringTrim::applyLive(const SteeringEndpoints &endpoints)
     settings.steeringRight = endpoints.right;
     // Only the end points change, so reverse mode stays as it is.
     m_drive.setSettings(settings);
+}
+
+bool SteeringTrim::save(const SteeringEndpoints &endpoints)
+{
+    QJsonObject axisSettings = m_profiles.setting(keys::kAxisSettings).toObject();
+    axisSettings.insert(keys::kSteeringLeft, endpoints.left);
+    axisSettings.insert(keys::kSteeringCenter, endpoints.center);
+    axisSettings.insert(keys::kSteeringRight, endpoints.right);
+    if (!m_profiles.setSetting(keys::kAxisSettings, axisSettings))
+        return false;
+    // A store that held them already reads nothing again: the car keeps them either way.
+    applyLive(endpoints);
+    return true;
+}
+
+SteeringEndpoints SteeringTrim::revert()
+{
+    const SteeringEndpoints endpoints = saved();
+    applyLive(endpoints);
+    return endpoints;
 }
 
 } // namespace tavrix

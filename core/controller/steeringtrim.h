@@ -3,6 +3,8 @@
 #include "drivesettings.h"
 
 #include <QJsonObject>
+#include <QString>
+#include <QtGlobal>
 
 #include <cstdint>
 #include <optional>
@@ -10,6 +12,7 @@
 namespace tavrix {
 
 class DriveComputation;
+class ProfileManager;
 
 // The three steering end points (CH1 values at full left, centre and full right).
 struct SteeringEndpoints
@@ -24,25 +27,40 @@ struct SteeringEndpoints
     // Reversing the steering is the Steering axis' inversion, not swapped end points.
     [[nodiscard]] static std::optional<SteeringEndpoints> checked(double left, double center, double right);
 
+    // Why checked() gave nothing: in English as the remote app gets it, and translated
+    // for the window by outOfOrderMessage().
+    static constexpr const char *kOutOfOrder = QT_TRANSLATE_NOOP(
+        "tavrix::SteeringEndpoints",
+        "Invalid steering trim: left must not exceed center and center must not exceed right");
+    [[nodiscard]] static QString outOfOrderMessage();
+
     friend bool operator==(const SteeringEndpoints &, const SteeringEndpoints &) = default;
 };
 
 // Steering trim tried out on the running drive computation before it is saved: the car
 // answers at once, and the next reading of the profile (a save, a reload, a profile
 // switch) puts the saved end points back, so an unsaved trim never outlives the session
-// it was tried in.
+// it was tried in. The remote app and the drive dialog both trim through it.
 class SteeringTrim
 {
 public:
-    // drive is not owned and must outlive the trim.
-    explicit SteeringTrim(DriveComputation &drive);
+    // drive and profiles are not owned and must outlive the trim.
+    SteeringTrim(DriveComputation &drive, ProfileManager &profiles);
 
     // The end points the computation uses now: the live ones, or else the saved ones.
     [[nodiscard]] SteeringEndpoints inForce() const;
+    // The end points saved in the active profile.
+    [[nodiscard]] SteeringEndpoints saved() const;
     void applyLive(const SteeringEndpoints &endpoints);
+    // Writes end points that checked() gave into the active profile's axis settings and
+    // keeps them in force. False when the store refused; it said why through errorOccurred.
+    bool save(const SteeringEndpoints &endpoints);
+    // Puts the saved end points back in force and returns them.
+    SteeringEndpoints revert();
 
 private:
     DriveComputation &m_drive;
+    ProfileManager &m_profiles;
 };
 
 } // namespace tavrix

@@ -55,7 +55,7 @@ TavrixController::TavrixController(InputBackend *inputBackend, ProfileManager *p
     , m_helicopter(std::make_unique<HelicopterTick>(*m_devices, *m_profile, *m_buttons))
     , m_inputDetection(new InputDetection(m_devices, profiles, {}, this))
     , m_movedDevice(new MovedDeviceDetection(inputBackend, m_devices, this))
-    , m_steeringTrim(std::make_unique<SteeringTrim>(m_car->drive()))
+    , m_steeringTrim(std::make_unique<SteeringTrim>(m_car->drive(), *profiles))
 {
     qRegisterMetaType<tavrix::LinkStatistics>();
     qRegisterMetaType<tavrix::GpsFix>();

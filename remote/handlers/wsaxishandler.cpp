@@ -47,22 +47,14 @@ QJsonObject trimJson(const SteeringEndpoints &trim)
             {keys::kSteeringRight, trim.right}};
 }
 
-QJsonObject withTrim(QJsonObject axisSettings, const SteeringEndpoints &trim)
-{
-    axisSettings.insert(keys::kSteeringLeft, trim.left);
-    axisSettings.insert(keys::kSteeringCenter, trim.center);
-    axisSettings.insert(keys::kSteeringRight, trim.right);
-    return axisSettings;
-}
-
 int32_t channelValue(const RemoteRequest &request, QLatin1String key, int32_t current)
 {
     return int32_t(
         std::clamp(request.number(key, current), double(crsf::kChannelMin), double(crsf::kChannelMax)));
 }
 
-const QString kTrimOutOfOrder =
-    u"Invalid steering trim: left must not exceed center and center must not exceed right"_s;
+// The mobile app gets the refusal in English, as the window's source text reads.
+const QString kTrimOutOfOrder = QString::fromLatin1(SteeringEndpoints::kOutOfOrder);
 const QString kSaveFailed = u"Failed to save the profile"_s;
 const QString kNoFfbWheel = u"No FFB-capable wheel connected"_s;
 
@@ -192,20 +184,14 @@ QJsonObject WsAxisHandler::applySteeringTrim(const RemoteRequest &request)
     const std::optional<SteeringEndpoints> trim = requestedTrim(request);
     if (!trim)
         return request.failed(kTrimOutOfOrder);
-    if (!saveAxisSettings(withTrim(storedAxisSettings(), *trim)))
+    if (!controller()->steeringTrim().save(*trim))
         return request.failed(kSaveFailed);
     return request.succeeded({{kData, trimJson(*trim)}});
 }
 
 QJsonObject WsAxisHandler::revertSteeringTrim(const RemoteRequest &request)
 {
-    // Reading the profile again puts the saved end points back into the computation.
-    controller()->reloadSettings();
-    const QJsonObject stored = storedAxisSettings();
-    const SteeringEndpoints saved{stored.value(keys::kSteeringLeft).toInt(),
-                                  stored.value(keys::kSteeringCenter).toInt(),
-                                  stored.value(keys::kSteeringRight).toInt()};
-    return request.succeeded({{kData, trimJson(saved)}});
+    return request.succeeded({{kData, trimJson(controller()->steeringTrim().revert())}});
 }
 
 // --- force feedback ---

@@ -44,7 +44,7 @@ struct Dialogs
         , drive(DriveSettingsDialogBinder::limits())
     {
         new AxisSettingsDialogBinder(&axis, controller);
-        new DriveSettingsDialogBinder(&drive, controller->profileManager());
+        new DriveSettingsDialogBinder(&drive, controller);
     }
     AxisSettingsDialog axis;
     DriveSettingsDialog drive;

@@ -64,12 +64,14 @@ DriveSettingsDialog::DriveSettingsDialog(const Limits &limits, QWidget *parent)
     m_tabs->addTab(buildEscPage(limits), tr("ESC and reverse"));
     m_tabs->addTab(buildSafetyPage(limits), tr("Throttle safety"));
     m_tabs->addTab(buildLimitsPage(limits), tr("Limits"));
+    m_tabs->addTab(buildSteeringPage(limits), tr("Steering"));
     column->addWidget(m_tabs, 1);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     column->addWidget(buttons);
     showValues(Values{});
+    showTrim(Trim{}, false);
 }
 
 QSpinBox *DriveSettingsDialog::spinBox(int minimum, int maximum, QWidget *parent)
@@ -198,6 +200,48 @@ QWidget *DriveSettingsDialog::buildLimitsPage(const Limits &limits)
     return page;
 }
 
+QSpinBox *DriveSettingsDialog::trimBox(const Limits &limits, QWidget *parent)
+{
+    auto *box = new QSpinBox(parent);
+    box->setRange(limits.channelMin, limits.channelMax);
+    // One try on the car when typing is done, not one per key.
+    box->setKeyboardTracking(false);
+    connect(box, &QSpinBox::valueChanged, this, [this] { emit trimEdited(trim()); });
+    return box;
+}
+
+QWidget *DriveSettingsDialog::buildSteeringPage(const Limits &limits)
+{
+    auto *page = new QWidget(this);
+    QFormLayout *form = pageForm(page);
+    m_steeringLeft = trimBox(limits, page);
+    m_steeringCenter = trimBox(limits, page);
+    m_steeringRight = trimBox(limits, page);
+    const QList<std::pair<QString, QSpinBox *>> points = {{tr("Full left"), m_steeringLeft},
+                                                          {tr("Centre"), m_steeringCenter},
+                                                          {tr("Full right"), m_steeringRight}};
+    auto *grid = new QGridLayout;
+    for (int i = 0; i < points.size(); ++i) {
+        grid->addWidget(new QLabel(points.at(i).first, page), 0, i);
+        grid->addWidget(points.at(i).second, 1, i);
+    }
+    form->addRow(tr("End points"), grid);
+    form->addRow(QString(), explanation(tr("Each change steers the car at once, unsaved: Save trim keeps it, "
+                                           "Revert or closing this dialog puts the saved end points back."),
+                                        page));
+
+    m_saveTrim = new QPushButton(tr("Save trim"), page);
+    connect(m_saveTrim, &QPushButton::clicked, this, [this] { emit trimSaveRequested(trim()); });
+    m_revertTrim = new QPushButton(tr("Revert"), page);
+    connect(m_revertTrim, &QPushButton::clicked, this, &DriveSettingsDialog::trimRevertRequested);
+    auto *actions = new QHBoxLayout;
+    actions->addStretch(1);
+    actions->addWidget(m_revertTrim);
+    actions->addWidget(m_saveTrim);
+    form->addRow(actions);
+    return page;
+}
+
 DriveSettingsDialog::Values DriveSettingsDialog::values() const
 {
     Values v;
@@ -248,6 +292,23 @@ void DriveSettingsDialog::showValues(const Values &v)
     m_spike->setChecked(v.spikeRejection);
     m_stuck->setChecked(v.stuckThrottleDetection);
     updateEnabled();
+}
+
+DriveSettingsDialog::Trim DriveSettingsDialog::trim() const
+{
+    return {m_steeringLeft->value(), m_steeringCenter->value(), m_steeringRight->value()};
+}
+
+void DriveSettingsDialog::showTrim(const Trim &trim, bool unsaved)
+{
+    const QSignalBlocker quietLeft(m_steeringLeft);
+    const QSignalBlocker quietCenter(m_steeringCenter);
+    const QSignalBlocker quietRight(m_steeringRight);
+    m_steeringLeft->setValue(trim.left);
+    m_steeringCenter->setValue(trim.center);
+    m_steeringRight->setValue(trim.right);
+    m_saveTrim->setEnabled(unsaved);
+    m_revertTrim->setEnabled(unsaved);
 }
 
 void DriveSettingsDialog::showEscPresets(const QList<EscPresetEntry> &presets, const QString &selected)

@@ -19,8 +19,8 @@ namespace tavrix {
 
 // The "drive" dialog: the ESC mode and its preset, soft start, reverse, the per-gear limits,
 // the pit limiter, smooth deceleration and the two throttle protections, each with a line
-// saying what it does. It presents only; the owner stores every edit and shows back what
-// the store kept.
+// saying what it does, and the steering end points tried on the car before they are saved.
+// It presents only; the owner stores every edit and shows back what the store kept.
 class DriveSettingsDialog : public QDialog
 {
     Q_OBJECT
@@ -66,10 +66,18 @@ public:
         QString id;
         QString name;
     };
+    // The steering end points: CH1 at full left, centre and full right.
+    struct Trim
+    {
+        int left = 0;
+        int center = 1024;
+        int right = 2047;
+    };
 
     explicit DriveSettingsDialog(const Limits &limits, QWidget *parent = nullptr);
 
     [[nodiscard]] Values values() const;
+    [[nodiscard]] Trim trim() const;
     QTabWidget *tabs() const { return m_tabs; }
     QComboBox *escModeBox() const { return m_escMode; }
     QComboBox *escPresetBox() const { return m_escPreset; }
@@ -87,6 +95,11 @@ public:
     QSpinBox *decelRateBox() const { return m_decelRate; }
     QCheckBox *spikeRejectionBox() const { return m_spike; }
     QCheckBox *stuckThrottleBox() const { return m_stuck; }
+    QSpinBox *steeringLeftBox() const { return m_steeringLeft; }
+    QSpinBox *steeringCenterBox() const { return m_steeringCenter; }
+    QSpinBox *steeringRightBox() const { return m_steeringRight; }
+    QPushButton *saveTrimButton() const { return m_saveTrim; }
+    QPushButton *revertTrimButton() const { return m_revertTrim; }
     hub::Notice *notice() const { return m_notice; }
 
 public slots:
@@ -95,6 +108,9 @@ public slots:
     // The saved ESC presets; selected names the one the profile uses (empty: none).
     void showEscPresets(const QList<tavrix::DriveSettingsDialog::EscPresetEntry> &presets,
                         const QString &selected);
+    // The end points in force, without echoing them back as an edit; Save and Revert are
+    // offered while they differ from the saved ones.
+    void showTrim(const tavrix::DriveSettingsDialog::Trim &trim, bool unsaved);
     // Empty hides the notice.
     void showError(const QString &message);
 
@@ -103,13 +119,21 @@ signals:
     void escPresetChosen(const QString &presetId);
     // The user wants to save, rename, update or delete ESC presets.
     void escPresetsRequested();
+    // An end point changed: to be tried on the car at once, not saved.
+    void trimEdited(const tavrix::DriveSettingsDialog::Trim &trim);
+    void trimSaveRequested(const tavrix::DriveSettingsDialog::Trim &trim);
+    // The saved end points are to be put back.
+    void trimRevertRequested();
 
 private:
     QWidget *buildEscPage(const Limits &limits);
     QWidget *buildSafetyPage(const Limits &limits);
     QWidget *buildLimitsPage(const Limits &limits);
+    QWidget *buildSteeringPage(const Limits &limits);
     QSpinBox *spinBox(int minimum, int maximum, QWidget *parent);
     QCheckBox *checkBox(const QString &text, QWidget *parent);
+    // An end point's box: each change is a trimEdited(), not an edited().
+    QSpinBox *trimBox(const Limits &limits, QWidget *parent);
     void emitEdited();
     void updateEnabled();
 
@@ -134,6 +158,11 @@ private:
     QSpinBox *m_decelRate = nullptr;
     QCheckBox *m_spike = nullptr;
     QCheckBox *m_stuck = nullptr;
+    QSpinBox *m_steeringLeft = nullptr;
+    QSpinBox *m_steeringCenter = nullptr;
+    QSpinBox *m_steeringRight = nullptr;
+    QPushButton *m_saveTrim = nullptr;
+    QPushButton *m_revertTrim = nullptr;
     hub::Notice *m_notice = nullptr;
     // The editors that showValues() fills; their signals are held while it does.
     QList<QWidget *> m_inputs;
