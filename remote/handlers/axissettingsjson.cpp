@@ -95,22 +95,24 @@ const std::array<QLatin1String, 3> kCurveNames{"linear"_L1, "exponential"_L1, "l
 const auto kAxes = "axes"_L1;
 const auto kEscModeName = keys::kEscMode;
 
-// A value of the field's kind, clamped; an undefined value when the request's is unusable.
+// A value of the field's kind, clamped; undefined when the request's is missing or unusable
+// (not null, which would be stored and read back as the default, wiping out the field).
 QJsonValue accepted(const Field &field, const QJsonValue &value)
 {
+    const QJsonValue none(QJsonValue::Undefined);
     switch (field.kind) {
     case Kind::Bool:
-        return value.isBool() ? value : QJsonValue();
+        return value.isBool() ? value : none;
     case Kind::Text:
-        return value.isString() ? value : QJsonValue();
+        return value.isString() ? value : none;
     case Kind::Int:
     case Kind::Number:
         if (!value.isDouble())
-            return QJsonValue();
+            return none;
         const double clamped = std::clamp(value.toDouble(), field.min, field.max);
         return field.kind == Kind::Int ? QJsonValue(int(clamped)) : QJsonValue(clamped);
     }
-    return QJsonValue();
+    return none;
 }
 
 template<std::size_t N>
