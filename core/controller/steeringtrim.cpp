@@ -59,6 +59,12 @@ SteeringEndpoints SteeringTrim::saved() const
 
 void SteeringTrim::applyLive(const SteeringEndpoints &endpoints)
 {
+    m_trial = Trial{endpoints, saved(), m_profiles.activeProfileId()};
+    putInForce(endpoints);
+}
+
+void SteeringTrim::putInForce(const SteeringEndpoints &endpoints)
+{
     DriveSettings settings = m_drive.settings();
     settings.steeringLeft = endpoints.left;
     settings.steeringCenter = endpoints.center;
@@ -76,15 +82,31 @@ bool SteeringTrim::save(const SteeringEndpoints &endpoints)
     if (!m_profiles.setSetting(keys::kAxisSettings, axisSettings))
         return false;
     // A store that held them already reads nothing again: the car keeps them either way.
-    applyLive(endpoints);
+    m_trial.reset();
+    putInForce(endpoints);
     return true;
 }
 
 SteeringEndpoints SteeringTrim::revert()
 {
     const SteeringEndpoints endpoints = saved();
-    applyLive(endpoints);
+    m_trial.reset();
+    putInForce(endpoints);
     return endpoints;
+}
+
+void SteeringTrim::carryOver(DriveSettings &next)
+{
+    if (!m_trial)
+        return;
+    if (m_trial->profileId != m_profiles.activeProfileId() ||
+        m_trial->savedUnder != SteeringEndpoints::of(next)) {
+        m_trial.reset();
+        return;
+    }
+    next.steeringLeft = m_trial->endpoints.left;
+    next.steeringCenter = m_trial->endpoints.center;
+    next.steeringRight = m_trial->endpoints.right;
 }
 
 } // namespace tavrix

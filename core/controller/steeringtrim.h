@@ -38,9 +38,11 @@ struct SteeringEndpoints
 };
 
 // Steering trim tried out on the running drive computation before it is saved: the car
-// answers at once, and the next reading of the profile (a save, a reload, a profile
-// switch) puts the saved end points back, so an unsaved trim never outlives the session
-// it was tried in. The remote app and the drive dialog both trim through it.
+// answers at once. A reading of the profile that brings other saved end points, or another
+// profile, puts the saved ones back, so an unsaved trim never outlives the profile it was
+// tried on; a reading for anything else (sensor discovery writes the profile in the first
+// seconds of a drive) keeps the trim being tried. The remote app and the drive dialog both
+// trim through it.
 class SteeringTrim
 {
 public:
@@ -57,10 +59,24 @@ public:
     bool save(const SteeringEndpoints &endpoints);
     // Puts the saved end points back in force and returns them.
     SteeringEndpoints revert();
+    // For settings read from the profile and about to be put in force: keeps the trim being
+    // tried when they were read from the same profile with the same saved end points.
+    void carryOver(DriveSettings &next);
 
 private:
+    void putInForce(const SteeringEndpoints &endpoints);
+
+    // The trim being tried, and the profile and saved end points it was tried over.
+    struct Trial
+    {
+        SteeringEndpoints endpoints;
+        SteeringEndpoints savedUnder;
+        QString profileId;
+    };
+
     DriveComputation &m_drive;
     ProfileManager &m_profiles;
+    std::optional<Trial> m_trial;
 };
 
 } // namespace tavrix

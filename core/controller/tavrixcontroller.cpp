@@ -542,7 +542,9 @@ void TavrixController::reloadSettings()
 void TavrixController::applySettings(bool ledChanged)
 {
     const ProfileSettings &settings = m_profile->settings();
-    if (m_car->drive().setSettings(settings.drive))
+    DriveSettings drive = settings.drive;
+    m_steeringTrim->carryOver(drive);
+    if (m_car->drive().setSettings(drive))
         emit reverseModeChanged(false);
     HelicopterComputation &helicopter = m_helicopter->computation();
     const int rateMode = helicopter.settings().dualRates.activeMode;

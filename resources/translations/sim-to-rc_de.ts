@@ -1451,6 +1451,38 @@
         <source>Manage presets…</source>
         <translation>Vorgaben verwalten…</translation>
     </message>
+    <message>
+        <source>Steering</source>
+        <translation>Lenkung</translation>
+    </message>
+    <message>
+        <source>Full left</source>
+        <translation>Voll links</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Mitte</translation>
+    </message>
+    <message>
+        <source>Full right</source>
+        <translation>Voll rechts</translation>
+    </message>
+    <message>
+        <source>End points</source>
+        <translation>Endpunkte</translation>
+    </message>
+    <message>
+        <source>Each change steers the car at once, unsaved: Save trim keeps it, Revert or closing this dialog puts the saved end points back.</source>
+        <translation>Jede Änderung wirkt sofort auf die Lenkung des Autos, ohne gespeichert zu werden: „Trimmung speichern“ behält sie, „Verwerfen“ oder das Schließen dieses Dialogs stellt die gespeicherten Endpunkte wieder her.</translation>
+    </message>
+    <message>
+        <source>Save trim</source>
+        <translation>Trimmung speichern</translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <translation>Verwerfen</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::ElrsParameterManager</name>
@@ -4224,6 +4256,13 @@
     <message>
         <source>%1, button %2</source>
         <translation>%1, Taste %2</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::SteeringEndpoints</name>
+    <message>
+        <source>Invalid steering trim: left must not exceed center and center must not exceed right</source>
+        <translation>Ungültige Lenkungstrimmung: Links darf nicht größer als die Mitte und die Mitte nicht größer als Rechts sein</translation>
     </message>
 </context>
 <context>

@@ -1451,6 +1451,38 @@
         <source>Manage presets…</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Steering</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Full right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>End points</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Each change steers the car at once, unsaved: Save trim keeps it, Revert or closing this dialog puts the saved end points back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save trim</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Revert</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::ElrsParameterManager</name>
@@ -4218,6 +4250,13 @@
     </message>
     <message>
         <source>%1, button %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::SteeringEndpoints</name>
+    <message>
+        <source>Invalid steering trim: left must not exceed center and center must not exceed right</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

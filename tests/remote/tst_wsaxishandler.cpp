@@ -1,5 +1,6 @@
 #include "handlerrig.h"
 #include "inputdevice.h"
+#include "profilekeys.h"
 #include "wheelforcefeedback.h"
 #include "wsaxishandler.h"
 
@@ -8,6 +9,8 @@
 #include <QSettings>
 #include <QTest>
 
+#include <functional>
+
 using namespace tavrix;
 using namespace tavrix::testing;
 using namespace Qt::StringLiterals;
@@ -15,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Rig = HandlerRig<WsAxisHandler>;
+using ProfileChange = std::function<void(Rig &)>;
 constexpr int kCh1 = 0;
 
 QJsonObject object(const char *json)
@@ -36,6 +40,8 @@ int storedSteeringCenter(const Rig &rig)
 
 } // namespace
 
+Q_DECLARE_METATYPE(ProfileChange)
+
 class TestWsAxisHandler : public QObject
 {
     Q_OBJECT
@@ -46,9 +52,13 @@ private slots:
     void requestValidation();
     void settingsAreClampedAndSaved_data();
     void settingsAreClampedAndSaved();
+    void editKeepsTheSettingsItDoesNotName_data();
+    void editKeepsTheSettingsItDoesNotName();
     void axisMappingWaitsForStop();
     void shifterPressIsAssignedAndPushed();
     void liveTrimMovesChannel1UntilReverted();
+    void liveTrimOutlivesOnlyUnrelatedWrites_data();
+    void liveTrimOutlivesOnlyUnrelatedWrites();
     void wheelFfbRequests_data();
     void wheelFfbRequests();
     void wheelFfbFollowsTheCarAndIsPushed();
@@ -169,6 +179,30 @@ void TestWsAxisHandler::settingsAreClampedAndSaved()
     QCOMPARE(section[key], stored);
 }
 
+void TestWsAxisHandler::editKeepsTheSettingsItDoesNotName_data()
+{
+    QTest::addColumn<QJsonObject>("edit");
+    QTest::newRow("a drive setting") << object(R"({"decelRate":7})");
+    QTest::newRow("one axis") << object(R"({"axes":[{"name":"Brake","deadzone":0.1}]})");
+    QTest::newRow("the steering centre") << object(R"({"steeringCenter":1000})");
+}
+
+void TestWsAxisHandler::editKeepsTheSettingsItDoesNotName()
+{
+    QFETCH(QJsonObject, edit);
+    Rig rig;
+    QVERIFY(rig.setUp());
+    const QJsonObject chosen = object(
+        R"({"escNeutral":1000,"steeringLeft":100,"steeringRight":1900,"axes":[{"name":"Brake","inverted":true}]})");
+    QVERIFY(rig.ask(u"set_axis_settings"_s, chosen)["success"_L1].toBool());
+    QVERIFY(rig.ask(u"set_axis_settings"_s, edit)["success"_L1].toBool());
+    const QJsonObject stored = profileOnDisk(rig)["axisSettings"_L1].toObject();
+    QCOMPARE(stored["escNeutral"_L1].toInt(), 1000);
+    QCOMPARE(stored["steeringLeft"_L1].toInt(), 100);
+    QCOMPARE(stored["steeringRight"_L1].toInt(), 1900);
+    QCOMPARE(stored["Brake"_L1]["inverted"_L1].toBool(), true);
+}
+
 void TestWsAxisHandler::axisMappingWaitsForStop()
 {
     Rig &rig = *m_rig;
@@ -238,6 +272,36 @@ void TestWsAxisHandler::liveTrimMovesChannel1UntilReverted()
     QCOMPARE(storedSteeringCenter(rig), 1100);
     QCOMPARE(rig.ask(u"revert_steering_trim"_s)["data"_L1]["steeringCenter"_L1].toInt(), 1100);
     QTRY_COMPARE(rig.sim.lastChannels()[kCh1], 1100);
+}
+
+// Sensor discovery writes the profile in the first seconds of a drive: a trim being tried
+// stays through that, and ends when the saved end points or the profile change.
+void TestWsAxisHandler::liveTrimOutlivesOnlyUnrelatedWrites_data()
+{
+    QTest::addColumn<ProfileChange>("change");
+    QTest::addColumn<int>("centreInForce");
+    QTest::newRow("another setting written") << ProfileChange([](Rig &rig) {
+        QVERIFY(rig.profiles.setSetting(profilekeys::kTelemetryDiscover, false));
+    }) << 1300;
+    QTest::newRow("the saved end points changed") << ProfileChange([](Rig &rig) {
+        const QJsonObject reply = rig.ask(u"set_axis_settings"_s, object(R"({"steeringCenter":1200})"));
+        QVERIFY2(reply["success"_L1].toBool(), QJsonDocument(reply).toJson().constData());
+    }) << 1200;
+    QTest::newRow("another profile") << ProfileChange([](Rig &rig) {
+        QVERIFY(rig.profiles.setActiveProfile(rig.profiles.createProfile(u"Other"_s)));
+    }) << 1024;
+}
+
+void TestWsAxisHandler::liveTrimOutlivesOnlyUnrelatedWrites()
+{
+    QFETCH(ProfileChange, change);
+    QFETCH(int, centreInForce);
+    Rig rig;
+    QVERIFY(rig.setUp());
+    QVERIFY(
+        rig.ask(u"set_steering_trim_live"_s, object(R"({"steeringCenter":1300})"))["success"_L1].toBool());
+    change(rig);
+    QCOMPARE(rig.controller->steeringTrim().inForce().center, centreInForce);
 }
 
 void TestWsAxisHandler::wheelFfbRequests_data()
