@@ -79,6 +79,26 @@ template<class Dialog> Dialog *openDialog(QWidget *window)
     return it == open.end() ? nullptr : *it;
 }
 
+// A transmitting car whose readings have reached the dashboard, and the tiles dialog opened
+// from it; nothing is chosen yet, so every reading (the car's motion among them) shows.
+struct TilesRig
+{
+    HubRig hub;
+    DashboardPage *dash = nullptr;
+    DashboardSettingsDialog *dialog = nullptr;
+
+    bool open()
+    {
+        dash = hub.showPage<DashboardPage>(u"dashboard"_s);
+        if (!dash || !hub.startCarTransmission() ||
+            !QTest::qWaitFor([this] { return dash->telemetryGrid()->tileCount() > 5; }, 20000))
+            return false;
+        dash->telemetrySettingsButton()->click();
+        dialog = openDialog<DashboardSettingsDialog>(hub.window.get());
+        return dialog;
+    }
+};
+
 using Action = std::function<void(ProfilesDialog &)>;
 using Button = QPushButton *(ProfilesDialog::*)() const;
 
@@ -235,15 +255,11 @@ private slots:
 
     void chosenTilesReachTheProfileAndTheDashboard()
     {
-        HubRig rig;
-        auto *dash = rig.showPage<DashboardPage>(u"dashboard"_s);
-        QVERIFY(dash);
-        QVERIFY(rig.startCarTransmission());
-        // The car's motion arrives with the rest; nothing is chosen yet, so all of it shows.
-        QTRY_VERIFY_WITH_TIMEOUT(dash->telemetryGrid()->tileCount() > 5, 20000);
-        dash->telemetrySettingsButton()->click();
-        auto *dialog = openDialog<DashboardSettingsDialog>(rig.window.get());
-        QVERIFY(dialog);
+        TilesRig tiles;
+        QVERIFY(tiles.open());
+        HubRig &rig = tiles.hub;
+        DashboardPage *dash = tiles.dash;
+        DashboardSettingsDialog *dialog = tiles.dialog;
         QListWidget *list = dialog->tileList();
         const auto item = [list](const QString &key) {
             return list->findItems(key, Qt::MatchExactly).value(0);
@@ -269,14 +285,11 @@ private slots:
 
     void sensorLabelAndDiscoveryReachTheProfileAndTheDashboard()
     {
-        HubRig rig;
-        auto *dash = rig.showPage<DashboardPage>(u"dashboard"_s);
-        QVERIFY(dash);
-        QVERIFY(rig.startCarTransmission());
-        QTRY_VERIFY_WITH_TIMEOUT(dash->telemetryGrid()->tileCount() > 5, 20000);
-        dash->telemetrySettingsButton()->click();
-        auto *dialog = openDialog<DashboardSettingsDialog>(rig.window.get());
-        QVERIFY(dialog);
+        TilesRig tiles;
+        QVERIFY(tiles.open());
+        HubRig &rig = tiles.hub;
+        DashboardPage *dash = tiles.dash;
+        DashboardSettingsDialog *dialog = tiles.dialog;
         QListWidget *list = dialog->tileList();
         const TelemetrySensorBook *book = rig.controller()->telemetrySensors();
         // A reading the car never sent has no label to give; one it sends has.
