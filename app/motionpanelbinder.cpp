@@ -90,7 +90,7 @@ MotionPanelBinder::MotionPanelBinder(MotionPanelPage *page, MotionChooserPage *c
         connection->picker(), ports,
         {[motion] { return motion->isConnected(); }, [motion] { return motion->portName(); },
          [motion](const QString &port, qint32) { motion->connectPort(port); },
-         [motion] { motion->disconnectPort(); }, MotionSystemController::kBaudRate},
+         [motion] { motion->disconnectPort(); }, [] { return MotionSystemController::kBaudRate; }},
         this);
     new VisibleRefresh(
         connection, VehiclePageBinder::kListRefreshInterval, [this] { m_ports->refreshPorts(); }, this);

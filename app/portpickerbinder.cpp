@@ -15,7 +15,7 @@ PortPickerBinder::PortPickerBinder(SerialPortPicker *picker, TavrixController *c
 {
     // The device's own change signals bring the picker up to date; the owner connects them.
     connect(picker, &SerialPortPicker::connectRequested, this, [this](const QString &port) {
-        m_device.connectTo(port, m_picker->baudRate().value_or(m_device.defaultBaudRate));
+        m_device.connectTo(port, m_picker->baudRate().value_or(m_device.baudRate()));
     });
     connect(picker, &SerialPortPicker::disconnectRequested, this, [this] { m_device.disconnect(); });
     refreshPorts();

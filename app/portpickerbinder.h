@@ -23,7 +23,9 @@ public:
         std::function<QString()> portName;
         std::function<void(const QString &port, qint32 baudRate)> connectTo;
         std::function<void()> disconnect;
-        qint32 defaultBaudRate = 115200;
+        // The rate a picker without a baud rate choice connects at: the device's remembered
+        // one, so connecting from such a picker keeps a rate chosen elsewhere.
+        std::function<qint32()> baudRate;
     };
 
     PortPickerBinder(SerialPortPicker *picker, TavrixController *controller, Device device,

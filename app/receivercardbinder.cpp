@@ -52,7 +52,7 @@ ReceiverCardBinder::ReceiverCardBinder(ReceiverCard *card, TavrixController *con
         card->picker(), controller,
         {[port] { return port->isConnected(); }, [port] { return port->portName(); },
          [port](const QString &name, qint32 baudRate) { port->connectReceiver(name, baudRate); },
-         [port] { port->disconnectReceiver(); }, ReceiverPort::kDefaultBaudRate},
+         [port] { port->disconnectReceiver(); }, [port] { return port->rememberedBaudRate(); }},
         this);
     card->picker()->setBaudRates(kBaudRates, port->rememberedBaudRate());
     connect(port, &ReceiverPort::connectedChanged, m_ports, &PortPickerBinder::refreshPorts);

@@ -14,7 +14,7 @@ TransmitterCardBinder::TransmitterCardBinder(TransmitterCard *card, TavrixContro
                             controller->connectTransmitter(port, baudRate);
                         },
                         [controller] { controller->disconnectTransmitter(); },
-                        TransmitterLink::kDefaultBaudRate},
+                        [controller] { return controller->transmitterLink()->rememberedBaudRate(); }},
                        parent)
 {
     connect(controller, &TavrixController::serialConnectedChanged, this,

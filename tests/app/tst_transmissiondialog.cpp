@@ -77,6 +77,13 @@ private slots:
         card->connectButton()->click();
         QVERIFY(rig.controller()->isSerialConnected());
         QCOMPARE(rig.services->profiles()->transmitterBaudRate(), 921600);
+
+        // The car page's own card offers no rate: connecting there keeps the chosen one.
+        dialog->close();
+        rig.controller()->disconnectTransmitter();
+        car->transmitterCard()->connectButton()->click();
+        QVERIFY(rig.controller()->isSerialConnected());
+        QCOMPARE(rig.services->profiles()->transmitterBaudRate(), 921600);
     }
 
     void readListsTheModuleByFolderAndAChoiceReachesIt()
