@@ -164,18 +164,26 @@ HeliCurvesDialogBinder::HeliCurvesDialogBinder(HeliCurvesDialog *dialog, TavrixC
     follow();
 }
 
+QList<int> HeliCurvesDialogBinder::shownPercents(const HelicopterCurve &curve) const
+{
+    // The editor's points sampled from the stored curve, which may hold another number of them
+    // and finer values.
+    const int count = limits().curvePoints;
+    QList<int> percents;
+    for (int point = 0; point < count; ++point)
+        percents.append(int(std::lround(curve.apply(float(point) / float(count - 1)) * 100.0f)));
+    return percents;
+}
+
 void HeliCurvesDialogBinder::show(const HelicopterSettings &settings)
 {
     HelicopterSettings s = settings;
     HeliCurvesDialog::Values v;
-    const int count = limits().curvePoints;
     for (const auto which : {HeliCurvesDialog::PitchCurve, HeliCurvesDialog::ThrottleCurve}) {
         const HelicopterCurve curve = curveOf(s, which);
-        // The editor's points sampled from the stored curve, which may hold another number of them.
         HeliCurvesDialog::CurveValues &shown = v.curves[which];
         shown.enabled = curve.enabled;
-        for (int point = 0; point < count; ++point)
-            shown.percents.append(int(std::lround(curve.apply(float(point) / float(count - 1)) * 100.0f)));
+        shown.percents = shownPercents(curve);
         m_dialog->showShape(which, [curve](double lever) { return double(curve.apply(float(lever))); });
     }
     v.motorChannel = s.motorChannel;
@@ -188,6 +196,10 @@ void HeliCurvesDialogBinder::apply(const HeliCurvesDialog::Values &v)
     for (const auto which : {HeliCurvesDialog::PitchCurve, HeliCurvesDialog::ThrottleCurve}) {
         HelicopterCurve &curve = curveOf(s, which);
         curve.enabled = v.curves[which].enabled;
+        // Points the user left as shown keep the stored curve as it is: rewriting them from the
+        // editor's samples would flatten a curve of more or finer points made elsewhere.
+        if (v.curves[which].percents == shownPercents(curve))
+            continue;
         curve.points.clear();
         for (int percent : v.curves[which].percents)
             curve.points.append(percent / 100.0);

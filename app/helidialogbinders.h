@@ -54,6 +54,7 @@ public:
 private:
     void show(const HelicopterSettings &settings) override;
     void apply(const HeliCurvesDialog::Values &values);
+    [[nodiscard]] QList<int> shownPercents(const HelicopterCurve &curve) const;
 
     HeliCurvesDialog *m_dialog;
 };

@@ -5,6 +5,7 @@
 #include "helicurvesdialog.h"
 #include "heliflydialog.h"
 #include "helipage.h"
+#include "helisettingsbinder.h"
 #include "helisettingsdialog.h"
 #include "hubrig.h"
 #include "inputdevice.h"
@@ -12,6 +13,8 @@
 #include "profilekeys.h"
 
 #include <QCheckBox>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -255,6 +258,32 @@ private slots:
         QVERIFY(!dialog->isLocked());
         edit(dialog);
         QCOMPARE(rig.storedValue(keys::kHelicopterConfig, storedPath), edited);
+    }
+
+    // A curve of more and finer points than the editor's (written by the app or by hand) stays as
+    // it is through an edit of something else in the same dialog.
+    void curveNotTouchedInTheEditorKeepsItsOwnPoints()
+    {
+        FlyingRig rig;
+        QVERIFY(rig.start());
+        QJsonObject config = rig.services->profiles()->setting(keys::kHelicopterConfig).toObject();
+        const QJsonArray finePoints{0.0, 0.105, 0.2, 0.333, 0.45, 0.5, 0.62, 0.8, 1.0};
+        config[keys::kPitchCurve] = QJsonObject{{keys::kEnabled, true}, {keys::kPoints, finePoints}};
+        QVERIFY(rig.services->profiles()->setSetting(keys::kHelicopterConfig, config));
+        auto *dialog = qobject_cast<HeliCurvesDialog *>(rig.open(Curves));
+        QVERIFY(dialog);
+
+        dialog->enabledBox(HeliCurvesDialog::ThrottleCurve)->click();
+        QCOMPARE(rig.storedValue(keys::kHelicopterConfig, u"throttleCurve/enabled"_s), 1.0);
+        for (qsizetype i = 0; i < finePoints.size(); ++i)
+            QCOMPARE(rig.storedValue(keys::kHelicopterConfig, u"pitchCurve/points/%1"_s.arg(i)),
+                     finePoints.at(i).toDouble());
+
+        // A point changed in the editor does take the editor's points.
+        dialog->pointBox(HeliCurvesDialog::PitchCurve, 0)->setValue(10);
+        QCOMPARE(rig.storedValue(keys::kHelicopterConfig, u"pitchCurve/points/0"_s), 0.1);
+        QCOMPARE(rig.controller()->settings().helicopter.pitchCurve.points.size(),
+                 qsizetype(HeliSettingsBinder::limits().curvePoints));
     }
 
     void axisIsFoundByMovingIt()
