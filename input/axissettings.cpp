@@ -97,12 +97,14 @@ QJsonObject AxisSettings::toJson() const
 
 AxisSettings AxisSettings::fromJson(const QJsonObject &object, const QString &name)
 {
+    // A profile comes from a file that may have been edited by hand or imported: every number
+    // is kept to what the computation can take, since these values end up in channels.
     AxisSettings s;
     s.name = name;
-    auto readFloat = [&object](const char *key, float &field) {
+    auto readFloat = [&object](const char *key, float &field, double min, double max) {
         const QJsonValue value = object.value(QLatin1StringView(key));
         if (value.isDouble())
-            field = float(value.toDouble());
+            field = float(std::clamp(value.toDouble(), min, max));
     };
     auto readBool = [&object](const char *key, bool &field) {
         const QJsonValue value = object.value(QLatin1StringView(key));
@@ -110,17 +112,17 @@ AxisSettings AxisSettings::fromJson(const QJsonObject &object, const QString &na
             field = value.toBool();
     };
     readBool("inverted", s.inverted);
-    readFloat("deadzone", s.deadzone);
-    readFloat("minOutput", s.minOutput);
-    readFloat("maxOutput", s.maxOutput);
+    readFloat("deadzone", s.deadzone, 0.0, kDeadzoneMax);
+    readFloat("minOutput", s.minOutput, 0.0, 1.0);
+    readFloat("maxOutput", s.maxOutput, 0.0, 1.0);
     const QJsonValue curve = object.value(QStringLiteral("curve"));
     if (curve.isDouble())
-        s.curve = curve.toInt(s.curve);
-    readFloat("curveExponent", s.curveExponent);
-    readFloat("expo", s.expo);
-    readFloat("inputMin", s.inputMin);
-    readFloat("inputMax", s.inputMax);
-    readFloat("inputCenter", s.inputCenter);
+        s.curve = std::clamp(curve.toInt(s.curve), int(AxisCurve::Linear), int(AxisCurve::Logarithmic));
+    readFloat("curveExponent", s.curveExponent, kExponentMin, kExponentMax);
+    readFloat("expo", s.expo, 0.0, kExpoMax);
+    readFloat("inputMin", s.inputMin, -1.0, 1.0);
+    readFloat("inputMax", s.inputMax, -1.0, 1.0);
+    readFloat("inputCenter", s.inputCenter, -1.0, 1.0);
     readBool("useCalibration", s.useCalibration);
     return s;
 }

@@ -20,6 +20,14 @@ enum class AxisCurve : int
 // ("Steering", "Throttle", "Brake", "Clutch").
 struct AxisSettings
 {
+    // What a profile may hold. Past 0.95 of deadzone a control has no travel left to rescale
+    // (at 1 it divides by zero); the logarithmic curve divides by its exponent; an expo above 1
+    // would turn the middle of the wheel's travel the other way.
+    static constexpr double kDeadzoneMax = 0.95;
+    static constexpr double kExponentMin = 0.1;
+    static constexpr double kExponentMax = 10.0;
+    static constexpr double kExpoMax = 1.0;
+
     QString name;
     bool inverted = false;
     float deadzone = 0.0f;

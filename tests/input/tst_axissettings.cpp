@@ -3,7 +3,10 @@
 #include <QJsonObject>
 #include <QTest>
 
+#include <cmath>
+
 using namespace tavrix;
+using namespace Qt::StringLiterals;
 using Axis = AxisSettings; // rows name only what differs from the defaults
 
 Q_DECLARE_METATYPE(tavrix::AxisSettings)
@@ -134,6 +137,42 @@ private slots:
         expected.name = QStringLiteral("Throttle");
         expected.maxOutput = 0.9f;
         QCOMPARE(read, expected);
+    }
+
+    // A profile edited by hand or imported never gets a value into the computation that it
+    // cannot take: each row would otherwise divide by zero or turn the wheel the wrong way.
+    void outOfRangeValuesAreKeptWithinReach_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<double>("stored");
+        QTest::addColumn<float>("input");
+        QTest::addColumn<float>("expected");
+        // At 0.95 of deadzone the last 5 % of travel spans the whole output.
+        QTest::newRow("deadzone of the whole travel") << u"deadzone"_s << 1.0 << 0.975f << 0.5f;
+        // An expo of 1: 0.5 cubed, still to the right.
+        QTest::newRow("expo past one") << u"expo"_s << 5.0 << 0.5f << 0.125f;
+        QTest::newRow("expo below zero") << u"expo"_s << -2.0 << 0.5f << 0.5f;
+        QTest::newRow("output past full") << u"maxOutput"_s << 3.0 << 1.0f << 1.0f;
+    }
+
+    void outOfRangeValuesAreKeptWithinReach()
+    {
+        QFETCH(QString, key);
+        QFETCH(double, stored);
+        QFETCH(float, input);
+        QFETCH(float, expected);
+        const AxisSettings s = AxisSettings::fromJson(QJsonObject{{key, stored}}, u"Steering"_s);
+        const float out = s.applyBipolar(input);
+        QVERIFY2(qAbs(out - expected) < 1e-4f, qPrintable(QString::number(out)));
+    }
+
+    void curveNumbersOutsideTheKnownOnesReadAsTheNearest()
+    {
+        const AxisSettings s =
+            AxisSettings::fromJson(QJsonObject{{u"curve"_s, 9}, {u"curveExponent"_s, 0.0}}, u"Brake"_s);
+        QCOMPARE(s.curve, int(AxisCurve::Logarithmic));
+        QCOMPARE(s.curveExponent, float(AxisSettings::kExponentMin));
+        QVERIFY(std::isfinite(s.applyUnipolar(0.5f)));
     }
 };
 
