@@ -11,6 +11,7 @@
 #include "tavrixcontroller.h"
 
 #include <array>
+#include <cmath>
 
 namespace tavrix {
 
@@ -41,6 +42,7 @@ AxisEditor::Values valuesOf(const AxisSettings &s)
     v.maxOutput = s.maxOutput;
     v.curve = s.curve;
     v.curveExponent = s.curveExponent;
+    v.expo = s.expo;
     v.useCalibration = s.useCalibration;
     v.inputMin = s.inputMin;
     v.inputCenter = s.inputCenter;
@@ -48,18 +50,30 @@ AxisEditor::Values valuesOf(const AxisSettings &s)
     return v;
 }
 
+// A box still showing the stored value, rounded to its decimals, was not edited: the stored
+// value stays (a captured calibration point is finer than the box shows).
+void takeShown(float &stored, double shown)
+{
+    const double scale = std::pow(10.0, AxisEditor::kShownDecimals);
+    if (std::lround(double(stored) * scale) != std::lround(shown * scale))
+        stored = float(shown);
+}
+
 AxisSettings withValues(AxisSettings s, const AxisEditor::Values &v)
 {
     s.inverted = v.inverted;
-    s.deadzone = float(v.deadzone);
-    s.minOutput = float(v.minOutput);
-    s.maxOutput = float(v.maxOutput);
     s.curve = v.curve;
-    s.curveExponent = float(v.curveExponent);
     s.useCalibration = v.useCalibration;
-    s.inputMin = float(v.inputMin);
-    s.inputCenter = float(v.inputCenter);
-    s.inputMax = float(v.inputMax);
+    const std::array<std::pair<float *, double>, 8> numbers{{{&s.deadzone, v.deadzone},
+                                                             {&s.minOutput, v.minOutput},
+                                                             {&s.maxOutput, v.maxOutput},
+                                                             {&s.curveExponent, v.curveExponent},
+                                                             {&s.expo, v.expo},
+                                                             {&s.inputMin, v.inputMin},
+                                                             {&s.inputCenter, v.inputCenter},
+                                                             {&s.inputMax, v.inputMax}}};
+    for (const auto &[stored, shown] : numbers)
+        takeShown(*stored, shown);
     return s;
 }
 
@@ -105,7 +119,7 @@ AxisEditor::Limits AxisSettingsDialogBinder::limits()
 {
     const AxisSettingsJson::Range deadzone = AxisSettingsJson::range(keys::kDeadzone);
     const AxisSettingsJson::Range exponent = AxisSettingsJson::range(keys::kCurveExponent);
-    return {deadzone.max, exponent.min, exponent.max};
+    return {deadzone.max, exponent.min, exponent.max, AxisSettingsJson::range(keys::kExpo).max};
 }
 
 AxisSettings AxisSettingsDialogBinder::stored(int input) const

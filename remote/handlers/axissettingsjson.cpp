@@ -1,5 +1,6 @@
 #include "axissettingsjson.h"
 
+#include "axissettings.h"
 #include "crsfchannels.h"
 #include "drivesettings.h"
 #include "inputdevice.h"
@@ -38,11 +39,9 @@ struct Field
 constexpr double kChannelMin = crsf::kChannelMin;
 constexpr double kChannelMax = crsf::kChannelMax;
 constexpr double kPercentMax = 100.0;
-// Past 0.95 the pedal has no travel left to rescale (at 1 it divides by zero).
-constexpr double kDeadzoneMax = 0.95;
-// The logarithmic curve divides by its exponent.
-constexpr double kExponentMin = 0.1;
-constexpr double kExponentMax = 10.0;
+constexpr double kDeadzoneMax = AxisSettings::kDeadzoneMax;
+constexpr double kExponentMin = AxisSettings::kExponentMin;
+constexpr double kExponentMax = AxisSettings::kExponentMax;
 // The deceleration step divides by 14 R + 85: keep R where the fall takes 0.9 to 11 s.
 constexpr double kDecelRateMax = 100.0;
 // A ramp longer than two minutes would feel like a broken throttle.
@@ -59,6 +58,11 @@ const std::array<Field, 9> kAxisFields{{
     {keys::kInputMin, Kind::Number, -1.0, 1.0},
     {keys::kInputMax, Kind::Number, -1.0, 1.0},
     {keys::kInputCenter, Kind::Number, -1.0, 1.0},
+}};
+
+// Only the desktop edits these: the remote app's axis objects leave them out.
+const std::array<Field, 1> kDesktopAxisFields{{
+    {keys::kExpo, Kind::Number, 0.0, AxisSettings::kExpoMax},
 }};
 
 const std::array<Field, 15> kDriveFields{{
@@ -190,6 +194,7 @@ std::optional<QJsonObject> AxisSettingsJson::edited(QJsonObject stored, const QJ
         const QJsonObject change = changes.value(name).toObject();
         QJsonObject axis = stored.value(name).toObject();
         takeFields(kAxisFields, axis, change);
+        takeFields(kDesktopAxisFields, axis, change);
         const QJsonValue curve = change.value(keys::kCurve);
         if (curve.isDouble() && curve.toInt() >= 0 && curve.toInt() < kCurveCount)
             axis.insert(keys::kCurve, curve.toInt());
@@ -209,6 +214,8 @@ AxisSettingsJson::Range AxisSettingsJson::range(QLatin1String key)
         return it == fields.end() ? nullptr : &*it;
     };
     const Field *field = find(kAxisFields);
+    if (!field)
+        field = find(kDesktopAxisFields);
     if (!field)
         field = find(kDriveFields);
     if (!field)

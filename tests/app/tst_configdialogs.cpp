@@ -129,6 +129,9 @@ private slots:
         QTest::newRow("steering inverted")
             << Edit([](Dialogs &d) { d.axis.editor(0)->invertedBox()->click(); }) << u"Steering/inverted"_s
             << 1.0 << Applied([](const ProfileSettings &s) { return double(s.axes.steering.inverted); });
+        QTest::newRow("steering expo")
+            << Edit([](Dialogs &d) { d.axis.editor(0)->expoBox()->setValue(0.4); }) << u"Steering/expo"_s
+            << 0.4 << Applied([](const ProfileSettings &s) { return double(s.axes.steering.expo); });
         QTest::newRow("throttle deadzone")
             << Edit([](Dialogs &d) { d.axis.editor(1)->deadzoneBox()->setValue(0.25); })
             << u"Throttle/deadzone"_s << 0.25
@@ -172,16 +175,16 @@ private slots:
         QTest::addColumn<Applied>("applied");
         using Point = AxisEditor::CalibrationPoint;
         QTest::newRow("steering minimum")
-            << 0 << -0.8 << int(Point::Minimum) << u"Steering/inputMin"_s
+            << 0 << -0.813 << int(Point::Minimum) << u"Steering/inputMin"_s
             << Applied([](const ProfileSettings &s) { return double(s.axes.steering.inputMin); });
-        QTest::newRow("steering centre") << 0 << 0.1 << int(Point::Center) << u"Steering/inputCenter"_s
+        QTest::newRow("steering centre") << 0 << 0.107 << int(Point::Center) << u"Steering/inputCenter"_s
                                          << Applied([](const ProfileSettings &s) {
                                                 return double(s.drive.steeringCalibration.inputCenter);
                                             });
         QTest::newRow("throttle ceiling")
-            << 1 << 0.9 << int(Point::Maximum) << u"Throttle/inputMax"_s
+            << 1 << 0.913 << int(Point::Maximum) << u"Throttle/inputMax"_s
             << Applied([](const ProfileSettings &s) { return double(s.axes.throttle.inputMax); });
-        QTest::newRow("brake floor") << 2 << 0.2 << int(Point::Minimum) << u"Brake/inputMin"_s
+        QTest::newRow("brake floor") << 2 << 0.217 << int(Point::Minimum) << u"Brake/inputMin"_s
                                      << Applied([](const ProfileSettings &s) {
                                             return double(s.axes.brake.inputMin);
                                         });
@@ -216,6 +219,10 @@ private slots:
         QCOMPARE(float(rig.storedValue(keys::kAxisSettings, storedPath)), taken);
         QCOMPARE(float(applied(controller->settings())), taken);
         QCOMPARE(dialogs.axis.editor(input)->calibrationBox()->isChecked(), true);
+
+        // A later edit of another setting keeps the point as taken, finer than its box shows it.
+        dialogs.axis.editor(input)->invertedBox()->click();
+        QCOMPARE(float(rig.storedValue(keys::kAxisSettings, storedPath)), taken);
     }
 
     void presetChoiceMapsTheDeviceAndIsSavedForTheProduct_data()

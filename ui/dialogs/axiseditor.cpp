@@ -24,7 +24,7 @@ QDoubleSpinBox *numberBox(double minimum, double maximum, double step, QWidget *
 {
     auto *box = new QDoubleSpinBox(parent);
     box->setRange(minimum, maximum);
-    box->setDecimals(2);
+    box->setDecimals(AxisEditor::kShownDecimals);
     box->setSingleStep(step);
     // One edit when typing is done, not one per key: each edit is saved.
     box->setKeyboardTracking(false);
@@ -75,6 +75,12 @@ QWidget *AxisEditor::buildSettings(const Limits &limits)
     form->addRow(tr("Output to"), m_maxOutput);
     form->addRow(tr("Curve"), m_curve);
     form->addRow(tr("Exponent"), m_exponent);
+    if (m_bipolar) {
+        m_expo = numberBox(0.0, limits.expoMax, 0.05, box);
+        m_expo->setToolTip(tr("Softens the wheel around the centre and keeps full lock at the ends."));
+        form->addRow(tr("Expo"), m_expo);
+        connect(m_expo, &QDoubleSpinBox::valueChanged, this, &AxisEditor::emitEdited);
+    }
     form->addRow(hint(m_bipolar
                           ? tr("The output range moves the centre too: from 0.2 the wheel rests at 0.2.")
                           : tr("A pedal keeps at least a 2% deadzone against rest noise."),
@@ -155,6 +161,7 @@ AxisEditor::Values AxisEditor::values() const
     v.maxOutput = m_maxOutput->value();
     v.curve = m_curve->currentIndex();
     v.curveExponent = m_exponent->value();
+    v.expo = m_expo ? m_expo->value() : 0.0;
     v.useCalibration = m_useCalibration->isChecked();
     v.inputMin = m_inputMin->value();
     v.inputCenter = m_inputCenter->value();
@@ -169,6 +176,10 @@ void AxisEditor::showValues(const Values &v)
     std::vector<std::unique_ptr<QSignalBlocker>> quiet;
     for (QWidget *widget : all)
         quiet.push_back(std::make_unique<QSignalBlocker>(widget));
+    if (m_expo) {
+        quiet.push_back(std::make_unique<QSignalBlocker>(m_expo));
+        m_expo->setValue(v.expo);
+    }
     m_inverted->setChecked(v.inverted);
     m_deadzone->setValue(v.deadzone);
     m_minOutput->setValue(v.minOutput);

@@ -27,7 +27,11 @@ public:
         double deadzoneMax = 1.0;
         double exponentMin = 0.1;
         double exponentMax = 10.0;
+        double expoMax = 1.0;
     };
+    // The number boxes show this many decimals; a stored value finer than that is kept as it
+    // is unless its box is changed.
+    static constexpr int kShownDecimals = 2;
     struct Values
     {
         bool inverted = false;
@@ -36,6 +40,7 @@ public:
         double maxOutput = 1.0;
         int curve = 0;
         double curveExponent = 2.0;
+        double expo = 0.0; // the steering's only
         bool useCalibration = false;
         double inputMin = -1.0;
         double inputCenter = 0.0;
@@ -58,6 +63,8 @@ public:
     QDoubleSpinBox *maxOutputBox() const { return m_maxOutput; }
     QComboBox *curveBox() const { return m_curve; }
     QDoubleSpinBox *exponentBox() const { return m_exponent; }
+    // Null for a pedal.
+    QDoubleSpinBox *expoBox() const { return m_expo; }
     QCheckBox *calibrationBox() const { return m_useCalibration; }
     QPushButton *captureButton(CalibrationPoint point) const;
     CurveGraph *graph() const { return m_graph; }
@@ -90,6 +97,7 @@ private:
     QDoubleSpinBox *m_maxOutput = nullptr;
     QComboBox *m_curve = nullptr;
     QDoubleSpinBox *m_exponent = nullptr;
+    QDoubleSpinBox *m_expo = nullptr;
     QCheckBox *m_useCalibration = nullptr;
     QDoubleSpinBox *m_inputMin = nullptr;
     QDoubleSpinBox *m_inputCenter = nullptr;
