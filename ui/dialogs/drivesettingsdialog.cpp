@@ -194,8 +194,10 @@ QWidget *DriveSettingsDialog::buildLimitsPage(const Limits &limits)
     m_gearLimitWarning =
         new QLabel(tr("Throttle stays at neutral until the shifter's gears are mapped."), page);
     m_gearLimitWarning->setObjectName(QStringLiteral("mutedText"));
+    m_gearLimitWarning->setWordWrap(true);
     hub::setStyleProperty(m_gearLimitWarning, "tone", hub::toneName(hub::Tone::Warning));
     auto *gearLimit = new QHBoxLayout;
+    gearLimit->setSpacing(16);
     gearLimit->addWidget(m_gearLimit);
     gearLimit->addWidget(m_gearLimitWarning, 1);
     form->addRow(QString(), gearLimit);
