@@ -23,7 +23,11 @@ ShifterGearsBinder::ShifterGearsBinder(DriveSettingsDialog *dialog, TavrixContro
 {
     connect(m_view, &ShifterGearsView::detectRequested, this, &ShifterGearsBinder::detect);
     connect(m_view, &ShifterGearsView::clearRequested, this, &ShifterGearsBinder::clear);
-    connect(m_detection, &InputDetection::shifterDetectionStarted, m_view, &ShifterGearsView::showWaiting);
+    // A detection the remote app starts replaces this dialog's, which is then no longer ours to cancel.
+    connect(m_detection, &InputDetection::shifterDetectionStarted, this, [this](int slot) {
+        m_detecting = m_starting;
+        m_view->showWaiting(slot);
+    });
     connect(m_detection, &InputDetection::shifterDetectionResult, this, [this](int slot, int, bool success) {
         m_detecting = false;
         m_view->showDetected(slot, success);
@@ -53,7 +57,9 @@ void ShifterGearsBinder::detect(int slot)
         m_view->showRefusal(slot, refusal);
         return;
     }
-    m_detecting = m_detection->startShifterDetection(slot);
+    m_starting = true;
+    m_detection->startShifterDetection(slot);
+    m_starting = false;
 }
 
 void ShifterGearsBinder::clear(int slot)

@@ -39,6 +39,8 @@ private:
     RepaintThrottle *m_live;
     // A detection started here is still waiting for its gear.
     bool m_detecting = false;
+    // Set while this dialog starts one, to tell its start from the remote app's.
+    bool m_starting = false;
 };
 
 } // namespace tavrix
