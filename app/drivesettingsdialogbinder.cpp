@@ -5,6 +5,7 @@
 #include "profilekeys.h"
 #include "profilemanager.h"
 #include "profilesettings.h"
+#include "shiftergearsbinder.h"
 #include "steeringtrim.h"
 #include "tavrixcontroller.h"
 
@@ -103,6 +104,7 @@ DriveSettingsDialogBinder::DriveSettingsDialogBinder(DriveSettingsDialog *dialog
             &DriveSettingsDialogBinder::showSettings);
     connect(m_profiles, &ProfileManager::escPresetsChanged, this, &DriveSettingsDialogBinder::showEscPresets);
     showSettings();
+    new ShifterGearsBinder(dialog, controller);
 }
 
 DriveSettingsDialog::Limits DriveSettingsDialogBinder::limits()

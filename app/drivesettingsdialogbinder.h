@@ -21,6 +21,7 @@ class TavrixController;
 // The steering end points go through the controller's steering trim, as the remote app's
 // do: each change is tried on the car unsaved, Save writes it into the profile, and Revert,
 // or closing the dialog with a trim it tried and did not save, puts the saved ones back.
+// The Gears tab has a binder of its own (ShifterGearsBinder), made here with this one.
 class DriveSettingsDialogBinder : public QObject
 {
     Q_OBJECT

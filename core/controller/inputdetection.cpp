@@ -47,6 +47,12 @@ bool InputDetection::startShifterDetection(int gearSlot)
     return true;
 }
 
+QString InputDetection::shifterDetectionRefusal() const
+{
+    return m_devices->isConnected(DeviceRole::Shifter) ? QString()
+                                                       : deviceNotConnectedMessage(DeviceRole::Shifter);
+}
+
 void InputDetection::cancelShifterDetection()
 {
     if (!m_shifterWatch->isWatching())

@@ -26,7 +26,12 @@ public:
                    const ButtonPressWatcher::Timings &timings = {}, QObject *parent = nullptr);
 
     // gearSlot 0 neutral, 1 reverse, 2..8 gears 1 to 7; false (and nothing starts) outside.
+    // A detection without a shifter waits out its time (the remote app counts on that);
+    // the window asks shifterDetectionRefusal() first and says why instead.
     bool startShifterDetection(int gearSlot);
+    // Why a detection started now could hear no gear (the shifter's "not connected"
+    // message), or empty while a shifter is connected.
+    [[nodiscard]] QString shifterDetectionRefusal() const;
     // Reports the running detection as unsuccessful.
     void cancelShifterDetection();
     [[nodiscard]] bool isDetectingShifter() const { return m_shifterWatch->isWatching(); }

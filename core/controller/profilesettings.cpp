@@ -10,6 +10,8 @@
 #include <QJsonValue>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace tavrix {
 
 namespace {
@@ -230,6 +232,12 @@ int32_t ShifterMapping::gear(const ButtonSource &shifter) const
             return slot - kFirstGearSlot + 1;
     }
     return 0;
+}
+
+bool ShifterMapping::hasForwardGear() const
+{
+    return std::any_of(buttonIndex.begin() + kFirstGearSlot, buttonIndex.end(),
+                       [](int32_t input) { return input >= 0; });
 }
 
 VehicleType vehicleTypeFromName(const QString &vehicleType)

@@ -55,6 +55,14 @@ struct ShifterMapping
 
     // The engaged gear: -1 reverse, 1..7 forward, 0 when no gear input is pressed.
     [[nodiscard]] int32_t gear(const ButtonSource &shifter) const;
+    // Whether any of gears 1 to 7 has an input; without one the shifter never reports a
+    // forward gear, so per-gear limits hold the throttle at neutral.
+    [[nodiscard]] bool hasForwardGear() const;
+    // The slot that selects a gear as gear() reports it.
+    [[nodiscard]] static constexpr int slotOfGear(int32_t gear)
+    {
+        return gear < 0 ? kReverseSlot : gear == 0 ? 0 : int(gear) + kFirstGearSlot - 1;
+    }
 
     friend bool operator==(const ShifterMapping &, const ShifterMapping &) = default;
 };

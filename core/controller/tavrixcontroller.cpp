@@ -411,6 +411,7 @@ DriveInputs TavrixController::readDriveControls()
     m_steering = inputs.steering;
     m_throttle = inputs.throttle;
     m_brake = inputs.brake;
+    m_gear = inputs.gear;
     return inputs;
 }
 
@@ -418,12 +419,14 @@ void TavrixController::publishInputs()
 {
     const bool moved = movedBeyondEpsilon(m_steering, m_publishedSteering) ||
                        movedBeyondEpsilon(m_throttle, m_publishedThrottle) ||
-                       movedBeyondEpsilon(m_brake, m_publishedBrake) || m_channels != m_publishedChannels;
+                       movedBeyondEpsilon(m_brake, m_publishedBrake) || m_gear != m_publishedGear ||
+                       m_channels != m_publishedChannels;
     if (!moved)
         return;
     m_publishedSteering = m_steering;
     m_publishedThrottle = m_throttle;
     m_publishedBrake = m_brake;
+    m_publishedGear = m_gear;
     m_publishedChannels = m_channels;
     emit inputChanged();
 }

@@ -60,6 +60,7 @@ class TavrixController : public QObject
     Q_PROPERTY(float steering READ steering NOTIFY inputChanged)
     Q_PROPERTY(float throttle READ throttle NOTIFY inputChanged)
     Q_PROPERTY(float brake READ brake NOTIFY inputChanged)
+    Q_PROPERTY(int gear READ gear NOTIFY inputChanged)
     Q_PROPERTY(
         bool autoStartEnabled READ autoStartEnabled WRITE setAutoStartEnabled NOTIFY autoStartEnabledChanged)
 
@@ -98,6 +99,8 @@ public:
     [[nodiscard]] float steering() const { return m_steering; }
     [[nodiscard]] float throttle() const { return m_throttle; }
     [[nodiscard]] float brake() const { return m_brake; }
+    // The shifter's gear as last read (-1 reverse, 0 neutral, 1..7), the one the drive uses.
+    [[nodiscard]] int gear() const { return m_gear; }
     [[nodiscard]] bool isReverseModeActive() const;
     [[nodiscard]] bool isLedPowerOn() const;
 
@@ -256,7 +259,7 @@ private:
     void sendNeutralFrame();
     void safetyStop(const QString &reason);
     bool checkStartPreconditions();
-    // Reads steering, throttle, brake and gear and keeps the first three for the interface.
+    // Reads steering, throttle, brake and gear and keeps them for the interface.
     DriveInputs readDriveControls();
     void publishInputs();
 
@@ -301,9 +304,11 @@ private:
     float m_steering = 0.0f;
     float m_throttle = 0.0f;
     float m_brake = 0.0f;
+    int m_gear = 0;
     float m_publishedSteering = 0.0f;
     float m_publishedThrottle = 0.0f;
     float m_publishedBrake = 0.0f;
+    int m_publishedGear = 0;
 };
 
 } // namespace tavrix

@@ -2,15 +2,22 @@
 // controller transmits to the bridge simulator on a pty: an end point edited there steers
 // the car at once and reaches the profile file only through "Save trim"; Revert and closing
 // the dialog put the saved end points back; end points out of order are refused.
+// Its Gears tab with a virtual shifter: a gear detected or cleared there reaches the file and
+// the gear the controller reads; the Limits tab warns while per-gear limits have no gear.
+#include "buttonmappingeditor.h"
 #include "carpage.h"
 #include "drivesettingsdialog.h"
+#include "drivesettingsdialogbinder.h"
 #include "hubrig.h"
 #include "notice.h"
 #include "profilekeys.h"
+#include "shiftergearsview.h"
 #include "steeringtrim.h"
 
+#include <QCheckBox>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QSpinBox>
@@ -67,10 +74,48 @@ struct TrimRig
     }
 };
 
+// The drive dialog bound the way the window binds it, with a 16-button shifter plugged in
+// and, when asked, opened in its role.
+struct GearsRig
+{
+    HubRig hub;
+    int shifter = hub.backend->addDevice({u"Test Shifter"_s, QString(), 0, 16, 0, false});
+    DriveSettingsDialog dialog{DriveSettingsDialogBinder::limits()};
+
+    explicit GearsRig(bool connected = true)
+    {
+        if (connected)
+            hub.controller()->connectDevice(DeviceRole::Shifter, 0); // the only device plugged in
+        new DriveSettingsDialogBinder(&dialog, hub.controller());
+    }
+    [[nodiscard]] ShifterGearsView *view() const { return dialog.gearsView(); }
+    [[nodiscard]] QList<int> storedMapping() const
+    {
+        const QJsonDocument profile = QJsonDocument::fromJson(hub.activeProfileBytes());
+        QList<int> inputs;
+        for (const QJsonValue input :
+             profile["deviceConnections"_L1]["shifter"_L1]["shifterMapping"_L1]["buttonIndex"_L1].toArray())
+            inputs.append(input.toInt());
+        return inputs;
+    }
+    bool map(const QList<int> &inputs)
+    {
+        ShifterMapping mapping;
+        std::copy(inputs.begin(), inputs.end(), mapping.buttonIndex.begin());
+        return hub.controller()->inputDetection()->setShifterMapping(mapping);
+    }
+};
+
+using GearStep = std::function<void(GearsRig &)>;
+
+// Neutral free, reverse on button 7, 1st on button 3, 3rd on button 10.
+const QList<int> kMapped{-1, 6, 2, -1, 9, -1, -1, -1, -1};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Step)
 Q_DECLARE_METATYPE(Box)
+Q_DECLARE_METATYPE(GearStep)
 
 class TestDriveSettingsDialog : public QObject
 {
@@ -168,6 +213,83 @@ private slots:
         QCOMPARE(rig.dialog->steeringCenterBox()->value(), elsewhere.center);
         QCOMPARE(rig.dialog->steeringRightBox()->value(), elsewhere.right);
         QVERIFY(!rig.dialog->saveTrimButton()->isEnabled());
+    }
+
+    void gearEditReachesTheFileAndTheNextTick_data()
+    {
+        QTest::addColumn<int>("slot");
+        QTest::addColumn<GearStep>("edit");
+        QTest::addColumn<QList<int>>("stored");
+        QTest::addColumn<int>("held"); // the input held afterwards
+        QTest::addColumn<int>("gear"); // and the gear read with it
+        const auto detect = [](int slot, int input) {
+            return GearStep([=](GearsRig &r) {
+                QSignalSpy result(r.hub.controller()->inputDetection(),
+                                  &InputDetection::shifterDetectionResult);
+                r.view()->detectButton(slot)->click();
+                r.hub.backend->setButton(r.shifter, input, true);
+                QVERIFY(result.wait(kTimeout));
+            });
+        };
+        QTest::newRow("reverse detected")
+            << 1 << detect(1, 4) << QList<int>{-1, 4, 2, -1, 9, -1, -1, -1, -1} << 4 << -1;
+        QTest::newRow("5th detected on the input 3rd had")
+            << 6 << detect(6, 9) << QList<int>{-1, 6, 2, -1, -1, -1, 9, -1, -1} << 9 << 5;
+        QTest::newRow("3rd cleared") << 4 << GearStep([](GearsRig &r) { r.view()->clearButton(4)->click(); })
+                                     << QList<int>{-1, 6, 2, -1, -1, -1, -1, -1, -1} << 9 << 0;
+    }
+
+    void gearEditReachesTheFileAndTheNextTick()
+    {
+        QFETCH(int, slot);
+        QFETCH(GearStep, edit);
+        QFETCH(QList<int>, stored);
+        QFETCH(int, held);
+        QFETCH(int, gear);
+        GearsRig rig;
+        QVERIFY(rig.map(kMapped));
+
+        edit(rig);
+
+        QCOMPARE(rig.storedMapping(), stored);
+        QCOMPARE(rig.view()->inputLabel(slot)->text(), ButtonMappingEditor::sourceName(stored.at(slot)));
+        rig.hub.backend->setButton(rig.shifter, held, true);
+        QTRY_COMPARE_WITH_TIMEOUT(rig.hub.controller()->gear(), gear, kTimeout);
+        QTRY_COMPARE_WITH_TIMEOUT(rig.view()->engagedLabel()->text(),
+                                  ShifterGearsView::slotName(ShifterMapping::slotOfGear(gear)), kTimeout);
+    }
+
+    void detectionWithoutShifterSaysWhy()
+    {
+        GearsRig rig(false);
+
+        rig.view()->detectButton(2)->click();
+
+        QVERIFY(!rig.hub.controller()->inputDetection()->isDetectingShifter());
+        QCOMPARE(rig.view()->statusLabel(2)->text(), deviceNotConnectedMessage(DeviceRole::Shifter));
+    }
+
+    void gearLimitsWarnWithoutForwardGear_data()
+    {
+        QTest::addColumn<QList<int>>("mapping");
+        QTest::addColumn<bool>("limits");
+        QTest::addColumn<bool>("warned");
+        QTest::newRow("nothing mapped") << QList<int>() << true << true;
+        QTest::newRow("neutral and reverse only") << QList<int>{5, 6} << true << true;
+        QTest::newRow("7th mapped") << QList<int>{-1, -1, -1, -1, -1, -1, -1, -1, 3} << true << false;
+        QTest::newRow("limits off") << QList<int>() << false << false;
+    }
+
+    void gearLimitsWarnWithoutForwardGear()
+    {
+        QFETCH(QList<int>, mapping);
+        QFETCH(bool, limits);
+        QFETCH(bool, warned);
+        GearsRig rig;
+        rig.dialog.gearLimitBox()->setChecked(limits);
+        QVERIFY(rig.map(mapping));
+        // Hidden on its own, not only with the Limits tab in the background.
+        QCOMPARE(!rig.dialog.gearLimitWarning()->isHidden(), warned);
     }
 };
 

@@ -1,6 +1,8 @@
 #include "drivesettingsdialog.h"
 
 #include "notice.h"
+#include "shiftergearsview.h"
+#include "tone.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -65,6 +67,8 @@ DriveSettingsDialog::DriveSettingsDialog(const Limits &limits, QWidget *parent)
     m_tabs->addTab(buildSafetyPage(limits), tr("Throttle safety"));
     m_tabs->addTab(buildLimitsPage(limits), tr("Limits"));
     m_tabs->addTab(buildSteeringPage(limits), tr("Steering"));
+    m_gears = new ShifterGearsView(this);
+    m_tabs->addTab(m_gears, tr("Gears"));
     column->addWidget(m_tabs, 1);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
@@ -186,8 +190,21 @@ QWidget *DriveSettingsDialog::buildLimitsPage(const Limits &limits)
     form->addRow(tr("Cap"), m_pitValue);
 
     m_gearLimit = checkBox(tr("Per-gear limits"), page);
-    addExplained(form, QString(), m_gearLimit,
-                 tr("Each shifter gear reaches only its share of full throttle; neutral gives none."));
+    // Said next to the switch, not refused: the limits may be set up before the gears are.
+    m_gearLimitWarning =
+        new QLabel(tr("Throttle stays at neutral until the shifter's gears are mapped."), page);
+    m_gearLimitWarning->setObjectName(QStringLiteral("mutedText"));
+    m_gearLimitWarning->setWordWrap(true);
+    hub::setStyleProperty(m_gearLimitWarning, "tone", hub::toneName(hub::Tone::Warning));
+    auto *gearLimit = new QHBoxLayout;
+    gearLimit->setSpacing(16);
+    gearLimit->addWidget(m_gearLimit);
+    gearLimit->addWidget(m_gearLimitWarning, 1);
+    form->addRow(QString(), gearLimit);
+    form->addRow(
+        QString(),
+        explanation(tr("Each shifter gear reaches only its share of full throttle; neutral gives none."),
+                    page));
     auto *gears = new QGridLayout;
     for (int gear = 0; gear < kGears; ++gear) {
         QSpinBox *box = spinBox(0, 100, page);
@@ -328,6 +345,12 @@ void DriveSettingsDialog::showError(const QString &message)
     m_notice->setVisible(!message.isEmpty());
 }
 
+void DriveSettingsDialog::showForwardGearMapped(bool mapped)
+{
+    m_forwardGearMapped = mapped;
+    updateEnabled();
+}
+
 void DriveSettingsDialog::emitEdited()
 {
     updateEnabled();
@@ -348,6 +371,7 @@ void DriveSettingsDialog::updateEnabled()
     m_decelRate->setEnabled(m_smooth->isChecked());
     for (QSpinBox *box : m_gearPercent)
         box->setEnabled(m_gearLimit->isChecked());
+    m_gearLimitWarning->setVisible(m_gearLimit->isChecked() && !m_forwardGearMapped);
 }
 
 } // namespace tavrix

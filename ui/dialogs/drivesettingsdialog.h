@@ -6,6 +6,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QPushButton;
 class QSpinBox;
 class QTabWidget;
@@ -17,9 +18,12 @@ class Notice;
 
 namespace tavrix {
 
+class ShifterGearsView;
+
 // The "drive" dialog: the ESC mode and its preset, soft start, reverse, the per-gear limits,
 // the pit limiter, smooth deceleration and the two throttle protections, each with a line
-// saying what it does, and the steering end points tried on the car before they are saved.
+// saying what it does, the steering end points tried on the car before they are saved, and
+// which shifter input selects each gear.
 // It presents only; the owner stores every edit and shows back what the store kept.
 class DriveSettingsDialog : public QDialog
 {
@@ -100,6 +104,8 @@ public:
     QSpinBox *steeringRightBox() const { return m_steeringRight; }
     QPushButton *saveTrimButton() const { return m_saveTrim; }
     QPushButton *revertTrimButton() const { return m_revertTrim; }
+    ShifterGearsView *gearsView() const { return m_gears; }
+    QLabel *gearLimitWarning() const { return m_gearLimitWarning; }
     hub::Notice *notice() const { return m_notice; }
 
 public slots:
@@ -113,6 +119,9 @@ public slots:
     void showTrim(const tavrix::DriveSettingsDialog::Trim &trim, bool unsaved);
     // Empty hides the notice.
     void showError(const QString &message);
+    // Whether the shifter has an input for any forward gear: per-gear limits without one
+    // keep the throttle at neutral, which the Limits tab then warns about.
+    void showForwardGearMapped(bool mapped);
 
 signals:
     void edited(const tavrix::DriveSettingsDialog::Values &values);
@@ -164,6 +173,9 @@ private:
     QPushButton *m_saveTrim = nullptr;
     QPushButton *m_revertTrim = nullptr;
     hub::Notice *m_notice = nullptr;
+    QLabel *m_gearLimitWarning = nullptr;
+    ShifterGearsView *m_gears = nullptr;
+    bool m_forwardGearMapped = true;
     // The editors that showValues() fills; their signals are held while it does.
     QList<QWidget *> m_inputs;
 };
