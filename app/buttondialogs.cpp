@@ -6,6 +6,7 @@
 #include "drivesettingsdialog.h"
 #include "escpresetsdialog.h"
 #include "escpresetsdialogbinder.h"
+#include "helipage.h"
 #include "hubservices.h"
 #include "profilemanager.h"
 
@@ -26,6 +27,7 @@ void wireButtonDialogs(const DialogWiring &wiring)
         return dialog;
     });
     QObject::connect(wiring.car, &CarPage::buttonsRequested, wiring.context, wiring.opener(kButtonsDialog));
+    QObject::connect(wiring.heli, &HeliPage::buttonsRequested, wiring.context, wiring.opener(kButtonsDialog));
 }
 
 void offerEscPresets(DriveSettingsDialog *drive, ProfileManager *profiles)

@@ -6,6 +6,8 @@
 #include "profilemanager.h"
 #include "tavrixcontroller.h"
 
+#include <algorithm>
+
 namespace tavrix {
 
 namespace {
@@ -80,7 +82,6 @@ ButtonMappingEditor::Limits ButtonMappingsDialogBinder::limits()
     l.valueMin = ButtonMappingBook::kValueMin;
     l.valueMax = ButtonMappingBook::kValueMax;
     l.rateMax = ButtonMappingBook::kRateMax;
-    l.channels = crsf::kChannelCount;
     l.nameLength = ButtonMappingBook::kMaxNameLength;
     return l;
 }
@@ -90,6 +91,9 @@ void ButtonMappingsDialogBinder::showMappings(int selected)
     QList<ButtonMappingsDialog::Mapping> rows;
     for (const ButtonMapping &mapping : m_book->mappings())
         rows.append(shown(mapping));
+    // Switching profiles can switch the vehicle, and with it the channels on offer.
+    const ButtonMappingEngine::ChannelRange channels = m_book->channels();
+    m_dialog->editor()->showChannels(channels.first, channels.last);
     m_dialog->showMappings(rows, selected);
 }
 
@@ -98,8 +102,11 @@ void ButtonMappingsDialogBinder::startPress(int row)
     m_pressFor = row;
     m_dialog->showError(QString());
     m_dialog->showWaitingForPress(true);
-    // The wheel base is the device whose buttons the mappings read on every tick.
-    m_controller->inputDetection()->startButtonDetection(DeviceRole::WheelBase);
+    // The device whose buttons the mappings read on every tick: a car's wheel base, a
+    // helicopter's joystick.
+    const bool helicopter = m_book->vehicle() == VehicleType::Helicopter;
+    m_controller->inputDetection()->startButtonDetection(helicopter ? DeviceRole::HeliJoystick
+                                                                    : DeviceRole::WheelBase);
 }
 
 void ButtonMappingsDialogBinder::cancelPress()
@@ -120,6 +127,9 @@ void ButtonMappingsDialogBinder::takePress(int source, bool success)
     if (row < 0) {
         ButtonMapping mapping;
         mapping.buttonIndex = source;
+        // A new mapping starts on its usual channel, or the nearest one the vehicle offers.
+        const ButtonMappingEngine::ChannelRange channels = m_book->channels();
+        mapping.channel = std::clamp(mapping.channel, channels.first, channels.last);
         const int added = int(m_book->mappings().size());
         change([&] { return m_book->add(mapping); }, added);
         return;

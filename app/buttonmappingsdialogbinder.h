@@ -15,8 +15,8 @@ class TavrixController;
 // Binds one buttons dialog to the active profile's button mappings for as long as the
 // dialog lives. Edits go through the mapping book, whose rules the mobile app's edits meet
 // too, into the profile store, which the controller follows at once; what the store kept,
-// or the refusal, is shown back. Adding waits for the wheel's next press through the
-// controller's button detection.
+// or the refusal, is shown back. Adding waits for the next press on the device the
+// vehicle's mappings read (wheel base or joystick) through the controller's button detection.
 class ButtonMappingsDialogBinder : public QObject
 {
     Q_OBJECT

@@ -53,7 +53,7 @@ void wireConfigurationDialogs(const DialogWiring &wiring);
 void wireFirmwareDialogs(const DialogWiring &wiring);
 // Profiles, opened from the vehicle pages, and the dashboard's tiles, opened from its telemetry card.
 void wireProfileDialogs(const DialogWiring &wiring);
-// Button mappings, opened from the car page's Configure card.
+// Button mappings, opened from the car page's and the heli page's Configure cards.
 void wireButtonDialogs(const DialogWiring &wiring);
 // Lets the drive dialog open the ESC presets it offers, as a dialog of its own above it.
 void offerEscPresets(DriveSettingsDialog *drive, ProfileManager *profiles);

@@ -26,6 +26,19 @@ public:
     static constexpr int kLastCarChannel = 11;
     static constexpr int kFirstHelicopterChannel = 4;
     static constexpr int kLastHelicopterChannel = 15;
+
+    // A span of channels, first..last inclusive.
+    struct ChannelRange
+    {
+        int first;
+        int last;
+        [[nodiscard]] constexpr bool contains(int channel) const
+        {
+            return channel >= first && channel <= last;
+        }
+    };
+    static constexpr ChannelRange kCarChannels{kFirstCarChannel, kLastCarChannel};
+    static constexpr ChannelRange kHelicopterChannels{kFirstHelicopterChannel, kLastHelicopterChannel};
     // CH12 carries the LED strip power unless a mapping owns it.
     static constexpr int kLedPowerChannel = 11;
     // Unified input indexes that can ever be pressed: buttons, hat directions, axis halves.

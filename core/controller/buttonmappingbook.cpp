@@ -30,6 +30,16 @@ ButtonMappingList ButtonMappingBook::mappings() const
     return buttonMappingsFromJson(m_profiles->setting(profilekeys::kButtonMappings).toArray());
 }
 
+VehicleType ButtonMappingBook::vehicle() const
+{
+    return vehicleTypeFromName(m_profiles->vehicleType());
+}
+
+ButtonMappingEngine::ChannelRange ButtonMappingBook::channels() const
+{
+    return channelsOf(vehicle());
+}
+
 bool ButtonMappingBook::add(const ButtonMapping &mapping)
 {
     if (refuseChannel(mapping))
@@ -73,9 +83,15 @@ bool ButtonMappingBook::clear()
 
 bool ButtonMappingBook::refuseChannel(const ButtonMapping &mapping)
 {
-    if (mapping.channel >= kFirstChannel && mapping.channel <= kLastChannel)
+    const ButtonMappingEngine::ChannelRange range = channels();
+    if (range.contains(mapping.channel))
         return false;
-    refuse(tr("Channel must be 2-11 (0-1 reserved for steering/throttle)"));
+    // The channels below the range carry what the vehicle's own computation sends. The mobile
+    // app recognises the car's refusal by its text, so that text stays as it is.
+    const QString rule = vehicle() == VehicleType::Helicopter
+                             ? tr("Channel must be %1-%2 (0-%3 carry the flight controls)")
+                             : tr("Channel must be %1-%2 (0-%3 reserved for steering/throttle)");
+    refuse(rule.arg(range.first).arg(range.last).arg(range.first - 1));
     return true;
 }
 

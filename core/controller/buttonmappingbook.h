@@ -2,6 +2,7 @@
 
 #include "buttonmapping.h"
 #include "buttonmappingengine.h"
+#include "controllertypes.h"
 #include "profilemanager.h"
 
 #include <QObject>
@@ -12,7 +13,8 @@ namespace tavrix {
 class ProfileManager;
 
 // The active profile's button mappings under the rules every editor shares (the window's
-// dialog and the mobile app): a car mapping drives one of the engine's channels, values are
+// dialog and the mobile app): a mapping drives one of the channels the engine evaluates for
+// the profile's vehicle (a car's CH3..CH12, a helicopter's CH5..CH16), values are
 // channel values, the list stays short enough to walk on every tick. Changes are written to
 // the profile store, which the controller follows, so a running car uses them on its next tick.
 // Each refusal emits errorOccurred once and changes nothing; a refused write is reported by
@@ -31,9 +33,6 @@ public:
     static constexpr int kValueMin = crsf::kChannelMin;
     static constexpr int kValueMax = crsf::kChannelMax;
     static constexpr int kRateMax = 10 * (crsf::kChannelMax - crsf::kChannelMin + 1);
-    // The channels a car mapping may be added on: those the engine drives (CH3..CH12).
-    static constexpr int kFirstChannel = ButtonMappingEngine::kFirstCarChannel;
-    static constexpr int kLastChannel = ButtonMappingEngine::kLastCarChannel;
 
     // profiles is not owned and must outlive the book.
     explicit ButtonMappingBook(ProfileManager *profiles, QObject *parent = nullptr);
@@ -44,11 +43,21 @@ public:
     [[nodiscard]] static ButtonMapping clamped(ButtonMapping mapping);
 
     [[nodiscard]] ButtonMappingList mappings() const;
-    // A new mapping, or one put in place of the mapping at index, must drive a car channel.
+    // The channels a vehicle's mappings may be put on: those the engine evaluates for it, as
+    // it leaves every other one alone.
+    [[nodiscard]] static constexpr ButtonMappingEngine::ChannelRange channelsOf(VehicleType vehicle)
+    {
+        return vehicle == VehicleType::Helicopter ? ButtonMappingEngine::kHelicopterChannels
+                                                  : ButtonMappingEngine::kCarChannels;
+    }
+    // The active profile's vehicle, and its channels.
+    [[nodiscard]] VehicleType vehicle() const;
+    [[nodiscard]] ButtonMappingEngine::ChannelRange channels() const;
+    // A new mapping, or one put in place of the mapping at index, must drive one of channels().
     bool add(const ButtonMapping &mapping);
     bool replace(int index, const ButtonMapping &mapping);
     bool remove(int index);
-    // Takes the list as it is (a helicopter's mappings reach CH16, a disabled one has no
+    // Takes the list as it is (a profile of another vehicle, a disabled mapping without a
     // source): the engine ignores what it cannot drive. Only its length is refused.
     bool setAll(const ButtonMappingList &mappings);
     bool clear();

@@ -1,5 +1,6 @@
-// The four helicopter dialogs, opened from the heli page of a real main window, against the
-// real controller transmitting to the bridge simulator with a virtual joystick and throttle.
+// The helicopter dialogs and the button mappings, opened from the heli page of a real main window,
+// against the real controller transmitting to the bridge simulator with a virtual joystick and throttle.
+#include "buttonmappingsdialog.h"
 #include "heliarmingdialog.h"
 #include "heliconfigdialog.h"
 #include "helicurvesdialog.h"
@@ -17,6 +18,7 @@
 #include <QJsonObject>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTableWidget>
 
 #include <functional>
 
@@ -34,7 +36,8 @@ enum Button
     Controls,
     Rates,
     Curves,
-    Arming
+    Arming,
+    Buttons
 };
 constexpr int kRollSlot = 0;       // the joystick's x axis in a new profile
 constexpr int kCollectiveSlot = 2; // the throttle device's axis
@@ -284,6 +287,59 @@ private slots:
         QCOMPARE(rig.storedValue(keys::kHelicopterConfig, u"pitchCurve/points/0"_s), 0.1);
         QCOMPARE(rig.controller()->settings().helicopter.pitchCurve.points.size(),
                  qsizetype(HeliSettingsBinder::limits().curvePoints));
+    }
+
+    // The joystick's buttons drive CH5..CH16: the one pressed in the dialog becomes a mapping that
+    // the next helicopter tick sends on the channel chosen for it.
+    void mappingAddedByPressingTheStickDrivesItsChannel_data()
+    {
+        QTest::addColumn<int>("entry"); // of the channel list; -1 keeps the channel it was added on
+        QTest::addColumn<int>("channel");
+        QTest::newRow("as added, CH5") << -1 << 4;
+        QTest::newRow("moved to CH16") << 11 << 15;
+    }
+
+    void mappingAddedByPressingTheStickDrivesItsChannel()
+    {
+        QFETCH(int, entry);
+        QFETCH(int, channel);
+        constexpr int kButton = 7;
+        FlyingRig rig;
+        QVERIFY(rig.start());
+        QPushButton *buttons = rig.page->configureButtons().value(Buttons);
+        QVERIFY(buttons);
+        buttons->click();
+        auto *dialog = rig.window->findChild<ButtonMappingsDialog *>();
+        QVERIFY(dialog);
+        QComboBox *channels = dialog->editor()->channelBox();
+        QCOMPARE(channels->count(), 12);
+        QCOMPARE(channels->itemData(0).toInt(), 4);
+        const InputDevice *stick = rig.controller()->devices()->device(DeviceRole::HeliJoystick);
+        const auto press = [&](bool down) {
+            rig.backend->setButton(rig.firstDevice, kButton, down);
+            QTRY_COMPARE_WITH_TIMEOUT(stick->isPressed(kButton), down, 10000);
+        };
+
+        dialog->addButton()->click();
+        press(true);
+        QTRY_VERIFY_WITH_TIMEOUT(!dialog->isWaitingForPress(), 15000);
+        press(false);
+        QCOMPARE(dialog->table()->rowCount(), 1);
+        if (entry >= 0)
+            choose(channels, entry);
+
+        QVERIFY(dialog->notice()->text().isEmpty());
+        const QJsonObject saved = QJsonDocument::fromJson(rig.activeProfileBytes())
+                                      .object()
+                                      .value(keys::kButtonMappings)[0]
+                                      .toObject();
+        QCOMPARE(saved.value(keys::kButtonIndex).toInt(), kButton);
+        QCOMPARE(saved.value(keys::kChannel).toInt(), channel);
+        press(true);
+        QTRY_COMPARE_WITH_TIMEOUT(rig.sim.lastChannels()[channel], 2047, 10000);
+        press(false);
+        QTRY_COMPARE_WITH_TIMEOUT(rig.sim.lastChannels()[channel], 0, 10000);
+        QVERIFY(rig.controller()->isRunning());
     }
 
     void axisIsFoundByMovingIt()

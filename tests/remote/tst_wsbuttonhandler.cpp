@@ -36,43 +36,63 @@ private slots:
 
 void TestWsButtonHandler::validation_data()
 {
+    QTest::addColumn<QString>("vehicle");
     QTest::addColumn<QString>("event");
     QTest::addColumn<QByteArray>("data");
     QTest::addColumn<QString>("message"); // empty: accepted
 
+    const QString car = QStringLiteral("rc_car");
+    const QString heli = QStringLiteral("rc_helicopter");
     const QString add = QStringLiteral("action_add_button_mapping");
     const QString remove = QStringLiteral("action_remove_button_mapping");
-    const QString channel = QStringLiteral("Channel must be 2-11 (0-1 reserved for steering/throttle)");
-    QTest::newRow("button checked before channel") << add << QByteArray(R"({"buttonIndex":-1,"channel":1})")
-                                                   << QStringLiteral("Missing 'buttonIndex' parameter");
-    QTest::newRow("add without channel") << add << QByteArray(R"({"buttonIndex":0})") << channel;
-    QTest::newRow("channel 1") << add << QByteArray(R"({"buttonIndex":0,"channel":1})") << channel;
-    QTest::newRow("channel 2") << add << QByteArray(R"({"buttonIndex":0,"channel":2})") << QString();
-    QTest::newRow("channel 11") << add << QByteArray(R"({"buttonIndex":0,"channel":11})") << QString();
-    QTest::newRow("channel 12") << add << QByteArray(R"({"buttonIndex":0,"channel":12})") << channel;
+    // The mobile app knows the car's refusal by this text.
+    const QString carChannel = QStringLiteral("Channel must be 2-11 (0-1 reserved for steering/throttle)");
+    const QString heliChannel = QStringLiteral("Channel must be 4-15 (0-3 carry the flight controls)");
+    QTest::newRow("button checked before channel")
+        << car << add << QByteArray(R"({"buttonIndex":-1,"channel":1})")
+        << QStringLiteral("Missing 'buttonIndex' parameter");
+    QTest::newRow("add without channel") << car << add << QByteArray(R"({"buttonIndex":0})") << carChannel;
+    QTest::newRow("car channel 1") << car << add << QByteArray(R"({"buttonIndex":0,"channel":1})")
+                                   << carChannel;
+    QTest::newRow("car channel 2") << car << add << QByteArray(R"({"buttonIndex":0,"channel":2})")
+                                   << QString();
+    QTest::newRow("car channel 11") << car << add << QByteArray(R"({"buttonIndex":0,"channel":11})")
+                                    << QString();
+    QTest::newRow("car channel 12") << car << add << QByteArray(R"({"buttonIndex":0,"channel":12})")
+                                    << carChannel;
+    QTest::newRow("heli channel 3") << heli << add << QByteArray(R"({"buttonIndex":0,"channel":3})")
+                                    << heliChannel;
+    QTest::newRow("heli channel 4") << heli << add << QByteArray(R"({"buttonIndex":0,"channel":4})")
+                                    << QString();
+    QTest::newRow("heli channel 15") << heli << add << QByteArray(R"({"buttonIndex":0,"channel":15})")
+                                     << QString();
+    QTest::newRow("heli channel 16") << heli << add << QByteArray(R"({"buttonIndex":0,"channel":16})")
+                                     << heliChannel;
 
     QTest::newRow("remove without index")
-        << remove << QByteArray("{}") << QStringLiteral("Missing or invalid 'index' parameter");
-    QTest::newRow("remove -1") << remove << QByteArray(R"({"index":-1})")
+        << car << remove << QByteArray("{}") << QStringLiteral("Missing or invalid 'index' parameter");
+    QTest::newRow("remove -1") << car << remove << QByteArray(R"({"index":-1})")
                                << QStringLiteral("Index -1 out of range (count: 1)");
     QTest::newRow("remove past the end")
-        << remove << QByteArray(R"({"index":1})") << QStringLiteral("Index 1 out of range (count: 1)");
-    QTest::newRow("remove 0") << remove << QByteArray(R"({"index":0})") << QString();
+        << car << remove << QByteArray(R"({"index":1})") << QStringLiteral("Index 1 out of range (count: 1)");
+    QTest::newRow("remove 0") << car << remove << QByteArray(R"({"index":0})") << QString();
 
     const QString set = QStringLiteral("set_button_mappings");
-    QTest::newRow("set an object") << set << QByteArray(R"({"mappings":{}})")
+    QTest::newRow("set an object") << car << set << QByteArray(R"({"mappings":{}})")
                                    << QStringLiteral("Missing 'mappings' array");
-    QTest::newRow("set 64") << set << manyMappings(64) << QString();
-    QTest::newRow("set 65") << set << manyMappings(65) << QStringLiteral("Too many button mappings (max 64)");
+    QTest::newRow("set 64") << car << set << manyMappings(64) << QString();
+    QTest::newRow("set 65") << car << set << manyMappings(65)
+                            << QStringLiteral("Too many button mappings (max 64)");
 }
 
 void TestWsButtonHandler::validation()
 {
+    QFETCH(QString, vehicle);
     QFETCH(QString, event);
     QFETCH(QByteArray, data);
     QFETCH(QString, message);
     HandlerRig<WsButtonHandler> rig;
-    QVERIFY(rig.setUp());
+    QVERIFY(rig.setUp(vehicle));
     QVERIFY(
         rig.profiles.setSetting(QStringLiteral("buttonMappings"), QJsonArray{json(R"({"buttonIndex":3})")}));
     const QJsonObject before = rig.profiles.activeProfile();

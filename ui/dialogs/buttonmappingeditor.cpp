@@ -70,9 +70,8 @@ ButtonMappingEditor::ButtonMappingEditor(const Limits &limits, QWidget *parent)
     m_inputs.append(m_behaviour);
     m_form->addRow(tr("Behaviour"), m_behaviour);
 
+    // Filled by showChannels(), for the vehicle of the profile shown.
     m_channel = new QComboBox(this);
-    for (int channel = 0; channel < limits.channels; ++channel)
-        m_channel->addItem(tr("CH%1").arg(channel + 1), channel);
     connect(m_channel, &QComboBox::activated, this, &ButtonMappingEditor::emitEdited);
     m_inputs.append(m_channel);
     m_form->addRow(tr("Channel"), m_channel);
@@ -196,6 +195,16 @@ bool ButtonMappingEditor::isShown(QWidget *field) const
     return m_form->isRowVisible(field);
 }
 
+void ButtonMappingEditor::showChannels(int first, int last)
+{
+    if (m_channel->count() == last - first + 1 && m_channel->itemData(0).toInt() == first)
+        return;
+    const QSignalBlocker quiet(m_channel);
+    m_channel->clear();
+    for (int channel = first; channel <= last; ++channel)
+        m_channel->addItem(tr("CH%1").arg(channel + 1), channel);
+}
+
 void ButtonMappingEditor::showValues(const Values &v)
 {
     std::vector<std::unique_ptr<QSignalBlocker>> quiet;
@@ -205,7 +214,8 @@ void ButtonMappingEditor::showValues(const Values &v)
     m_name->setModified(false);
     m_source->setCurrentIndex(std::max(0, m_source->findData(v.source)));
     m_behaviour->setCurrentIndex(std::max(0, m_behaviour->findData(int(v.behaviour))));
-    // A stored channel outside the list (a hand-edited file) shows as the first one.
+    // A stored channel outside the list (a hand-edited file, or a profile that changed its
+    // vehicle) shows as the first one.
     m_channel->setCurrentIndex(std::max(0, m_channel->findData(v.channel)));
     m_pressed->setValue(v.pressedValue);
     m_start->setValue(v.startValue);

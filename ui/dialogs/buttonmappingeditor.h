@@ -33,7 +33,6 @@ public:
         int valueMin = 0;
         int valueMax = 2047;
         int rateMax = 20480;
-        int channels = 16;
         int nameLength = 64;
     };
     struct Values
@@ -75,6 +74,9 @@ public:
     [[nodiscard]] bool isShown(QWidget *field) const;
 
 public slots:
+    // Offers channels first..last (CH1 = 0) only, those the vehicle's mappings may drive.
+    // Call showValues() after a change: the list loses its choice.
+    void showChannels(int first, int last);
     // Shows the stored values without echoing them back as an edit.
     void showValues(const tavrix::ButtonMappingEditor::Values &values);
 

@@ -16,7 +16,7 @@ namespace tavrix {
 
 // The "buttons" dialog: the active profile's button mappings as a list (control, behaviour,
 // channel, what it sends) beside the editor of the selected one. A mapping is added by
-// pressing its control on the wheel; the dialog then waits, cancellably, for the press.
+// pressing its control on the wheel or the joystick; the dialog then waits, cancellably, for the press.
 // It presents only; the owner stores every edit and shows back what the store kept.
 class ButtonMappingsDialog : public QDialog
 {

@@ -49,6 +49,7 @@ QWidget *HeliPage::buildConfigureCard()
         {tr("Rates and feel"), &HeliPage::ratesSettingsRequested},
         {tr("Pitch and throttle curves"), &HeliPage::curvesSettingsRequested},
         {tr("Arming and safety"), &HeliPage::armingSettingsRequested},
+        {tr("Button mappings"), &HeliPage::buttonsRequested},
     };
     for (int i = 0; i < editors.size(); ++i) {
         auto *button = new QPushButton(editors.at(i).first, card);

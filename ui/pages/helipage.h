@@ -26,7 +26,7 @@ public:
     static QList<DevicePickerCard::Role> deviceRoles();
 
     DevicePickerCard *controlsCard() const { return m_controls; }
-    // The buttons that open the settings dialogs: controls, rates, curves, arming.
+    // The buttons that open the settings dialogs: controls, rates, curves, arming, button mappings.
     QList<QPushButton *> configureButtons() const { return m_configureButtons; }
     QPushButton *armButton() const { return m_arm; }
     // The buttons of rate modes 0, 1 and 2.
@@ -55,6 +55,7 @@ signals:
     void ratesSettingsRequested();
     void curvesSettingsRequested();
     void armingSettingsRequested();
+    void buttonsRequested();
 
 private:
     QWidget *buildConfigureCard();
