@@ -499,6 +499,14 @@
         <source>Output —</source>
         <translation>Ausgabe —</translation>
     </message>
+    <message>
+        <source>Softens the wheel around the centre and keeps full lock at the ends.</source>
+        <translation>Macht das Lenkrad um die Mitte weicher und behält den vollen Einschlag an den Enden.</translation>
+    </message>
+    <message>
+        <source>Expo</source>
+        <translation>Expo</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::AxisSettingsDialog</name>
@@ -558,12 +566,16 @@
         <translation>Zu viele Tastenbelegungen (höchstens %1)</translation>
     </message>
     <message>
-        <source>Channel must be 2-11 (0-1 reserved for steering/throttle)</source>
-        <translation>Der Kanal muss zwischen 2 und 11 liegen (0-1 sind für Lenkung/Gas reserviert)</translation>
-    </message>
-    <message>
         <source>Index %1 out of range (count: %2)</source>
         <translation>Index %1 außerhalb des Bereichs (Anzahl: %2)</translation>
+    </message>
+    <message>
+        <source>Channel must be %1-%2 (0-%3 carry the flight controls)</source>
+        <translation>Der Kanal muss zwischen %1 und %2 liegen (0-%3 tragen die Flugsteuerung)</translation>
+    </message>
+    <message>
+        <source>Channel must be %1-%2 (0-%3 reserved for steering/throttle)</source>
+        <translation>Der Kanal muss zwischen %1 und %2 liegen (0-%3 sind für Lenkung/Gas reserviert)</translation>
     </message>
 </context>
 <context>
@@ -1483,6 +1495,14 @@
         <source>Revert</source>
         <translation>Verwerfen</translation>
     </message>
+    <message>
+        <source>Gears</source>
+        <translation>Gänge</translation>
+    </message>
+    <message>
+        <source>Throttle stays at neutral until the shifter&apos;s gears are mapped.</source>
+        <translation>Das Gas bleibt auf Neutral, bis die Gänge des Schalthebels zugeordnet sind.</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::ElrsParameterManager</name>
@@ -2169,6 +2189,10 @@
     <message>
         <source>Arming and safety</source>
         <translation>Scharfschalten und Sicherheit</translation>
+    </message>
+    <message>
+        <source>Button mappings</source>
+        <translation>Tastenbelegung</translation>
     </message>
 </context>
 <context>
@@ -4256,6 +4280,73 @@
     <message>
         <source>%1, button %2</source>
         <translation>%1, Taste %2</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ShifterGearsView</name>
+    <message>
+        <source>Neutral</source>
+        <translation>Neutral</translation>
+    </message>
+    <message>
+        <source>Reverse</source>
+        <translation>Rückwärts</translation>
+    </message>
+    <message>
+        <source>1st</source>
+        <translation>1. Gang</translation>
+    </message>
+    <message>
+        <source>2nd</source>
+        <translation>2. Gang</translation>
+    </message>
+    <message>
+        <source>3rd</source>
+        <translation>3. Gang</translation>
+    </message>
+    <message>
+        <source>4th</source>
+        <translation>4. Gang</translation>
+    </message>
+    <message>
+        <source>5th</source>
+        <translation>5. Gang</translation>
+    </message>
+    <message>
+        <source>6th</source>
+        <translation>6. Gang</translation>
+    </message>
+    <message>
+        <source>7th</source>
+        <translation>7. Gang</translation>
+    </message>
+    <message>
+        <source>Engaged now:</source>
+        <translation>Jetzt eingelegt:</translation>
+    </message>
+    <message>
+        <source>Detect waits for you to engage that gear on the shifter and assigns it. Without gears the shifter always reads neutral.</source>
+        <translation>„Erkennen“ wartet, bis Sie diesen Gang am Schalthebel einlegen, und ordnet ihn zu. Ohne Gänge meldet der Schalthebel immer Neutral.</translation>
+    </message>
+    <message>
+        <source>Detect</source>
+        <translation>Erkennen</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Engage this gear now…</source>
+        <translation>Legen Sie diesen Gang jetzt ein…</translation>
+    </message>
+    <message>
+        <source>Detected</source>
+        <translation>Erkannt</translation>
+    </message>
+    <message>
+        <source>No gear engaged in time</source>
+        <translation>Kein Gang rechtzeitig eingelegt</translation>
     </message>
 </context>
 <context>

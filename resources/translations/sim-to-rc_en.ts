@@ -499,6 +499,14 @@
         <source>Output —</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Softens the wheel around the centre and keeps full lock at the ends.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Expo</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::AxisSettingsDialog</name>
@@ -558,11 +566,15 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Channel must be 2-11 (0-1 reserved for steering/throttle)</source>
+        <source>Index %1 out of range (count: %2)</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Index %1 out of range (count: %2)</source>
+        <source>Channel must be %1-%2 (0-%3 carry the flight controls)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Channel must be %1-%2 (0-%3 reserved for steering/throttle)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1483,6 +1495,14 @@
         <source>Revert</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Gears</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle stays at neutral until the shifter&apos;s gears are mapped.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::ElrsParameterManager</name>
@@ -2168,6 +2188,10 @@
     </message>
     <message>
         <source>Arming and safety</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Button mappings</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -4250,6 +4274,73 @@
     </message>
     <message>
         <source>%1, button %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::ShifterGearsView</name>
+    <message>
+        <source>Neutral</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Reverse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>1st</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>2nd</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>3rd</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>4th</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>5th</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>6th</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>7th</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Engaged now:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Detect waits for you to engage that gear on the shifter and assigns it. Without gears the shifter always reads neutral.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Detect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Engage this gear now…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Detected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No gear engaged in time</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
