@@ -127,9 +127,7 @@ void ButtonMappingsDialogBinder::takePress(int source, bool success)
     if (row < 0) {
         ButtonMapping mapping;
         mapping.buttonIndex = source;
-        // A new mapping starts on its usual channel, or the nearest one the vehicle offers.
-        const ButtonMappingEngine::ChannelRange channels = m_book->channels();
-        mapping.channel = std::clamp(mapping.channel, channels.first, channels.last);
+        mapping.channel = newMappingChannel(mapping.channel);
         const int added = int(m_book->mappings().size());
         change([&] { return m_book->add(mapping); }, added);
         return;
@@ -137,6 +135,23 @@ void ButtonMappingsDialogBinder::takePress(int source, bool success)
     ButtonMappingsDialog::Mapping values = shown(m_book->mappings().value(row));
     values.source = source;
     edit(row, values);
+}
+
+int ButtonMappingsDialogBinder::newMappingChannel(int usual) const
+{
+    // The usual channel, or the nearest one the vehicle offers; on a helicopter, the first from
+    // there that no flight function, arm switch or motor is sent on, since those win the channel
+    // and the new mapping would seem to do nothing.
+    const ButtonMappingEngine::ChannelRange channels = m_book->channels();
+    const int start = std::clamp(usual, channels.first, channels.last);
+    if (m_book->vehicle() != VehicleType::Helicopter)
+        return start;
+    const HelicopterSettings &flight = m_controller->settings().helicopter;
+    for (int channel = start; channel <= channels.last; ++channel) {
+        if (!flight.sendsOnChannel(channel))
+            return channel;
+    }
+    return start;
 }
 
 void ButtonMappingsDialogBinder::edit(int row, const ButtonMappingsDialog::Mapping &mapping)

@@ -34,6 +34,7 @@ private:
     void startPress(int row);
     void cancelPress();
     void takePress(int source, bool success);
+    [[nodiscard]] int newMappingChannel(int usual) const;
     void edit(int row, const ButtonMappingsDialog::Mapping &mapping);
     void remove(int row);
     // Runs one change of the book and shows its refusal (or the store's), then what is stored.

@@ -48,14 +48,9 @@ QList<int> HelicopterSettings::pedalsCentredSlots() const
     return {inputs.pedals.axis};
 }
 
-QString HelicopterSettings::sharedChannelRefusal() const
+std::array<HelicopterSettings::SentFunction, 6> HelicopterSettings::sentFunctions() const
 {
-    struct Sent
-    {
-        QString name;
-        int32_t channel;
-    };
-    const std::array<Sent, 6> functions{{
+    return {{
         {tr("Roll"), channels.roll},
         {tr("Pitch"), channels.pitch},
         {tr("Collective"), channels.throttle},
@@ -63,6 +58,18 @@ QString HelicopterSettings::sharedChannelRefusal() const
         {tr("Arm switch"), arm.enabled ? arm.channel : kUnassigned},
         {tr("Motor"), throttleCurve.enabled ? motorChannel : kUnassigned},
     }};
+}
+
+bool HelicopterSettings::sendsOnChannel(int32_t channel) const
+{
+    const auto functions = sentFunctions();
+    return channel >= 0 && std::any_of(functions.begin(), functions.end(),
+                                       [channel](const SentFunction &f) { return f.channel == channel; });
+}
+
+QString HelicopterSettings::sharedChannelRefusal() const
+{
+    const auto functions = sentFunctions();
     for (std::size_t i = 0; i < functions.size(); ++i) {
         for (std::size_t j = i + 1; j < functions.size(); ++j) {
             const int32_t channel = functions[i].channel;

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QString>
 
+#include <array>
 #include <cstdint>
 
 namespace tavrix {
@@ -162,10 +163,20 @@ struct HelicopterSettings
     // write the same channel, and the last one written would silently win. Empty when
     // every sent function has a channel of its own.
     [[nodiscard]] QString sharedChannelRefusal() const;
+    // Whether one of those sent functions writes this channel (0-based).
+    [[nodiscard]] bool sendsOnChannel(int32_t channel) const;
 
     friend bool operator==(const HelicopterSettings &, const HelicopterSettings &) = default;
 
     Q_DECLARE_TR_FUNCTIONS(HelicopterSettings)
+
+private:
+    struct SentFunction
+    {
+        QString name;
+        int32_t channel;
+    };
+    [[nodiscard]] std::array<SentFunction, 6> sentFunctions() const;
 };
 
 } // namespace tavrix

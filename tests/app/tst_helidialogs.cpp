@@ -295,17 +295,30 @@ private slots:
     {
         QTest::addColumn<int>("entry"); // of the channel list; -1 keeps the channel it was added on
         QTest::addColumn<int>("channel");
-        QTest::newRow("as added, CH5") << -1 << 4;
-        QTest::newRow("moved to CH16") << 11 << 15;
+        QTest::addColumn<bool>("armSwitch"); // on, on CH5
+        QTest::newRow("as added, CH5") << -1 << 4 << false;
+        QTest::newRow("moved to CH16") << 11 << 15 << false;
+        // The arm switch would win CH5: the mapping starts on the next free channel.
+        QTest::newRow("as added past the arm switch, CH6") << -1 << 5 << true;
     }
 
     void mappingAddedByPressingTheStickDrivesItsChannel()
     {
         QFETCH(int, entry);
         QFETCH(int, channel);
+        QFETCH(bool, armSwitch);
         constexpr int kButton = 7;
         FlyingRig rig;
         QVERIFY(rig.start());
+        if (armSwitch) {
+            QJsonObject config = rig.services->profiles()->setting(keys::kHelicopterConfig).toObject();
+            QJsonObject arm = config.value(keys::kArm).toObject();
+            arm[keys::kEnabled] = true;
+            arm[keys::kChannel] = 4;
+            config[keys::kArm] = arm;
+            QVERIFY(rig.services->profiles()->setSetting(keys::kHelicopterConfig, config));
+            QVERIFY(rig.controller()->settings().helicopter.sendsOnChannel(4));
+        }
         QPushButton *buttons = rig.page->configureButtons().value(Buttons);
         QVERIFY(buttons);
         buttons->click();
