@@ -2,6 +2,7 @@
 
 #include "devicepickercard.h"
 #include "inputdevice.h"
+#include "profilemanager.h"
 #include "tavrixcontroller.h"
 
 namespace tavrix {
@@ -71,8 +72,11 @@ void DevicePickerBinder::choose(const QString &key, int deviceIndex)
         if (entry.key != key)
             continue;
         // A refused or failed open reports itself through the controller's errorOccurred.
+        // "None" is a choice: the profile forgets the device too, so it does not come back on
+        // the next start or profile switch.
         if (deviceIndex < 0) {
             m_controller->disconnectDevice(entry.role);
+            m_controller->profileManager()->setDeviceIdentity(entry.role, {});
             continue;
         }
         // The list may be older than the last plug or unplug: open the controller that was

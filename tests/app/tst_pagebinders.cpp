@@ -126,9 +126,12 @@ private slots:
         QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("wheel")), 0);
         QCOMPARE(car->deviceCard()->currentDevice(QStringLiteral("pedals")), 1);
 
-        // Choosing "None" closes the role again.
+        // Choosing "None" closes the role again, and for good: only the wheel comes back.
         pick(car->deviceCard()->picker(QStringLiteral("pedals")), 0);
         QVERIFY(!rig.controller()->devices()->isConnected(DeviceRole::Pedals));
+        rig.controller()->reconnectSavedDevices();
+        QVERIFY(!rig.controller()->devices()->isConnected(DeviceRole::Pedals));
+        QVERIFY(rig.controller()->devices()->isConnected(DeviceRole::WheelBase));
 
         car->transmitterCard()->connectButton()->click();
         QVERIFY(!rig.controller()->isSerialConnected());
