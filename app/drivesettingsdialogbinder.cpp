@@ -127,11 +127,19 @@ void DriveSettingsDialogBinder::showSettings()
 
 void DriveSettingsDialogBinder::showEscPresets()
 {
+    const QJsonObject stored = m_profiles->setting(keys::kAxisSettings).toObject();
+    const QString storedId = stored.value(keys::kEscPresetId).toString();
     QList<DriveSettingsDialog::EscPresetEntry> entries;
-    for (const EscPreset &preset : m_profiles->escPresets()->presets())
+    QString selected;
+    for (const EscPreset &preset : m_profiles->escPresets()->presets()) {
         entries.append({preset.id, preset.name});
-    const QString selected =
-        m_profiles->setting(keys::kAxisSettings).toObject().value(keys::kEscPresetId).toString();
+        // The preset the values came from, while they are still its values: once they are
+        // edited by hand (or the preset is updated) the car no longer runs on it.
+        if (preset.id == storedId && preset.neutral == stored.value(keys::kEscNeutral).toInt() &&
+            preset.fullForward == stored.value(keys::kEscFullForward).toInt() &&
+            preset.fullReverse == stored.value(keys::kEscFullReverse).toInt())
+            selected = preset.id;
+    }
     m_dialog->showEscPresets(entries, selected);
 }
 

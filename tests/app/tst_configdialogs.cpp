@@ -442,6 +442,24 @@ private slots:
         QVERIFY(dialogs.presets.notice()->isHidden());
     }
 
+    // The drive dialog names the preset the car runs on only while its values are the preset's.
+    void escPresetShownOnlyWhileItsValuesHold()
+    {
+        HubRig rig;
+        ProfileManager *profiles = rig.services->profiles();
+        const QString id = profiles->escPresets()->createPreset(u"Hobby"_s, 1000, 1900, 100);
+        QVERIFY(!id.isEmpty());
+        Dialogs dialogs(rig.controller());
+        QComboBox *presets = dialogs.drive.escPresetBox();
+        pick(presets, presets->findData(id));
+        QCOMPARE(rig.storedValue(keys::kAxisSettings, u"escNeutral"_s), 1000.0);
+        QCOMPARE(presets->currentData().toString(), id);
+
+        dialogs.drive.escNeutralBox()->setValue(1010);
+        QCOMPARE(rig.storedValue(keys::kAxisSettings, u"escNeutral"_s), 1010.0);
+        QCOMPARE(presets->currentData().toString(), QString());
+    }
+
     void refusedEditShowsTheStoresMessageAndKeepsTheFile_data()
     {
         QTest::addColumn<bool>("axisDialog");
