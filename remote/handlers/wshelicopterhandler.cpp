@@ -2,6 +2,7 @@
 
 #include "controllerrefusal.h"
 #include "deviceguid.h"
+#include "heliaxisreading.h"
 #include "helicopterconfigjson.h"
 #include "inputdevice.h"
 #include "profilekeys.h"
@@ -56,12 +57,13 @@ struct FlightFunction
     QLatin1String name;
     int32_t HelicopterSettings::Channels::*channel;
     bool bipolar; // the collective is one-sided
+    HeliFunction function;
 };
 const std::array<FlightFunction, 4> kFunctions{{
-    {keys::kRoll, &HelicopterSettings::Channels::roll, true},
-    {keys::kPitch, &HelicopterSettings::Channels::pitch, true},
-    {keys::kThrottle, &HelicopterSettings::Channels::throttle, false},
-    {keys::kRudder, &HelicopterSettings::Channels::rudder, true},
+    {keys::kRoll, &HelicopterSettings::Channels::roll, true, HeliFunction::Roll},
+    {keys::kPitch, &HelicopterSettings::Channels::pitch, true, HeliFunction::Pitch},
+    {keys::kThrottle, &HelicopterSettings::Channels::throttle, false, HeliFunction::Collective},
+    {keys::kRudder, &HelicopterSettings::Channels::rudder, true, HeliFunction::Rudder},
 }};
 const std::array<QLatin1String, 3> kPoints{keys::kMin, keys::kCenter, keys::kMax};
 
@@ -79,34 +81,6 @@ QJsonObject channelOutput(int32_t channel, const ChannelValues &channels, bool b
         {"micros"_L1, sent ? int(std::lround(value * 5.0 / 8.0 + 880.0)) : 0},
         {"percent"_L1, sent ? int(std::lround(percent)) : 0},
     };
-}
-
-// The raw position of the axis that feeds a function; nothing when it has none to read.
-std::optional<float> rawAxis(const TavrixController &controller, const HelicopterSettings &settings,
-                             QLatin1String function)
-{
-    const DeviceRoleSet &devices = *controller.devices();
-    const auto read = [&](DeviceRole role, int32_t slot) -> std::optional<float> {
-        const InputDevice *device = devices.device(role);
-        if (!devices.isConnected(role) || slot < 0 || !device->hasAxis(slot))
-            return std::nullopt;
-        return device->axis(slot);
-    };
-    const HelicopterSettings::Inputs &in = settings.inputs;
-    if (function == keys::kRoll)
-        return read(DeviceRole::HeliJoystick, in.joystick.xAxis);
-    if (function == keys::kPitch)
-        return read(DeviceRole::HeliJoystick, in.joystick.yAxis);
-    if (function == keys::kThrottle)
-        return read(DeviceRole::HeliThrottle, in.throttle.axis);
-    const std::optional<float> left = read(DeviceRole::HeliPedals, in.pedals.axis);
-    if (!in.pedals.differential || !left)
-        return left;
-    const std::optional<float> right = read(DeviceRole::HeliPedals, in.pedals.axis2);
-    if (!right)
-        return std::nullopt;
-    // As the computation reads two pedals: right minus left, each released at 0.
-    return std::clamp((*right + 1.0f) / 2.0f - (*left + 1.0f) / 2.0f, -1.0f, 1.0f);
 }
 
 const QString kSaveFailed = u"Failed to save the profile"_s;
@@ -273,7 +247,8 @@ QJsonObject WsHelicopterHandler::captureCalibration(const RemoteRequest &request
     if (std::find(kPoints.begin(), kPoints.end(), point) == kPoints.end())
         return request.failed(u"Unknown point: "_s + point);
     const QJsonObject stored = storedConfig();
-    const std::optional<float> raw = rawAxis(*controller(), helicopterSettingsFromJson(stored), named->name);
+    const std::optional<float> raw =
+        heliRawAxis(*controller()->devices(), helicopterSettingsFromJson(stored), named->function);
     if (!raw)
         return request.failed(u"No axis to read for "_s + function);
 
