@@ -1,6 +1,7 @@
 #include "helidialogbinders.h"
 
 #include "axismotionwatcher.h"
+#include "heliaxisreading.h"
 #include "tavrixcontroller.h"
 
 #include <cmath>
@@ -52,6 +53,7 @@ HeliConfigDialogBinder::HeliConfigDialogBinder(HeliConfigDialog *dialog, TavrixC
 {
     connect(dialog, &HeliConfigDialog::edited, this, &HeliConfigDialogBinder::apply);
     connect(dialog, &HeliConfigDialog::detectRequested, this, &HeliConfigDialogBinder::detect);
+    connect(dialog, &HeliConfigDialog::captureRequested, this, &HeliConfigDialogBinder::capture);
     connect(m_watch, &AxisMotionWatcher::moved, this, &HeliConfigDialogBinder::takeDetected);
     connect(m_watch, &AxisMotionWatcher::timedOut, this, &HeliConfigDialogBinder::stopDetecting);
     follow();
@@ -68,6 +70,22 @@ void HeliConfigDialogBinder::detect(HeliConfigDialog::Function function)
     m_detecting = function;
     m_watch->watch(controller()->devices()->device(role));
     m_dialog->showDetecting(function);
+}
+
+void HeliConfigDialogBinder::capture(HeliConfigDialog::Function function, HeliConfigDialog::Point point)
+{
+    static_assert(int(HeliFunction::Rudder) == ConfigDialog::Rudder,
+                  "the dialog lists the functions in order");
+    HelicopterSettings s = stored();
+    const std::optional<float> raw = heliRawAxis(*controller()->devices(), s, HeliFunction(function));
+    if (!raw) {
+        m_dialog->showError(tr("There is no axis to read for this function: choose its device on the "
+                               "helicopter page and its axis here first."));
+        return;
+    }
+    (s.calibration.*kFunctionFields[std::size_t(function)].calibration).*kPointFields[std::size_t(point)] =
+        *raw;
+    store(s);
 }
 
 void HeliConfigDialogBinder::takeDetected(int slot)

@@ -21,6 +21,7 @@ private:
     void show(const HelicopterSettings &settings) override;
     void apply(const HeliConfigDialog::Values &values);
     void detect(HeliConfigDialog::Function function);
+    void capture(HeliConfigDialog::Function function, HeliConfigDialog::Point point);
     void takeDetected(int slot);
     void stopDetecting();
 

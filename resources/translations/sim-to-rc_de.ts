@@ -1951,10 +1951,6 @@
         <translation>Maximum</translation>
     </message>
     <message>
-        <source>Raw positions of each axis, -1 to +1. The collective reads its minimum as bottom and its maximum as top; the centre is not used.</source>
-        <translation>Rohpositionen jeder Achse, -1 bis +1. Der Kollektiv liest sein Minimum als unten und sein Maximum als oben; die Mitte wird nicht verwendet.</translation>
-    </message>
-    <message>
         <source>Move it…</source>
         <translation>Jetzt bewegen…</translation>
     </message>
@@ -1962,12 +1958,28 @@
         <source>Detect</source>
         <translation>Erkennen</translation>
     </message>
+    <message>
+        <source>Set</source>
+        <translation>Setzen</translation>
+    </message>
+    <message>
+        <source>Take the axis&apos;s position now</source>
+        <translation>Die jetzige Stellung der Achse übernehmen</translation>
+    </message>
+    <message>
+        <source>Raw positions of each axis, -1 to +1: hold the control there and press Set. The collective reads its minimum as bottom and its maximum as top; the centre is not used.</source>
+        <translation>Rohpositionen jeder Achse, -1 bis +1: Halten Sie das Bedienelement dort und drücken Sie Setzen. Der Kollektiv liest sein Minimum als unten und sein Maximum als oben; die Mitte wird nicht verwendet.</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::HeliConfigDialogBinder</name>
     <message>
         <source>Choose the device on the helicopter page first, then detect its axis.</source>
         <translation>Wählen Sie zuerst das Gerät auf der Hubschrauberseite aus und erkennen Sie dann seine Achse.</translation>
+    </message>
+    <message>
+        <source>There is no axis to read for this function: choose its device on the helicopter page and its axis here first.</source>
+        <translation>Für diese Funktion gibt es keine Achse zum Lesen: Wählen Sie zuerst ihr Gerät auf der Hubschrauberseite und hier ihre Achse.</translation>
     </message>
 </context>
 <context>

@@ -1951,10 +1951,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Raw positions of each axis, -1 to +1. The collective reads its minimum as bottom and its maximum as top; the centre is not used.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>Move it…</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1962,11 +1958,27 @@
         <source>Detect</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Take the axis&apos;s position now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Raw positions of each axis, -1 to +1: hold the control there and press Set. The collective reads its minimum as bottom and its maximum as top; the centre is not used.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::HeliConfigDialogBinder</name>
     <message>
         <source>Choose the device on the helicopter page first, then detect its axis.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no axis to read for this function: choose its device on the helicopter page and its axis here first.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

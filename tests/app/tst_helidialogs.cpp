@@ -14,11 +14,13 @@
 #include "profilekeys.h"
 
 #include <QCheckBox>
+#include <QDoubleSpinBox>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTableWidget>
+#include <QToolButton>
 
 #include <functional>
 
@@ -353,6 +355,53 @@ private slots:
         press(false);
         QTRY_COMPARE_WITH_TIMEOUT(rig.sim.lastChannels()[channel], 0, 10000);
         QVERIFY(rig.controller()->isRunning());
+    }
+
+    // A calibration point is the axis's position when "Set" is pressed: the stick held part
+    // way right for roll's maximum, the lever part way up for the collective's minimum.
+    void calibrationPointIsTakenFromTheAxis_data()
+    {
+        QTest::addColumn<int>("function");
+        QTest::addColumn<int>("point");
+        QTest::addColumn<QString>("storedPath");
+        QTest::addColumn<bool>("read"); // false: no device to read, nothing stored
+        QTest::newRow("roll maximum") << int(HeliConfigDialog::Roll) << int(HeliConfigDialog::Maximum)
+                                      << u"calibration/roll/max"_s << true;
+        QTest::newRow("collective minimum")
+            << int(HeliConfigDialog::Collective) << int(HeliConfigDialog::Minimum)
+            << u"calibration/throttle/min"_s << true;
+        QTest::newRow("rudder without pedals")
+            << int(HeliConfigDialog::Rudder) << int(HeliConfigDialog::Centre)
+            << u"calibration/rudder/center"_s << false;
+    }
+
+    void calibrationPointIsTakenFromTheAxis()
+    {
+        QFETCH(int, function);
+        QFETCH(int, point);
+        QFETCH(QString, storedPath);
+        QFETCH(bool, read);
+        FlyingRig rig;
+        QVERIFY(rig.start());
+        const bool roll = function == HeliConfigDialog::Roll;
+        const InputDevice *device =
+            rig.controller()->devices()->device(roll ? DeviceRole::HeliJoystick : DeviceRole::HeliThrottle);
+        const int slot = roll ? kRollSlot : kCollectiveSlot;
+        constexpr double kHeld = 0.7; // not a default calibration point
+        rig.backend->setAxis(roll ? rig.firstDevice : rig.secondDevice, slot, rawForDeviceValue(kHeld));
+        QTRY_VERIFY(qAbs(device->axis(slot) - kHeld) < 0.01);
+        auto *dialog = qobject_cast<HeliConfigDialog *>(rig.open(Controls));
+        QVERIFY(dialog);
+        const auto f = HeliConfigDialog::Function(function);
+        const auto p = HeliConfigDialog::Point(point);
+        const double before = rig.storedValue(keys::kHelicopterConfig, storedPath);
+
+        dialog->captureButton(f, p)->click();
+
+        const double expected = read ? double(device->axis(slot)) : before;
+        QCOMPARE(rig.storedValue(keys::kHelicopterConfig, storedPath), expected);
+        QVERIFY(qAbs(dialog->calibrationBox(f, p)->value() - expected) < 0.001);
+        QCOMPARE(dialog->notice()->text().isEmpty(), read);
     }
 
     void axisIsFoundByMovingIt()

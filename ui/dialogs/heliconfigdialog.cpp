@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTabWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace tavrix {
@@ -89,8 +90,9 @@ QWidget *HeliConfigDialog::buildCalibrationPage()
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(12);
     const QStringList points = {tr("Minimum"), tr("Centre"), tr("Maximum")};
+    // Each point is a number and its "Set" button, side by side.
     for (int point = 0; point < kPoints; ++point)
-        grid->addWidget(new QLabel(points.at(point), page), 0, point + 1);
+        grid->addWidget(new QLabel(points.at(point), page), 0, 2 * point + 1, 1, 2);
     const QStringList names = functionNames();
     for (int function = 0; function < kFunctions; ++function) {
         grid->addWidget(new QLabel(names.at(function), page), function + 1, 0);
@@ -102,15 +104,22 @@ QWidget *HeliConfigDialog::buildCalibrationPage()
             box->setKeyboardTracking(false);
             connect(box, &QDoubleSpinBox::valueChanged, this, &HeliConfigDialog::userEdited);
             m_calibration[std::size_t(function)][std::size_t(point)] = box;
-            grid->addWidget(box, function + 1, point + 1);
+            grid->addWidget(box, function + 1, 2 * point + 1);
+            auto *capture = new QToolButton(page);
+            capture->setText(tr("Set"));
+            capture->setToolTip(tr("Take the axis's position now"));
+            connect(capture, &QToolButton::clicked, this,
+                    [this, function, point] { emit captureRequested(Function(function), Point(point)); });
+            m_capture[std::size_t(function)][std::size_t(point)] = capture;
+            grid->addWidget(capture, function + 1, 2 * point + 2);
         }
     }
     grid->setColumnStretch(0, 1);
     column->addLayout(grid);
-    column->addWidget(
-        explanation(tr("Raw positions of each axis, -1 to +1. The collective reads its minimum as "
-                       "bottom and its maximum as top; the centre is not used."),
-                    page));
+    column->addWidget(explanation(
+        tr("Raw positions of each axis, -1 to +1: hold the control there and press Set. The "
+           "collective reads its minimum as bottom and its maximum as top; the centre is not used."),
+        page));
     column->addStretch(1);
     return page;
 }

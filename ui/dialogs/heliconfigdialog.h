@@ -7,6 +7,7 @@
 class QDoubleSpinBox;
 class QPushButton;
 class QTabWidget;
+class QToolButton;
 
 namespace tavrix {
 
@@ -55,6 +56,10 @@ public:
     {
         return m_calibration.at(function).at(point);
     }
+    QToolButton *captureButton(Function function, Point point) const
+    {
+        return m_capture.at(function).at(point);
+    }
 
 public slots:
     // Shows the stored values without echoing them back as an edit.
@@ -66,6 +71,8 @@ signals:
     void edited(const tavrix::HeliConfigDialog::Values &values);
     // The user offers to move the control that should drive this function.
     void detectRequested(tavrix::HeliConfigDialog::Function function);
+    // Take the function's axis position now as this calibration point.
+    void captureRequested(tavrix::HeliConfigDialog::Function function, tavrix::HeliConfigDialog::Point point);
 
 protected:
     void userEdited() override;
@@ -81,6 +88,7 @@ private:
     QComboBox *m_rightPedal = nullptr;
     QCheckBox *m_differential = nullptr;
     std::array<std::array<QDoubleSpinBox *, kPoints>, kFunctions> m_calibration{};
+    std::array<std::array<QToolButton *, kPoints>, kFunctions> m_capture{};
 };
 
 } // namespace tavrix
