@@ -47,7 +47,7 @@ void HeliSettingsBinder::follow()
 void HeliSettingsBinder::showArmed(bool armed)
 {
     if (lockedWhileArmed())
-        m_dialog->setLocked(armed ? tr("Disarm the motor to change these settings.") : QString());
+        m_dialog->setLocked(armed ? HelicopterSettings::disarmFirstText() : QString());
 }
 
 HelicopterSettings HeliSettingsBinder::stored() const
@@ -58,13 +58,9 @@ HelicopterSettings HeliSettingsBinder::stored() const
 
 void HeliSettingsBinder::store(const HelicopterSettings &edited)
 {
-    // An edit that was on its way when the motor was armed goes nowhere.
-    if (m_dialog->isLocked()) {
-        showStored();
-        return;
-    }
-    m_dialog->showError(
-        editHelicopterConfig(*m_controller->profileManager(), helicopterConfigToJson(edited)));
+    // An edit that was on its way when the motor was armed is refused by the store's rule.
+    m_dialog->showError(editHelicopterConfig(*m_controller->profileManager(), helicopterConfigToJson(edited),
+                                             m_controller->isHeliArmed()));
     // What the store kept (clamped, or unchanged when it refused) is what the dialog shows.
     showStored();
 }

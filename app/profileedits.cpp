@@ -39,10 +39,10 @@ QString editAxisSettings(ProfileManager &profiles, const QJsonObject &changes)
     return storeRefusal(profiles, [&] { return profiles.setSetting(profilekeys::kAxisSettings, *edited); });
 }
 
-QString editHelicopterConfig(ProfileManager &profiles, const QJsonObject &changes)
+QString editHelicopterConfig(ProfileManager &profiles, const QJsonObject &changes, bool armed)
 {
-    const HelicopterConfigJson::Edit edit =
-        HelicopterConfigJson::edited(profiles.setting(profilekeys::kHelicopterConfig).toObject(), changes);
+    const HelicopterConfigJson::Edit edit = HelicopterConfigJson::edited(
+        profiles.setting(profilekeys::kHelicopterConfig).toObject(), changes, armed);
     if (!edit.config)
         return edit.refusal;
     return storeRefusal(profiles,

@@ -19,7 +19,7 @@ class ProfileManager;
 [[nodiscard]] QString editAxisSettings(ProfileManager &profiles, const QJsonObject &changes);
 
 // The same for the active profile's helicopterConfig, through the remote app's merge and
-// its refusal of two functions on one channel.
-[[nodiscard]] QString editHelicopterConfig(ProfileManager &profiles, const QJsonObject &changes);
+// its refusals (two functions on one channel, more than the rates while `armed`).
+[[nodiscard]] QString editHelicopterConfig(ProfileManager &profiles, const QJsonObject &changes, bool armed);
 
 } // namespace tavrix

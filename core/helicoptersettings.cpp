@@ -67,6 +67,18 @@ bool HelicopterSettings::sendsOnChannel(int32_t channel) const
                                        [channel](const SentFunction &f) { return f.channel == channel; });
 }
 
+QString HelicopterSettings::armedEditRefusal(const HelicopterSettings &edited) const
+{
+    HelicopterSettings ratesTaken = *this;
+    ratesTaken.dualRates = edited.dualRates;
+    return ratesTaken == edited ? QString() : disarmFirstText();
+}
+
+QString HelicopterSettings::disarmFirstText()
+{
+    return tr("Disarm the motor to change these settings.");
+}
+
 QString HelicopterSettings::sharedChannelRefusal() const
 {
     const auto functions = sentFunctions();

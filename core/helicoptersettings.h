@@ -166,6 +166,13 @@ struct HelicopterSettings
     // Whether one of those sent functions writes this channel (0-based).
     [[nodiscard]] bool sendsOnChannel(int32_t channel) const;
 
+    // Why these settings may not become `edited` while the motor is armed: a channel,
+    // curve, calibration or arm switch changing under a spinning rotor moves the
+    // helicopter. Only the rates may change in flight, as switching them there is normal.
+    // Empty when the edit touches nothing else.
+    [[nodiscard]] QString armedEditRefusal(const HelicopterSettings &edited) const;
+    [[nodiscard]] static QString disarmFirstText();
+
     friend bool operator==(const HelicopterSettings &, const HelicopterSettings &) = default;
 
     Q_DECLARE_TR_FUNCTIONS(HelicopterSettings)

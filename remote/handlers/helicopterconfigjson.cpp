@@ -138,9 +138,18 @@ QJsonObject HelicopterConfigJson::merged(const QJsonObject &stored, const QJsonO
     return withCurveBounded(config, keys::kThrottleCurve);
 }
 
-HelicopterConfigJson::Edit HelicopterConfigJson::edited(const QJsonObject &stored, const QJsonObject &request)
+HelicopterConfigJson::Edit HelicopterConfigJson::edited(const QJsonObject &stored, const QJsonObject &request,
+                                                        bool armed)
 {
     const QJsonObject config = merged(stored, request);
+    if (armed) {
+        // Against the stored object as a merge reads it, so that a hand-written value out
+        // of range does not count as the edit's change.
+        const QString locked = helicopterSettingsFromJson(merged(stored, {}))
+                                   .armedEditRefusal(helicopterSettingsFromJson(config));
+        if (!locked.isEmpty())
+            return {std::nullopt, locked};
+    }
     // A file that already shares a channel (written by hand) can still be mended one edit
     // at a time; only an edit that makes two functions meet is refused.
     const QString refusal = helicopterSettingsFromJson(config).sharedChannelRefusal();

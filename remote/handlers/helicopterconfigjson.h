@@ -19,13 +19,14 @@ public:
     [[nodiscard]] static QJsonObject merged(const QJsonObject &stored, const QJsonObject &request);
 
     // An edit by any editor: the merged object, or nothing and the reason when the edit
-    // would have two sent functions drive one channel.
+    // would have two sent functions drive one channel, or would change more than the
+    // rates while the motor is `armed`.
     struct Edit
     {
         std::optional<QJsonObject> config;
         QString refusal;
     };
-    [[nodiscard]] static Edit edited(const QJsonObject &stored, const QJsonObject &request);
+    [[nodiscard]] static Edit edited(const QJsonObject &stored, const QJsonObject &request, bool armed);
 };
 
 } // namespace tavrix

@@ -230,7 +230,8 @@ QJsonObject WsHelicopterHandler::getConfig(const RemoteRequest &request)
 
 QJsonObject WsHelicopterHandler::setConfig(const RemoteRequest &request)
 {
-    const HelicopterConfigJson::Edit edit = HelicopterConfigJson::edited(storedConfig(), request.data());
+    const HelicopterConfigJson::Edit edit =
+        HelicopterConfigJson::edited(storedConfig(), request.data(), controller()->isHeliArmed());
     if (!edit.config)
         return request.failed(edit.refusal);
     return request.outcome(saveConfig(*edit.config), kSaveFailed);
@@ -246,6 +247,9 @@ QJsonObject WsHelicopterHandler::captureCalibration(const RemoteRequest &request
     const QString point = request.text(kPoint);
     if (std::find(kPoints.begin(), kPoints.end(), point) == kPoints.end())
         return request.failed(u"Unknown point: "_s + point);
+    // A new calibration point moves the output the moment it is stored.
+    if (controller()->isHeliArmed())
+        return request.failed(HelicopterSettings::disarmFirstText());
     const QJsonObject stored = storedConfig();
     const std::optional<float> raw =
         heliRawAxis(*controller()->devices(), helicopterSettingsFromJson(stored), named->function);

@@ -134,6 +134,10 @@
         <source>%1 and %2 would both drive CH%3. Give each its own channel.</source>
         <translation>%1 und %2 würden beide CH%3 steuern. Geben Sie jedem einen eigenen Kanal.</translation>
     </message>
+    <message>
+        <source>Disarm the motor to change these settings.</source>
+        <translation>Schalten Sie den Motor unscharf, um diese Einstellungen zu ändern.</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -2212,13 +2216,6 @@
     <message>
         <source>Start transmission before arming.</source>
         <translation>Starten Sie die Übertragung vor dem Scharfschalten.</translation>
-    </message>
-</context>
-<context>
-    <name>tavrix::HeliSettingsBinder</name>
-    <message>
-        <source>Disarm the motor to change these settings.</source>
-        <translation>Schalten Sie den Motor unscharf, um diese Einstellungen zu ändern.</translation>
     </message>
 </context>
 <context>

@@ -134,6 +134,10 @@
         <source>%1 and %2 would both drive CH%3. Give each its own channel.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Disarm the motor to change these settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -2211,13 +2215,6 @@
     <name>tavrix::HeliPageBinder</name>
     <message>
         <source>Start transmission before arming.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>tavrix::HeliSettingsBinder</name>
-    <message>
-        <source>Disarm the motor to change these settings.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

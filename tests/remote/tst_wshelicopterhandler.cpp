@@ -33,6 +33,8 @@ private slots:
     void configChannelsOutOfRangeAreNotSent();
     void configSharingAChannelIsRefused_data();
     void configSharingAChannelIsRefused();
+    void armedMotorKeepsAllButTheRates_data();
+    void armedMotorKeepsAllButTheRates();
 
 private:
     // Shared by the validation rows: a refusal must leave it as it was for the next row.
@@ -156,6 +158,57 @@ void TestWsHelicopterHandler::configSharingAChannelIsRefused()
     QCOMPARE(reply["success"_L1].toBool(), accepted);
     QCOMPARE(rig.profiles.activeProfile() == before, !accepted);
     QCOMPARE(reply["message"_L1].toString().isEmpty(), accepted);
+}
+
+// While the motor is armed a changed channel, curve, calibration or arm value would move the
+// helicopter: only the rates may change, as switching them in flight is normal. Disarmed,
+// the same request goes through.
+void TestWsHelicopterHandler::armedMotorKeepsAllButTheRates_data()
+{
+    QTest::addColumn<QString>("event");
+    QTest::addColumn<QJsonObject>("data");
+    QTest::addColumn<bool>("acceptedArmed");
+    const QString set = u"set_helicopter_config"_s;
+    QTest::newRow("rates") << set << object(R"({"dualRates": {"beginnerPct": 90, "activeMode": 2}})") << true;
+    QTest::newRow("nothing changed") << set << QJsonObject() << true;
+    QTest::newRow("channel") << set << object(R"({"channels": {"roll": 7}})") << false;
+    QTest::newRow("pitch curve") << set << object(R"({"pitchCurve": {"points": [0.5, 0.5, 0.5, 0.75, 1]}})")
+                                 << false;
+    QTest::newRow("calibration") << set << object(R"({"calibration": {"throttle": {"max": 0.5}}})") << false;
+    QTest::newRow("arm switch value") << set << object(R"({"arm": {"offUs": 1000}})") << false;
+    QTest::newRow("arming at idle") << set << object(R"({"fly": {"armAtIdle": false}})") << false;
+    QTest::newRow("rates with a channel")
+        << set << object(R"({"dualRates": {"beginnerPct": 90}, "channels": {"roll": 7}})") << false;
+    QTest::newRow("calibration point taken") << u"action_capture_helicopter_calibration"_s
+                                             << object(R"({"function":"throttle","point":"max"})") << false;
+}
+
+void TestWsHelicopterHandler::armedMotorKeepsAllButTheRates()
+{
+    QFETCH(QString, event);
+    QFETCH(QJsonObject, data);
+    QFETCH(bool, acceptedArmed);
+    Rig rig;
+    QVERIFY(rig.setUp(u"rc_helicopter"_s));
+    const InputDevice *lever = rig.controller->devices()->device(DeviceRole::HeliThrottle);
+    rig.backend.setAxis(rig.secondDevice, kCollectiveSlot, rawForDeviceValue(-1.0));
+    QTRY_VERIFY(lever->axis(kCollectiveSlot) < -0.9f);
+    QVERIFY(rig.ask(u"action_set_heli_armed"_s, object(R"({"armed":true})"))["success"_L1].toBool());
+    const QJsonObject before = rig.profiles.activeProfile();
+    const HelicopterSettings appliedBefore = rig.controller->settings().helicopter;
+
+    const QJsonObject armedReply = rig.ask(event, data);
+
+    QCOMPARE(armedReply["success"_L1].toBool(), acceptedArmed);
+    if (!acceptedArmed) {
+        QCOMPARE(armedReply["message"_L1].toString(), u"Disarm the motor to change these settings."_s);
+        QCOMPARE(rig.profiles.activeProfile(), before);
+        QCOMPARE(rig.controller->settings().helicopter, appliedBefore);
+        QVERIFY(rig.ask(u"action_set_heli_armed"_s, object(R"({"armed":false})"))["success"_L1].toBool());
+        const QJsonObject disarmedReply = rig.ask(event, data);
+        QVERIFY2(disarmedReply["success"_L1].toBool(), qPrintable(disarmedReply["message"_L1].toString()));
+        QVERIFY(rig.profiles.activeProfile() != before);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestWsHelicopterHandler)
