@@ -17,6 +17,11 @@ ButtonMappingsDialog::Mapping shown(const ButtonMapping &m)
     ButtonMappingsDialog::Mapping v;
     v.name = m.name;
     v.source = m.buttonIndex;
+    // A negative further source does nothing; it is not shown and goes with the next edit.
+    for (int32_t extra : m.extraButtons) {
+        if (extra >= 0)
+            v.extraSources.append(extra);
+    }
     v.behaviour = ButtonMappingEditor::Behaviour(int(m.mode));
     v.channel = m.channel;
     v.pressedValue = m.outputValue;
@@ -28,12 +33,12 @@ ButtonMappingsDialog::Mapping shown(const ButtonMapping &m)
     return v;
 }
 
-// The dialog's values laid over the stored mapping, so what it does not edit (the further
-// sources) stays as it was.
+// The dialog's values laid over the stored mapping.
 ButtonMapping edited(ButtonMapping m, const ButtonMappingsDialog::Mapping &v)
 {
     m.name = v.name;
     m.buttonIndex = v.source;
+    m.extraButtons = v.extraSources;
     m.mode = ButtonBehaviour(int(v.behaviour));
     m.channel = v.channel;
     m.outputValue = v.pressedValue;
@@ -55,7 +60,9 @@ ButtonMappingsDialogBinder::ButtonMappingsDialogBinder(ButtonMappingsDialog *dia
     , m_book(new ButtonMappingBook(controller->profileManager(), this))
 {
     ProfileManager *profiles = controller->profileManager();
-    connect(dialog, &ButtonMappingsDialog::pressRequested, this, &ButtonMappingsDialogBinder::startPress);
+    connect(dialog, &ButtonMappingsDialog::pressRequested, this, [this](int row) { startPress(row, false); });
+    connect(dialog, &ButtonMappingsDialog::extraPressRequested, this,
+            [this](int row) { startPress(row, true); });
     connect(dialog, &ButtonMappingsDialog::pressCancelled, this, &ButtonMappingsDialogBinder::cancelPress);
     connect(dialog, &ButtonMappingsDialog::mappingEdited, this, &ButtonMappingsDialogBinder::edit);
     connect(dialog, &ButtonMappingsDialog::removeRequested, this, &ButtonMappingsDialogBinder::remove);
@@ -83,6 +90,7 @@ ButtonMappingEditor::Limits ButtonMappingsDialogBinder::limits()
     l.valueMax = ButtonMappingBook::kValueMax;
     l.rateMax = ButtonMappingBook::kRateMax;
     l.nameLength = ButtonMappingBook::kMaxNameLength;
+    l.extraSources = ButtonMappingBook::kMaxExtraButtons;
     return l;
 }
 
@@ -97,9 +105,9 @@ void ButtonMappingsDialogBinder::showMappings(int selected)
     m_dialog->showMappings(rows, selected);
 }
 
-void ButtonMappingsDialogBinder::startPress(int row)
+void ButtonMappingsDialogBinder::startPress(int row, bool extra)
 {
-    m_pressFor = row;
+    m_pressFor = PressTarget{row, extra};
     m_dialog->showError(QString());
     m_dialog->showWaitingForPress(true);
     // The device whose buttons the mappings read on every tick: a car's wheel base, a
@@ -119,12 +127,12 @@ void ButtonMappingsDialogBinder::takePress(int source, bool success)
 {
     if (!m_pressFor)
         return;
-    const int row = *m_pressFor;
+    const PressTarget target = *m_pressFor;
     m_pressFor.reset();
     m_dialog->showWaitingForPress(false);
     if (!success)
         return;
-    if (row < 0) {
+    if (target.row < 0) {
         ButtonMapping mapping;
         mapping.buttonIndex = source;
         mapping.channel = newMappingChannel(mapping.channel);
@@ -132,9 +140,12 @@ void ButtonMappingsDialogBinder::takePress(int source, bool success)
         change([&] { return m_book->add(mapping); }, added);
         return;
     }
-    ButtonMappingsDialog::Mapping values = shown(m_book->mappings().value(row));
-    values.source = source;
-    edit(row, values);
+    ButtonMappingsDialog::Mapping values = shown(m_book->mappings().value(target.row));
+    if (!target.extra)
+        values.source = source;
+    else if (source != values.source && !values.extraSources.contains(source))
+        values.extraSources.append(source);
+    edit(target.row, values);
 }
 
 int ButtonMappingsDialogBinder::newMappingChannel(int usual) const

@@ -31,7 +31,8 @@ public:
 
 private:
     void showMappings(int selected = -1);
-    void startPress(int row);
+    // The press sets the row's control, or adds a further one (`extra`); row -1 adds a mapping.
+    void startPress(int row, bool extra);
     void cancelPress();
     void takePress(int source, bool success);
     [[nodiscard]] int newMappingChannel(int usual) const;
@@ -43,8 +44,13 @@ private:
     ButtonMappingsDialog *m_dialog;
     TavrixController *m_controller;
     ButtonMappingBook *m_book;
-    // The row whose control the next press sets; -1 for a new mapping. Set while waiting.
-    std::optional<int> m_pressFor;
+    struct PressTarget
+    {
+        int row;
+        bool extra;
+    };
+    // What the next press sets. Set while waiting.
+    std::optional<PressTarget> m_pressFor;
 };
 
 } // namespace tavrix

@@ -732,6 +732,22 @@
         <source>Position value</source>
         <translation>Positionswert</translation>
     </message>
+    <message>
+        <source>Add…</source>
+        <translation>Hinzufügen…</translation>
+    </message>
+    <message>
+        <source>Add a further control by pressing it</source>
+        <translation>Weiteres Bedienelement durch Drücken hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Also pressed by</source>
+        <translation>Auch ausgelöst durch</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::ButtonMappingsDialog</name>

@@ -24,6 +24,7 @@
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -372,6 +373,63 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(controller->frameCount() > frame + 2, 10000);
         QTRY_COMPARE_WITH_TIMEOUT(rig.sim.lastChannels()[kChannel], released, 10000);
         QVERIFY(controller->isRunning());
+    }
+
+    // A further control drives the mapping as its first one does, and once removed no longer.
+    void furtherControlDrivesTheMappingUntilRemoved()
+    {
+        constexpr int kFirst = 5;
+        constexpr int kFurther = 7;
+        constexpr int kChannel = 3; // a new mapping's, CH4
+        HubRig rig;
+        QVERIFY(rig.startCarTransmission());
+        TavrixController *controller = rig.controller();
+        const InputDevice *wheel = controller->devices()->device(DeviceRole::WheelBase);
+        ButtonDialogs dialogs(controller);
+        ButtonMappingEditor *editor = dialogs.buttons.editor();
+        const auto press = [&](int button, bool down) {
+            rig.backend->setButton(rig.firstDevice, button, down);
+            QTRY_COMPARE_WITH_TIMEOUT(wheel->isPressed(button), down, 10000);
+        };
+        const auto pressToPick = [&](int button) {
+            QVERIFY(dialogs.buttons.isWaitingForPress());
+            press(button, true);
+            QTRY_VERIFY_WITH_TIMEOUT(!dialogs.buttons.isWaitingForPress(), 10000);
+            press(button, false);
+        };
+        const auto savedExtras = [&] {
+            return savedObject(rig.activeProfileBytes(), keys::kButtonMappings, 0).value(keys::kExtraButtons);
+        };
+        dialogs.buttons.addButton()->click();
+        pressToPick(kFirst);
+        QVERIFY(!editor->removeExtraButton()->isEnabled());
+
+        editor->addExtraButton()->click();
+        pressToPick(kFurther);
+        QCOMPARE(savedExtras(), QJsonValue(QJsonArray{kFurther}));
+        QVERIFY(
+            dialogs.buttons.table()->item(0, 0)->text().contains(ButtonMappingEditor::sourceName(kFurther)));
+        // The first control pressed again as a further one adds nothing.
+        editor->addExtraButton()->click();
+        pressToPick(kFirst);
+        QCOMPARE(savedExtras(), QJsonValue(QJsonArray{kFurther}));
+        press(kFurther, true);
+        QTRY_COMPARE_WITH_TIMEOUT(rig.sim.lastChannels()[kChannel], 2047, 10000);
+        press(kFurther, false);
+        QTRY_COMPARE_WITH_TIMEOUT(rig.sim.lastChannels()[kChannel], 0, 10000);
+
+        const QList<QAction *> removable = editor->removeExtraButton()->menu()->actions();
+        QCOMPARE(removable.size(), 1);
+        removable.first()->trigger();
+        QTRY_COMPARE(savedExtras(), QJsonValue(QJsonArray{}));
+        press(kFurther, true);
+        // Frames received well after the removed control went down leave the channel released.
+        const quint64 received = rig.sim.channelFrameCount();
+        QTRY_VERIFY_WITH_TIMEOUT(rig.sim.channelFrameCount() > received + 5, 10000);
+        QCOMPARE(rig.sim.lastChannels()[kChannel], 0);
+        QCOMPARE(
+            savedObject(rig.activeProfileBytes(), keys::kButtonMappings, 0).value(keys::kButtonIndex).toInt(),
+            kFirst);
     }
 
     void refusalShowsTheMessageAndChangesNothing_data()

@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
@@ -63,6 +64,20 @@ ButtonMappingEditor::ButtonMappingEditor(const Limits &limits, QWidget *parent)
     control->addWidget(m_press);
     m_form->addRow(tr("Control"), control);
 
+    m_extraLimit = limits.extraSources;
+    m_extras = new QLabel(this);
+    m_extras->setWordWrap(true);
+    m_addExtra = new QPushButton(tr("Add\u2026"), this);
+    m_addExtra->setToolTip(tr("Add a further control by pressing it"));
+    connect(m_addExtra, &QPushButton::clicked, this, &ButtonMappingEditor::extraPressRequested);
+    m_removeExtra = new QPushButton(tr("Remove"), this);
+    m_removeExtra->setMenu(new QMenu(m_removeExtra));
+    auto *extras = new QHBoxLayout;
+    extras->addWidget(m_extras, 1);
+    extras->addWidget(m_addExtra);
+    extras->addWidget(m_removeExtra);
+    m_form->addRow(tr("Also pressed by"), extras);
+
     m_behaviour = new QComboBox(this);
     for (Behaviour behaviour : kBehaviours)
         m_behaviour->addItem(behaviourName(behaviour), int(behaviour));
@@ -117,6 +132,14 @@ QString ButtonMappingEditor::sourceName(int source)
     const int axis = (source - InputDevice::kAxisButtonIndexBase) / 2 + 1;
     return (source - InputDevice::kAxisButtonIndexBase) % 2 == 0 ? tr("Axis %1 +").arg(axis)
                                                                  : tr("Axis %1 \u2212").arg(axis);
+}
+
+QString ButtonMappingEditor::controlsName(const Values &values)
+{
+    QStringList names{sourceName(values.source)};
+    for (int extra : values.extraSources)
+        names.append(sourceName(extra));
+    return names.join(QStringLiteral(", "));
 }
 
 QString ButtonMappingEditor::behaviourName(Behaviour behaviour)
@@ -179,6 +202,7 @@ ButtonMappingEditor::Values ButtonMappingEditor::values() const
     Values v;
     v.name = m_name->text();
     v.source = m_source->currentData().toInt();
+    v.extraSources = m_extraSources;
     v.behaviour = Behaviour(m_behaviour->currentData().toInt());
     v.channel = m_channel->currentData().toInt();
     v.pressedValue = m_pressed->value();
@@ -213,6 +237,8 @@ void ButtonMappingEditor::showValues(const Values &v)
     m_name->setText(v.name);
     m_name->setModified(false);
     m_source->setCurrentIndex(std::max(0, m_source->findData(v.source)));
+    m_extraSources = v.extraSources;
+    showExtras();
     m_behaviour->setCurrentIndex(std::max(0, m_behaviour->findData(int(v.behaviour))));
     // A stored channel outside the list (a hand-edited file, or a profile that changed its
     // vehicle) shows as the first one.
@@ -230,6 +256,31 @@ void ButtonMappingEditor::emitEdited()
 {
     showFieldsOfBehaviour();
     emit edited(values());
+}
+
+void ButtonMappingEditor::showExtras()
+{
+    QStringList names;
+    for (int extra : std::as_const(m_extraSources))
+        names.append(sourceName(extra));
+    m_extras->setText(names.isEmpty() ? tr("None") : names.join(QStringLiteral(", ")));
+    m_addExtra->setEnabled(m_extraSources.size() < m_extraLimit);
+    QMenu *menu = m_removeExtra->menu();
+    menu->clear();
+    for (qsizetype i = 0; i < m_extraSources.size(); ++i) {
+        const int extra = m_extraSources.at(i);
+        // Queued: the edit shows the stored mapping back, which rebuilds this menu, and an
+        // action must not be deleted while it is still emitting.
+        connect(
+            menu->addAction(names.at(i)), &QAction::triggered, this,
+            [this, extra] {
+                m_extraSources.removeOne(extra);
+                showExtras();
+                emitEdited();
+            },
+            Qt::QueuedConnection);
+    }
+    m_removeExtra->setEnabled(!m_extraSources.isEmpty());
 }
 
 void ButtonMappingEditor::showFieldsOfBehaviour()

@@ -5,6 +5,7 @@
 class QCheckBox;
 class QComboBox;
 class QFormLayout;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QSpinBox;
@@ -34,11 +35,14 @@ public:
         int valueMax = 2047;
         int rateMax = 20480;
         int nameLength = 64;
+        int extraSources = 16;
     };
     struct Values
     {
         QString name;
         int source = -1; // unified input index
+        // Further controls that drive the mapping as the first one does.
+        QList<int> extraSources;
         Behaviour behaviour = Behaviour::Momentary;
         int channel = 3; // CH1 = 0
         int pressedValue = 2047;
@@ -55,6 +59,8 @@ public:
 
     // What a unified input index means on the wheel: "Button 3", "Hat 1 left", "Axis 2 +".
     [[nodiscard]] static QString sourceName(int source);
+    // Every control of a mapping, the first one first: "Button 3, Hat 1 up".
+    [[nodiscard]] static QString controlsName(const Values &values);
     // The behaviour's name and a short account of what the mapping sends.
     [[nodiscard]] static QString behaviourName(Behaviour behaviour);
     [[nodiscard]] static QString summary(const Values &values);
@@ -64,6 +70,10 @@ public:
     QComboBox *behaviourBox() const { return m_behaviour; }
     QComboBox *channelBox() const { return m_channel; }
     QPushButton *pressButton() const { return m_press; }
+    QLabel *extrasLabel() const { return m_extras; }
+    QPushButton *addExtraButton() const { return m_addExtra; }
+    // Its menu has one entry per further control, which removes it.
+    QPushButton *removeExtraButton() const { return m_removeExtra; }
     QSpinBox *pressedValueBox() const { return m_pressed; }
     QSpinBox *startValueBox() const { return m_start; }
     QSpinBox *rateBox() const { return m_rate; }
@@ -84,17 +94,25 @@ signals:
     void edited(const tavrix::ButtonMappingEditor::Values &values);
     // The user wants to pick the control by pressing it.
     void pressRequested();
+    // The user wants to add a further control by pressing it.
+    void extraPressRequested();
 
 private:
     QSpinBox *valueBox(int minimum, int maximum);
     void emitEdited();
     // Shows the fields of the current behaviour under the names they have there.
     void showFieldsOfBehaviour();
+    void showExtras();
 
     QFormLayout *m_form = nullptr;
     QLineEdit *m_name = nullptr;
     QComboBox *m_source = nullptr;
     QPushButton *m_press = nullptr;
+    QLabel *m_extras = nullptr;
+    QPushButton *m_addExtra = nullptr;
+    QPushButton *m_removeExtra = nullptr;
+    QList<int> m_extraSources;
+    int m_extraLimit = 16;
     QComboBox *m_behaviour = nullptr;
     QComboBox *m_channel = nullptr;
     QSpinBox *m_pressed = nullptr;

@@ -83,6 +83,10 @@ ButtonMappingsDialog::ButtonMappingsDialog(const ButtonMappingEditor::Limits &li
         if (selectedRow() >= 0)
             emit pressRequested(selectedRow());
     });
+    connect(m_editor, &ButtonMappingEditor::extraPressRequested, this, [this] {
+        if (selectedRow() >= 0)
+            emit extraPressRequested(selectedRow());
+    });
     columns->addWidget(m_editor, 3);
     column->addLayout(columns, 1);
 
@@ -108,10 +112,9 @@ void ButtonMappingsDialog::showMappings(const QList<Mapping> &mappings, int sele
         m_table->setRowCount(int(mappings.size()));
         for (int row = 0; row < mappings.size(); ++row) {
             const Mapping &m = mappings.at(row);
+            const QString controls = ButtonMappingEditor::controlsName(m);
             const QString control =
-                m.name.isEmpty()
-                    ? ButtonMappingEditor::sourceName(m.source)
-                    : QStringLiteral("%1 (%2)").arg(m.name, ButtonMappingEditor::sourceName(m.source));
+                m.name.isEmpty() ? controls : QStringLiteral("%1 (%2)").arg(m.name, controls);
             const QStringList cells = {control, ButtonMappingEditor::behaviourName(m.behaviour),
                                        tr("CH%1").arg(m.channel + 1), ButtonMappingEditor::summary(m)};
             for (int cell = 0; cell < ColumnCount; ++cell) {

@@ -47,6 +47,8 @@ public slots:
 signals:
     // row -1: a new mapping for the control pressed next; otherwise that mapping's control.
     void pressRequested(int row);
+    // A further control for that mapping, pressed next.
+    void extraPressRequested(int row);
     void pressCancelled();
     void mappingEdited(int row, const tavrix::ButtonMappingsDialog::Mapping &mapping);
     void removeRequested(int row);
