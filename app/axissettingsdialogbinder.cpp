@@ -102,6 +102,8 @@ AxisSettingsDialogBinder::AxisSettingsDialogBinder(AxisSettingsDialog *dialog, T
     ProfileManager *profiles = controller->profileManager();
     connect(profiles, &ProfileManager::profileModified, this, &AxisSettingsDialogBinder::showSettings);
     connect(profiles, &ProfileManager::activeProfileChanged, this, &AxisSettingsDialogBinder::showSettings);
+    // A mapping made in the custom mapping dialog reaches the preset list through the store.
+    connect(profiles, &ProfileManager::profileModified, this, &AxisSettingsDialogBinder::showMappings);
     for (auto signal :
          {&TavrixController::wheelBaseConnectedChanged, &TavrixController::pedalsConnectedChanged})
         connect(controller, signal, this, &AxisSettingsDialogBinder::showMappings);

@@ -1,12 +1,16 @@
+#include "axismappingdialog.h"
+#include "axismappingdialogbinder.h"
 #include "axispreset.h"
 #include "axissettingsdialog.h"
 #include "axissettingsdialogbinder.h"
 #include "carpage.h"
+#include "deviceroleset.h"
 #include "dialogregistry.h"
 #include "dialogwiring.h"
 #include "drivesettingsdialog.h"
 #include "drivesettingsdialogbinder.h"
 #include "hubservices.h"
+#include "inputdevice.h"
 #include "pedalverification.h"
 #include "pedalverifydialog.h"
 #include "pedalverifydialogbinder.h"
@@ -20,6 +24,25 @@ const QString kAxisDialog = QStringLiteral("axis");
 const QString kDriveDialog = QStringLiteral("drive");
 const QString kPedalVerifyDialog = QStringLiteral("pedal-verify");
 
+// Lets the axis dialog open a device's custom mapping, as a dialog of its own above it.
+void offerCustomAxisMapping(AxisSettingsDialog *axis, TavrixController *controller)
+{
+    QObject::connect(axis, &AxisSettingsDialog::customMappingRequested, axis,
+                     [axis, controller](AxisSettingsDialog::MappedDevice mapped) {
+                         const DeviceRole role = mapped == AxisSettingsDialog::MappedDevice::WheelBase
+                                                     ? DeviceRole::WheelBase
+                                                     : DeviceRole::Pedals;
+                         if (!controller->devices()->isConnected(role))
+                             return;
+                         auto *dialog =
+                             new AxisMappingDialog(controller->devices()->device(role)->deviceName(),
+                                                   AxisMappingDialogBinder::axisSlots(), axis);
+                         dialog->setAttribute(Qt::WA_DeleteOnClose);
+                         new AxisMappingDialogBinder(dialog, controller, role);
+                         dialog->open();
+                     });
+}
+
 } // namespace
 
 void wireConfigurationDialogs(const DialogWiring &wiring)
@@ -29,6 +52,7 @@ void wireConfigurationDialogs(const DialogWiring &wiring)
     wiring.dialogs.add(kAxisDialog, [controller, openPedalVerify](QWidget *parent) {
         auto *dialog = new AxisSettingsDialog(AxisSettingsDialogBinder::limits(), presetNames(), parent);
         new AxisSettingsDialogBinder(dialog, controller);
+        offerCustomAxisMapping(dialog, controller);
         QObject::connect(dialog, &AxisSettingsDialog::pedalVerifyRequested, dialog, openPedalVerify);
         return dialog;
     });

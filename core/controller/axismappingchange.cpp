@@ -26,10 +26,14 @@ bool applyAxisMapping(InputDevice &device, ProfileManager &profiles, DeviceRole 
     record.hasCustomAxisMapping = true;
     record.axisMapping = mapping;
     record.writeTo(connection);
-    if (!profiles.setDeviceConnection(role, connection))
-        return false;
+    // In force before the store tells its followers, so that what they read back from the
+    // device is the new mapping; taken back if the profile could not be written.
+    const AxisPreset before = device.preset();
     device.applyPreset(mapping);
-    return true;
+    if (profiles.setDeviceConnection(role, connection))
+        return true;
+    device.applyPreset(before);
+    return false;
 }
 
 QString matchingPresetName(const AxisPreset &mapping)

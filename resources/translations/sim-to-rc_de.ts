@@ -513,6 +513,64 @@
     </message>
 </context>
 <context>
+    <name>tavrix::AxisMappingDialog</name>
+    <message>
+        <source>Axis mapping: %1</source>
+        <translation>Achsenzuordnung: %1</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Choose the axis that feeds each input, or press Detect and move the control. The mapping is saved for this product in the profile.</source>
+        <translation>Wählen Sie die Achse für jede Eingabe, oder drücken Sie „Erkennen“ und bewegen Sie das Bedienelement. Die Zuordnung wird für dieses Produkt im Profil gespeichert.</translation>
+    </message>
+    <message>
+        <source>Steering</source>
+        <translation>Lenkung</translation>
+    </message>
+    <message>
+        <source>Throttle</source>
+        <translation>Gas</translation>
+    </message>
+    <message>
+        <source>Brake</source>
+        <translation>Bremse</translation>
+    </message>
+    <message>
+        <source>Clutch</source>
+        <translation>Kupplung</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Axis %1</source>
+        <translation>Achse %1</translation>
+    </message>
+    <message>
+        <source>Inverted</source>
+        <translation>Umgekehrt</translation>
+    </message>
+    <message>
+        <source>Detect</source>
+        <translation>Erkennen</translation>
+    </message>
+    <message>
+        <source>%1: move the control well away from where it rests…</source>
+        <translation>%1: Bewegen Sie das Bedienelement deutlich aus seiner Ruhelage…</translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::AxisMappingDialogBinder</name>
+    <message>
+        <source>No axis moved far enough. Press Detect again and move the control further.</source>
+        <translation>Keine Achse wurde weit genug bewegt. Drücken Sie erneut „Erkennen“ und bewegen Sie das Bedienelement weiter.</translation>
+    </message>
+</context>
+<context>
     <name>tavrix::AxisSettingsDialog</name>
     <message>
         <source>Axes and calibration</source>
@@ -561,6 +619,14 @@
     <message>
         <source>Custom</source>
         <translation>Benutzerdefiniert</translation>
+    </message>
+    <message>
+        <source>Customise…</source>
+        <translation>Anpassen…</translation>
+    </message>
+    <message>
+        <source>Choose the axis of each input yourself</source>
+        <translation>Die Achse jeder Eingabe selbst wählen</translation>
     </message>
 </context>
 <context>

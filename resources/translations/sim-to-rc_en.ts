@@ -513,6 +513,64 @@
     </message>
 </context>
 <context>
+    <name>tavrix::AxisMappingDialog</name>
+    <message>
+        <source>Axis mapping: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose the axis that feeds each input, or press Detect and move the control. The mapping is saved for this product in the profile.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Steering</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Throttle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Brake</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clutch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Axis %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inverted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Detect</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: move the control well away from where it rests…</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>tavrix::AxisMappingDialogBinder</name>
+    <message>
+        <source>No axis moved far enough. Press Detect again and move the control further.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>tavrix::AxisSettingsDialog</name>
     <message>
         <source>Axes and calibration</source>
@@ -560,6 +618,14 @@
     </message>
     <message>
         <source>Custom</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Customise…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose the axis of each input yourself</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -69,15 +69,20 @@ QWidget *AxisSettingsDialog::buildMappingCard(const QStringList &presetNames)
         grid->addWidget(new QLabel(name, card), line, 0);
         grid->addWidget(row.preset, line, 1);
         grid->addWidget(row.combined, line, 2);
+        row.custom = new QPushButton(tr("Customise\u2026"), card);
+        row.custom->setToolTip(tr("Choose the axis of each input yourself"));
+        grid->addWidget(row.custom, line, 3);
+        connect(row.custom, &QPushButton::clicked, this,
+                [this, d = device] { emit customMappingRequested(d); });
         connect(row.preset, &QComboBox::activated, this, [this, d = device](int index) {
             emit presetChosen(d, m_rows[std::size_t(d)].preset->itemText(index));
         });
         connect(row.combined, &QCheckBox::toggled, this,
                 [this, d = device](bool on) { emit combinedPedalsToggled(d, on); });
     }
-    grid->setColumnStretch(3, 1);
+    grid->setColumnStretch(4, 1);
     m_verifyPedals = new QPushButton(tr("Verify pedals\u2026"), card);
-    grid->addWidget(m_verifyPedals, 0, 4, 2, 1, Qt::AlignVCenter);
+    grid->addWidget(m_verifyPedals, 0, 5, 2, 1, Qt::AlignVCenter);
     connect(m_verifyPedals, &QPushButton::clicked, this, &AxisSettingsDialog::pedalVerifyRequested);
     card->body()->addLayout(grid);
     return card;
@@ -101,17 +106,21 @@ void AxisSettingsDialog::showMapping(MappedDevice device, bool connected, const 
     }
     row.preset->setCurrentIndex(index);
     row.combined->setChecked(combinedPedals);
-    row.preset->setEnabled(connected && m_mappingEditable);
-    row.combined->setEnabled(connected && m_mappingEditable);
+    enableRow(row);
 }
 
 void AxisSettingsDialog::setMappingEditable(bool editable)
 {
     m_mappingEditable = editable;
-    for (const MappingRow &row : m_rows) {
-        row.preset->setEnabled(row.connected && editable);
-        row.combined->setEnabled(row.connected && editable);
-    }
+    for (const MappingRow &row : m_rows)
+        enableRow(row);
+}
+
+void AxisSettingsDialog::enableRow(const MappingRow &row)
+{
+    const bool enabled = row.connected && m_mappingEditable;
+    for (QWidget *field : std::initializer_list<QWidget *>{row.preset, row.combined, row.custom})
+        field->setEnabled(enabled);
 }
 
 void AxisSettingsDialog::showError(const QString &message)

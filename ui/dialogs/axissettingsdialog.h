@@ -41,6 +41,7 @@ public:
     QTabWidget *tabs() const { return m_tabs; }
     QComboBox *presetBox(MappedDevice device) const { return m_rows.at(std::size_t(device)).preset; }
     QCheckBox *combinedBox(MappedDevice device) const { return m_rows.at(std::size_t(device)).combined; }
+    QPushButton *customButton(MappedDevice device) const { return m_rows.at(std::size_t(device)).custom; }
     QPushButton *verifyPedalsButton() const { return m_verifyPedals; }
     hub::Notice *notice() const { return m_notice; }
 
@@ -59,6 +60,8 @@ signals:
     void captureRequested(int input, tavrix::AxisEditor::CalibrationPoint point);
     void presetChosen(tavrix::AxisSettingsDialog::MappedDevice device, const QString &presetName);
     void combinedPedalsToggled(tavrix::AxisSettingsDialog::MappedDevice device, bool combined);
+    // The user wants to choose the device's axes one by one.
+    void customMappingRequested(tavrix::AxisSettingsDialog::MappedDevice device);
     void pedalVerifyRequested();
 
 private:
@@ -66,10 +69,12 @@ private:
     {
         QComboBox *preset = nullptr;
         QCheckBox *combined = nullptr;
+        QPushButton *custom = nullptr;
         bool connected = false;
     };
 
     QWidget *buildMappingCard(const QStringList &presetNames);
+    void enableRow(const MappingRow &row);
 
     QTabWidget *m_tabs = nullptr;
     std::array<AxisEditor *, kInputCount> m_editors{};
