@@ -182,14 +182,20 @@ HeliCurvesDialogBinder::HeliCurvesDialogBinder(HeliCurvesDialog *dialog, TavrixC
     follow();
 }
 
+int HeliCurvesDialogBinder::shownPointCount(const HelicopterCurve &curve) const
+{
+    // A curve of too few points passes the lever through: shown as a new curve's straight line.
+    const auto stored = int(curve.points.size());
+    return stored < limits().minCurvePoints ? limits().curvePoints
+                                            : std::min(stored, limits().maxCurvePoints);
+}
+
 QList<int> HeliCurvesDialogBinder::shownPercents(const HelicopterCurve &curve) const
 {
-    // The editor's points sampled from the stored curve, which may hold another number of them
-    // and finer values.
-    const int count = limits().curvePoints;
+    // Whole percents of the stored points, which may be finer.
     QList<int> percents;
-    for (int point = 0; point < count; ++point)
-        percents.append(int(std::lround(curve.apply(float(point) / float(count - 1)) * 100.0f)));
+    for (double point : curve.resampled(shownPointCount(curve)))
+        percents.append(int(std::lround(point * 100.0)));
     return percents;
 }
 
@@ -214,8 +220,13 @@ void HeliCurvesDialogBinder::apply(const HeliCurvesDialog::Values &v)
     for (const auto which : {HeliCurvesDialog::PitchCurve, HeliCurvesDialog::ThrottleCurve}) {
         HelicopterCurve &curve = curveOf(s, which);
         curve.enabled = v.curves[which].enabled;
+        // Another number of points keeps the curve's shape as well as that many points can.
+        if (v.curves[which].pointCount != shownPointCount(curve)) {
+            curve.points = curve.resampled(v.curves[which].pointCount);
+            continue;
+        }
         // Points the user left as shown keep the stored curve as it is: rewriting them from the
-        // editor's samples would flatten a curve of more or finer points made elsewhere.
+        // editor's whole percents would round a curve of finer points made elsewhere.
         if (v.curves[which].percents == shownPercents(curve))
             continue;
         curve.points.clear();

@@ -56,6 +56,7 @@ private:
     void show(const HelicopterSettings &settings) override;
     void apply(const HeliCurvesDialog::Values &values);
     [[nodiscard]] QList<int> shownPercents(const HelicopterCurve &curve) const;
+    [[nodiscard]] int shownPointCount(const HelicopterCurve &curve) const;
 
     HeliCurvesDialog *m_dialog;
 };

@@ -28,6 +28,8 @@ HeliSettingsDialog::Limits HeliSettingsBinder::limits()
     l.armMicrosMin = Settings::kArmMicrosMin;
     l.armMicrosMax = Settings::kArmMicrosMax;
     l.curvePoints = int(HelicopterCurve::straightLine().size());
+    l.minCurvePoints = HelicopterCurve::kMinPoints;
+    l.maxCurvePoints = Settings::kMaxCurvePoints;
     l.armIdlePercent = int(std::lround(Computation::kArmIdleLimit * 100.0f));
     l.spikePercent = int(std::lround(Computation::kSpikeThreshold * 100.0f));
     l.spikeHoldMs = Computation::kSpikeHoldTicks * Computation::kTickMs;

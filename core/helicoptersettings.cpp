@@ -19,6 +19,14 @@ float HelicopterCurve::apply(float stick) const
     return std::clamp(low + (high - low) * fraction, 0.0f, 1.0f);
 }
 
+QList<double> HelicopterCurve::resampled(int count) const
+{
+    QList<double> samples;
+    for (int point = 0; point < count; ++point)
+        samples.append(double(apply(float(point) / float(std::max(count - 1, 1)))));
+    return samples;
+}
+
 QList<double> HelicopterCurve::straightLine()
 {
     return {0.0, 0.25, 0.5, 0.75, 1.0};

@@ -17,10 +17,16 @@ namespace tavrix {
 // two points there is no shape to follow and the curve passes its input through.
 struct HelicopterCurve
 {
+    // The fewest points that give a shape.
+    static constexpr int kMinPoints = 2;
+
     bool enabled = false;
     QList<double> points = straightLine();
 
     [[nodiscard]] float apply(float stick) const;
+    // The curve as `count` evenly spaced points (count >= kMinPoints), each what apply()
+    // gives there: a curve of another number of points that keeps its shape where it can.
+    [[nodiscard]] QList<double> resampled(int count) const;
     // Five points on the straight line, as a new profile stores them.
     [[nodiscard]] static QList<double> straightLine();
 

@@ -2102,6 +2102,10 @@
         <source>Motor channel</source>
         <translation>Motorkanal</translation>
     </message>
+    <message>
+        <source>Points</source>
+        <translation>Punkte</translation>
+    </message>
 </context>
 <context>
     <name>tavrix::HeliFlyDialog</name>

@@ -2102,6 +2102,10 @@
         <source>Motor channel</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Points</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>tavrix::HeliFlyDialog</name>

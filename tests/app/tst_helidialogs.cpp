@@ -265,8 +265,8 @@ private slots:
         QCOMPARE(rig.storedValue(keys::kHelicopterConfig, storedPath), edited);
     }
 
-    // A curve of more and finer points than the editor's (written by the app or by hand) stays as
-    // it is through an edit of something else in the same dialog.
+    // A curve of finer points than the editor's whole percents (written by the app or by hand)
+    // stays as it is through an edit of something else in the same dialog.
     void curveNotTouchedInTheEditorKeepsItsOwnPoints()
     {
         FlyingRig rig;
@@ -284,11 +284,47 @@ private slots:
             QCOMPARE(rig.storedValue(keys::kHelicopterConfig, u"pitchCurve/points/%1"_s.arg(i)),
                      finePoints.at(i).toDouble());
 
-        // A point changed in the editor does take the editor's points.
+        // A point changed in the editor does take the editor's points, all nine of them.
+        QCOMPARE(dialog->pointCountBox(HeliCurvesDialog::PitchCurve)->value(), int(finePoints.size()));
         dialog->pointBox(HeliCurvesDialog::PitchCurve, 0)->setValue(10);
         QCOMPARE(rig.storedValue(keys::kHelicopterConfig, u"pitchCurve/points/0"_s), 0.1);
-        QCOMPARE(rig.controller()->settings().helicopter.pitchCurve.points.size(),
-                 qsizetype(HeliSettingsBinder::limits().curvePoints));
+        QCOMPARE(rig.storedValue(keys::kHelicopterConfig, u"pitchCurve/points/3"_s), 0.33);
+        QCOMPARE(rig.controller()->settings().helicopter.pitchCurve.points.size(), finePoints.size());
+    }
+
+    // Another number of points resamples the curve as it is, and the next tick flies it: a
+    // nine-point curve from a five-point V keeps the V.
+    void pointCountResamplesTheCurve_data()
+    {
+        QTest::addColumn<int>("count");
+        QTest::addColumn<QList<double>>("resampled");
+        QTest::newRow("nine") << 9 << QList<double>{1.0, 0.75, 0.5, 0.25, 0.0, 0.25, 0.5, 0.75, 1.0};
+        QTest::newRow("three") << 3 << QList<double>{1.0, 0.0, 1.0};
+        QTest::newRow("two") << 2 << QList<double>{1.0, 1.0};
+    }
+
+    void pointCountResamplesTheCurve()
+    {
+        QFETCH(int, count);
+        QFETCH(QList<double>, resampled);
+        FlyingRig rig;
+        QVERIFY(rig.start());
+        QJsonObject config = rig.services->profiles()->setting(keys::kHelicopterConfig).toObject();
+        const QJsonArray vShape{1.0, 0.5, 0.0, 0.5, 1.0};
+        config[keys::kPitchCurve] = QJsonObject{{keys::kEnabled, true}, {keys::kPoints, vShape}};
+        QVERIFY(rig.services->profiles()->setSetting(keys::kHelicopterConfig, config));
+        auto *dialog = qobject_cast<HeliCurvesDialog *>(rig.open(Curves));
+        QVERIFY(dialog);
+
+        dialog->pointCountBox(HeliCurvesDialog::PitchCurve)->setValue(count);
+
+        QList<double> stored;
+        for (int i = 0; i < count; ++i)
+            stored.append(rig.storedValue(keys::kHelicopterConfig, u"pitchCurve/points/%1"_s.arg(i)));
+        QCOMPARE(stored, resampled);
+        QCOMPARE(rig.controller()->settings().helicopter.pitchCurve.points, resampled);
+        QVERIFY(dialog->pointBox(HeliCurvesDialog::PitchCurve, count - 1));
+        QVERIFY(!dialog->pointBox(HeliCurvesDialog::PitchCurve, count));
     }
 
     // The joystick's buttons drive CH5..CH16: the one pressed in the dialog becomes a mapping that

@@ -12,6 +12,8 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+#include <cmath>
+
 namespace tavrix {
 
 HeliCurvesDialog::HeliCurvesDialog(const Limits &limits, QWidget *parent)
@@ -37,19 +39,29 @@ QWidget *HeliCurvesDialog::buildCurveCard(Curve curve, const QString &title, con
     card->body()->addWidget(explanation(text, card));
     m_graphs[curve] = new CurveGraph(card);
     card->body()->addWidget(m_graphs[curve], 1);
+    auto *count = new QHBoxLayout;
+    m_pointCount[curve] = spinBox(limits().minCurvePoints, limits().maxCurvePoints, card);
+    count->addWidget(new QLabel(tr("Points"), card));
+    count->addWidget(m_pointCount[curve]);
+    count->addStretch(1);
+    card->body()->addLayout(count);
+    // Rows of label over box, a few points to a row so that a long curve still fits.
+    constexpr int kPointsPerRow = 6;
     auto *points = new QGridLayout;
     points->setHorizontalSpacing(4);
-    const int count = limits().curvePoints;
-    for (int point = 0; point < count; ++point) {
-        const int percent = count > 1 ? point * 100 / (count - 1) : 0;
-        auto *label = new QLabel(tr("%1 %").arg(percent), card);
+    for (int point = 0; point < limits().maxCurvePoints; ++point) {
+        auto *label = new QLabel(card);
         label->setObjectName(QStringLiteral("mutedText"));
         label->setAlignment(Qt::AlignCenter);
-        points->addWidget(label, 0, point);
         QSpinBox *box = spinBox(0, limits().percentMax, card);
+        const int row = point / kPointsPerRow * 2;
+        points->addWidget(label, row, point % kPointsPerRow);
+        points->addWidget(box, row + 1, point % kPointsPerRow);
+        m_pointLabels[curve].append(label);
         m_points[curve].append(box);
-        points->addWidget(box, 1, point);
     }
+    for (int column = 0; column < kPointsPerRow; ++column)
+        points->setColumnStretch(column, 1);
     card->body()->addLayout(points);
     if (curve == ThrottleCurve) {
         auto *motor = new QFormLayout;
@@ -60,13 +72,32 @@ QWidget *HeliCurvesDialog::buildCurveCard(Curve curve, const QString &title, con
     return card;
 }
 
+QSpinBox *HeliCurvesDialog::pointBox(Curve curve, int point) const
+{
+    return point < m_shownPoints.at(curve) ? m_points.at(curve).value(point) : nullptr;
+}
+
+void HeliCurvesDialog::showPointBoxes(Curve curve, int count)
+{
+    m_shownPoints[curve] = count;
+    for (int point = 0; point < m_points[curve].size(); ++point) {
+        const bool shown = point < count;
+        m_points[curve].at(point)->setVisible(shown);
+        QLabel *label = m_pointLabels[curve].at(point);
+        label->setVisible(shown);
+        if (shown)
+            label->setText(tr("%1 %").arg(count > 1 ? std::lround(point * 100.0 / (count - 1)) : 0L));
+    }
+}
+
 HeliCurvesDialog::Values HeliCurvesDialog::values() const
 {
     Values v;
     for (int curve = 0; curve < kCurves; ++curve) {
         v.curves[curve].enabled = m_enabled[curve]->isChecked();
-        for (const QSpinBox *box : m_points[curve])
-            v.curves[curve].percents.append(box->value());
+        for (int point = 0; point < m_shownPoints[curve]; ++point)
+            v.curves[curve].percents.append(m_points[curve].at(point)->value());
+        v.curves[curve].pointCount = m_pointCount[curve]->value();
     }
     v.motorChannel = selected(m_motorChannel);
     return v;
@@ -77,8 +108,12 @@ void HeliCurvesDialog::showValues(const Values &v)
     const auto quiet = quietEditors();
     for (int curve = 0; curve < kCurves; ++curve) {
         m_enabled[curve]->setChecked(v.curves[curve].enabled);
-        for (int point = 0; point < m_points[curve].size(); ++point)
-            m_points[curve].at(point)->setValue(v.curves[curve].percents.value(point));
+        const QList<int> &percents = v.curves[curve].percents;
+        const int count = int(std::min<qsizetype>(percents.size(), m_points[curve].size()));
+        showPointBoxes(Curve(curve), count);
+        m_pointCount[curve]->setValue(count);
+        for (int point = 0; point < count; ++point)
+            m_points[curve].at(point)->setValue(percents.at(point));
     }
     select(m_motorChannel, v.motorChannel);
 }

@@ -7,6 +7,9 @@
 #include <array>
 #include <functional>
 
+class QLabel;
+class QSpinBox;
+
 namespace tavrix {
 
 class CurveGraph;
@@ -29,6 +32,9 @@ public:
         bool enabled = false;
         // Percent of the channel's travel at evenly spaced lever positions.
         QList<int> percents;
+        // How many points the user wants; differs from the percents shown only when the
+        // user has just changed it.
+        int pointCount = 5;
     };
     struct Values
     {
@@ -40,7 +46,9 @@ public:
 
     [[nodiscard]] Values values() const;
     QCheckBox *enabledBox(Curve curve) const { return m_enabled.at(curve); }
-    QSpinBox *pointBox(Curve curve, int point) const { return m_points.at(curve).value(point); }
+    // The shown points' boxes; null past the last point shown.
+    QSpinBox *pointBox(Curve curve, int point) const;
+    QSpinBox *pointCountBox(Curve curve) const { return m_pointCount.at(curve); }
     QComboBox *motorChannelBox() const { return m_motorChannel; }
     CurveGraph *graph(Curve curve) const { return m_graphs.at(curve); }
 
@@ -58,9 +66,15 @@ protected:
 
 private:
     QWidget *buildCurveCard(Curve curve, const QString &title, const QString &text);
+    // Shows the first `count` point boxes, each labelled with its lever position.
+    void showPointBoxes(Curve curve, int count);
 
     std::array<QCheckBox *, kCurves> m_enabled{};
+    // As many boxes as a curve can have points; the first m_shownPoints are on show.
     std::array<QList<QSpinBox *>, kCurves> m_points;
+    std::array<QList<QLabel *>, kCurves> m_pointLabels;
+    std::array<int, kCurves> m_shownPoints{};
+    std::array<QSpinBox *, kCurves> m_pointCount{};
     std::array<CurveGraph *, kCurves> m_graphs{};
     QComboBox *m_motorChannel = nullptr;
 };

@@ -36,7 +36,10 @@ public:
         int softStartSecMax = 60;
         int armMicrosMin = 880;
         int armMicrosMax = 2159;
+        // A new curve's points, and how many a curve can have.
         int curvePoints = 5;
+        int minCurvePoints = 2;
+        int maxCurvePoints = 16;
         // Above this collective arming is refused while "arm only at idle" is on.
         int armIdlePercent = 10;
         // How spike protection judges a jump, for the line that explains it.
