@@ -21,6 +21,20 @@ Notice::Notice(Glyph glyph, const QString &text, QWidget *parent)
     row->addWidget(m_text, 1);
 }
 
+Notice *Notice::refusal(Glyph glyph, QWidget *parent)
+{
+    auto *notice = new Notice(glyph, QString(), parent);
+    notice->setTone(Tone::Danger);
+    notice->hide();
+    return notice;
+}
+
+void Notice::showMessage(const QString &text)
+{
+    m_text->setText(text);
+    setVisible(!text.isEmpty());
+}
+
 void Notice::setText(const QString &text)
 {
     m_text->setText(text);

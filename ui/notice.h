@@ -17,8 +17,13 @@ class Notice : public QFrame
     Q_OBJECT
 public:
     Notice(Glyph glyph, const QString &text, QWidget *parent = nullptr);
+    // A Danger banner, hidden until showMessage() gives it something to say: where a dialog
+    // or page shows why what the user asked for was refused.
+    static Notice *refusal(Glyph glyph, QWidget *parent);
 
     void setText(const QString &text);
+    // Shows the text, or hides the banner when the text is empty.
+    void showMessage(const QString &text);
     QString text() const;
     // Accent (the default) informs; Danger tells that something the user asked for failed.
     void setTone(Tone tone);

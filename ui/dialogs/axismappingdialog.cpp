@@ -23,9 +23,7 @@ AxisMappingDialog::AxisMappingDialog(const QString &deviceName, int axisSlots, Q
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(12);
 
-    m_notice = new hub::Notice(hub::Glyph::Sliders, QString(), this);
-    m_notice->setTone(hub::Tone::Danger);
-    m_notice->hide();
+    m_notice = hub::Notice::refusal(hub::Glyph::Sliders, this);
     column->addWidget(m_notice);
     m_detectNotice = new hub::Notice(hub::Glyph::Sliders, QString(), this);
     m_detectNotice->setTone(hub::Tone::Accent);
@@ -117,8 +115,7 @@ void AxisMappingDialog::setEditable(bool editable)
 
 void AxisMappingDialog::showError(const QString &message)
 {
-    m_notice->setText(message);
-    m_notice->setVisible(!message.isEmpty());
+    m_notice->showMessage(message);
 }
 
 void AxisMappingDialog::emitEdited()

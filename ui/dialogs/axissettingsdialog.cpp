@@ -25,9 +25,7 @@ AxisSettingsDialog::AxisSettingsDialog(const AxisEditor::Limits &limits, const Q
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(12);
 
-    m_notice = new hub::Notice(hub::Glyph::Sliders, QString(), this);
-    m_notice->setTone(hub::Tone::Danger);
-    m_notice->hide();
+    m_notice = hub::Notice::refusal(hub::Glyph::Sliders, this);
     column->addWidget(m_notice);
 
     m_tabs = new QTabWidget(this);
@@ -125,8 +123,7 @@ void AxisSettingsDialog::enableRow(const MappingRow &row)
 
 void AxisSettingsDialog::showError(const QString &message)
 {
-    m_notice->setText(message);
-    m_notice->setVisible(!message.isEmpty());
+    m_notice->showMessage(message);
 }
 
 } // namespace tavrix

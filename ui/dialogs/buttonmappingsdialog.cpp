@@ -33,9 +33,7 @@ ButtonMappingsDialog::ButtonMappingsDialog(const ButtonMappingEditor::Limits &li
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(12);
-    m_notice = new hub::Notice(hub::Glyph::Wheel, QString(), this);
-    m_notice->setTone(hub::Tone::Danger);
-    m_notice->hide();
+    m_notice = hub::Notice::refusal(hub::Glyph::Wheel, this);
     column->addWidget(m_notice);
 
     m_pressNotice =
@@ -143,8 +141,7 @@ void ButtonMappingsDialog::showWaitingForPress(bool waiting)
 
 void ButtonMappingsDialog::showError(const QString &message)
 {
-    m_notice->setText(message);
-    m_notice->setVisible(!message.isEmpty());
+    m_notice->showMessage(message);
 }
 
 void ButtonMappingsDialog::showSelected()

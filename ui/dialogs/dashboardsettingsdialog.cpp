@@ -39,9 +39,7 @@ DashboardSettingsDialog::DashboardSettingsDialog(int maxLabelLength, QWidget *pa
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(12);
-    m_notice = new hub::Notice(hub::Glyph::Gauge, QString(), this);
-    m_notice->setTone(hub::Tone::Danger);
-    m_notice->hide();
+    m_notice = hub::Notice::refusal(hub::Glyph::Gauge, this);
     column->addWidget(m_notice);
 
     auto *intro = new QLabel(tr("Tick the readings the dashboard shows as tiles and put them in order. The "
@@ -143,8 +141,7 @@ void DashboardSettingsDialog::renameCurrent()
 
 void DashboardSettingsDialog::showError(const QString &message)
 {
-    m_notice->setText(message);
-    m_notice->setVisible(!message.isEmpty());
+    m_notice->showMessage(message);
 }
 
 void DashboardSettingsDialog::move(int step)

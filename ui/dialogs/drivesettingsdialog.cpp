@@ -57,9 +57,7 @@ DriveSettingsDialog::DriveSettingsDialog(const Limits &limits, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(12);
-    m_notice = new hub::Notice(hub::Glyph::Gauge, QString(), this);
-    m_notice->setTone(hub::Tone::Danger);
-    m_notice->hide();
+    m_notice = hub::Notice::refusal(hub::Glyph::Gauge, this);
     column->addWidget(m_notice);
 
     m_tabs = new QTabWidget(this);
@@ -341,8 +339,7 @@ void DriveSettingsDialog::showEscPresets(const QList<EscPresetEntry> &presets, c
 
 void DriveSettingsDialog::showError(const QString &message)
 {
-    m_notice->setText(message);
-    m_notice->setVisible(!message.isEmpty());
+    m_notice->showMessage(message);
 }
 
 void DriveSettingsDialog::showForwardGearMapped(bool mapped)

@@ -28,9 +28,7 @@ EscPresetsDialog::EscPresetsDialog(int nameLength, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(12);
-    m_notice = new hub::Notice(hub::Glyph::Gauge, QString(), this);
-    m_notice->setTone(hub::Tone::Danger);
-    m_notice->hide();
+    m_notice = hub::Notice::refusal(hub::Glyph::Gauge, this);
     column->addWidget(m_notice);
     m_current = new hub::Notice(hub::Glyph::Gauge, QString(), this);
     column->addWidget(m_current);
@@ -102,8 +100,7 @@ void EscPresetsDialog::showCurrentValues(int neutral, int fullForward, int fullR
 
 void EscPresetsDialog::showError(const QString &message)
 {
-    m_notice->setText(message);
-    m_notice->setVisible(!message.isEmpty());
+    m_notice->showMessage(message);
 }
 
 void EscPresetsDialog::showSelected()

@@ -22,9 +22,7 @@ HeliSettingsDialog::HeliSettingsDialog(const QString &title, const Limits &limit
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(12);
-    m_notice = new hub::Notice(hub::Glyph::Helicopter, QString(), this);
-    m_notice->setTone(hub::Tone::Danger);
-    m_notice->hide();
+    m_notice = hub::Notice::refusal(hub::Glyph::Helicopter, this);
     column->addWidget(m_notice);
     m_lockNotice = new hub::Notice(hub::Glyph::Helicopter, QString(), this);
     m_lockNotice->setTone(hub::Tone::Warning);
@@ -43,14 +41,12 @@ HeliSettingsDialog::HeliSettingsDialog(const QString &title, const Limits &limit
 
 void HeliSettingsDialog::showError(const QString &message)
 {
-    m_notice->setText(message);
-    m_notice->setVisible(!message.isEmpty());
+    m_notice->showMessage(message);
 }
 
 void HeliSettingsDialog::setLocked(const QString &reason)
 {
-    m_lockNotice->setText(reason);
-    m_lockNotice->setVisible(!reason.isEmpty());
+    m_lockNotice->showMessage(reason);
     m_body->setEnabled(reason.isEmpty());
 }
 

@@ -86,9 +86,7 @@ ProfilesDialog::ProfilesDialog(QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(12);
-    m_notice = new hub::Notice(hub::Glyph::Info, QString(), this);
-    m_notice->setTone(hub::Tone::Danger);
-    m_notice->hide();
+    m_notice = hub::Notice::refusal(hub::Glyph::Info, this);
     column->addWidget(m_notice);
 
     auto *intro =
@@ -235,8 +233,7 @@ QTreeWidgetItem *ProfilesDialog::itemFor(const QString &id) const
 
 void ProfilesDialog::showError(const QString &message)
 {
-    m_notice->setText(message);
-    m_notice->setVisible(!message.isEmpty());
+    m_notice->showMessage(message);
 }
 
 void ProfilesDialog::selectionChanged()

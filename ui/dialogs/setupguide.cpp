@@ -191,9 +191,7 @@ QWidget *SetupGuide::buildStartStep()
     for (const hub::SafetyNotice notice : {hub::SafetyNotice::Car, hub::SafetyNotice::Helicopter})
         m_notices->addWidget(SafetyNoticeDialog::createNotice(notice, m_notices));
     column->addWidget(m_notices);
-    m_problem = new hub::Notice(hub::Glyph::Gauge, QString(), page);
-    m_problem->setTone(hub::Tone::Danger);
-    m_problem->hide();
+    m_problem = hub::Notice::refusal(hub::Glyph::Gauge, page);
     column->addWidget(m_problem);
     auto *row = new QHBoxLayout;
     m_start = new QPushButton(tr("Start transmission"), page);
@@ -278,8 +276,7 @@ void SetupGuide::showRunning(bool running)
 
 void SetupGuide::showStartProblem(const QString &problem)
 {
-    m_problem->setText(problem);
-    m_problem->setVisible(!problem.isEmpty());
+    m_problem->showMessage(problem);
 }
 
 void SetupGuide::refreshNavigation()

@@ -39,9 +39,7 @@ TransmissionDialog::TransmissionDialog(QWidget *parent)
 
     column->addWidget(createRadioCard(), 1);
 
-    m_error = new hub::Notice(hub::Glyph::Info, QString(), this);
-    m_error->setTone(hub::Tone::Danger);
-    m_error->hide();
+    m_error = hub::Notice::refusal(hub::Glyph::Info, this);
     column->addWidget(m_error);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);

@@ -44,9 +44,7 @@ WheelFfbDialog::WheelFfbDialog(QWidget *parent)
     column->setContentsMargins(20, 20, 20, 16);
     column->setSpacing(14);
 
-    m_notice = new hub::Notice(hub::Glyph::Wheel, QString(), this);
-    m_notice->setTone(hub::Tone::Danger);
-    m_notice->hide();
+    m_notice = hub::Notice::refusal(hub::Glyph::Wheel, this);
     column->addWidget(m_notice);
     column->addWidget(buildCheckCard());
     column->addWidget(buildControlCard());
@@ -180,8 +178,7 @@ void WheelFfbDialog::showLevel(double level)
 
 void WheelFfbDialog::showError(const QString &message)
 {
-    m_notice->setText(message);
-    m_notice->setVisible(!message.isEmpty());
+    m_notice->showMessage(message);
 }
 
 } // namespace tavrix

@@ -11,9 +11,7 @@ namespace tavrix {
 MotionChooserPage::MotionChooserPage(QWidget *parent)
     : hub::Page(tr("Motion"), tr("Motion platforms that move your seat with the car."), parent)
 {
-    m_refusal = new hub::Notice(hub::Glyph::Info, QString(), this);
-    m_refusal->setTone(hub::Tone::Danger);
-    m_refusal->hide();
+    m_refusal = hub::Notice::refusal(hub::Glyph::Info, this);
     content()->addWidget(m_refusal);
 
     const QStringList descriptions = {
@@ -50,8 +48,7 @@ void MotionChooserPage::setCurrentPlatform(int degreesOfFreedom)
 
 void MotionChooserPage::showRefusal(const QString &message)
 {
-    m_refusal->setText(message);
-    m_refusal->setVisible(!message.isEmpty());
+    m_refusal->showMessage(message);
 }
 
 QString MotionChooserPage::refusal() const

@@ -32,9 +32,7 @@ MotionPanelPage::MotionPanelPage(const MotionTestLimits &limits, QWidget *parent
     header()->addAction(m_release);
     connect(m_release, &QPushButton::clicked, this, &MotionPanelPage::releaseRequested);
 
-    m_error = new hub::Notice(hub::Glyph::Info, QString(), this);
-    m_error->setTone(hub::Tone::Danger);
-    m_error->hide();
+    m_error = hub::Notice::refusal(hub::Glyph::Info, this);
     content()->addWidget(m_error);
 
     auto *top = new QHBoxLayout;
@@ -72,8 +70,7 @@ void MotionPanelPage::setPlatform(int degreesOfFreedom)
 
 void MotionPanelPage::showError(const QString &message)
 {
-    m_error->setText(message);
-    m_error->setVisible(!message.isEmpty());
+    m_error->showMessage(message);
 }
 
 QString MotionPanelPage::error() const
